@@ -1,0 +1,60 @@
+// A member's ancestors, child count and level.
+#include "browse/browse.h"
+
+KEPOTL_NATIVE(jint, getMemberAncestors)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
+                                        jstring jname, jint handle, jobject collection) {
+  TextContext text;
+  JavaText name;
+  RetrieveINST(env, jinst);
+  const HOutline outline = RetrieveHOutline(env, joutline);
+  if (outline == 0) return kStatusOk;
+  HMember member = 0;
+  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
+  while (status == kStatusOk && member != 0) {
+    HMember parent = 0;
+    status = OlvOtlGetParent(outline, member, &parent);
+    if (status != kStatusOk) break;
+    member = parent;
+    jobject object = CreateMemberObject(env, outline, member);
+    if (object != nullptr) CallCollectionAddObject(env, collection, object);
+  }
+  return status;
+}
+
+KEPOTL_NATIVE(jint, getMemberChildCount)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
+                                         jstring jname, jint handle, jobject collection) {
+  TextContext text;
+  JavaText name;
+  RetrieveINST(env, jinst);
+  const HOutline outline = RetrieveHOutline(env, joutline);
+  if (outline == 0) return kStatusOk;
+  HMember member = 0;
+  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
+  if (status != kStatusOk || member == 0) return status;
+  MemberRecord record(outline);
+  status = record.read(member);
+  if (status == kStatusOk) {
+    jobject count = CreateJavaLong(env, record->childCount);
+    if (count != nullptr) CallCollectionAddObject(env, collection, count);
+  }
+  return status;
+}
+
+KEPOTL_NATIVE(jint, getMemberLevel)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
+                                    jstring jname, jint handle, jobject collection) {
+  TextContext text;
+  JavaText name;
+  RetrieveINST(env, jinst);
+  const HOutline outline = RetrieveHOutline(env, joutline);
+  if (outline == 0) return kStatusOk;
+  HMember member = 0;
+  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
+  if (status != kStatusOk || member == 0) return status;
+  MemberRecord record(outline);
+  status = record.read(member);
+  if (status == kStatusOk) {
+    jobject level = CreateJavaShort(env, record->level);
+    if (level != nullptr) CallCollectionAddObject(env, collection, level);
+  }
+  return status;
+}
