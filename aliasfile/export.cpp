@@ -51,8 +51,8 @@ int CallGetChildrenAliasRecursive(HOutline outline, HMember parent, const char* 
   return kStatusRefused;
 }
 
-KEPOTL_NATIVE(jint, exportAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jtable, jstring jpath) try {
+KEPOTL_NATIVE(jint, exportAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jtable, jstring jpath) try {
   TextContext text;
   JavaText path(env, text, jpath);
   File file(std::fopen(path.api(), "w"));

@@ -38,9 +38,9 @@ int import_lines(HOutline outline, const char* table, FILE* file, int status) {
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, importAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jpath, jobject wanted_buffer,
-                                      jboolean allow_existing, jobject used_buffer) {
+KEPOTL_NATIVE(jint, importAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jpath, jobject wanted_buffer,
+ jboolean allow_existing, jobject used_buffer) {
   TextContext text;
   JavaText path(env, text, jpath);
   JavaText wanted(env, text, CallStringGetProperty(env, wanted_buffer, "toString"));
@@ -62,8 +62,7 @@ KEPOTL_NATIVE(jint, importAliasTable)(JNIEnv* env, jobject, jobject jinst, jobje
   const char* table = *name == '\0' ? nullptr : name;
   const int status =
       table == nullptr ? kStatusAliasTableExists : OlvOtlCreateAliasTable(outline, table);
-  const bool goes_on =
-      status == kStatusOk || (status == kStatusAliasTableExists && allow_existing);
+  const bool goes_on = status == kStatusOk || (status == kStatusAliasTableExists && allow_existing);
   if (!goes_on) return status;
   if (named_by_file) CallStringBufferAppend(env, wanted_buffer, name);
   return import_lines(outline, table, file.get(), status);

@@ -50,26 +50,26 @@ struct MemberErrorEntry {
 // OlvOtlFreeStructure(outline, 1, kStructureMemberInfo, record); a record built by the caller is
 // cleared to zeros first. Reserved bytes are written back exactly as they were read.
 struct MemberInfoRecord {
-  char name[82];               // at most 80 characters
-  int16_t level;               // 0: no children
-  int16_t generation;          // 1: a dimension
-  int16_t consolidation;       // operator code
-  uint8_t twoPass;             // two-pass calculation
-  uint8_t expense;             // variance reporting
-  int16_t conversionType;      // currency conversion code
-  char currencyMember[82];     // at most 80 characters
-  int16_t timeBalance;         // option code
-  int16_t timeBalanceSkip;     // option code
-  int16_t shareOption;         // data storage code
-  int16_t storageType;         // of a dimension
-  int16_t dimensionCategory;   // 2 time, 6 attribute
-  int16_t storageCategory;     // code
-  char comment[258];           // at most 257 characters
-  uint32_t childCount;         // direct children
-  char dimensionName[81];      // of the member's dimension
-  uint8_t isAttributed;        // carries attribute associations
+  char name[82];              // at most 80 characters
+  int16_t level;              // 0: no children
+  int16_t generation;         // 1: a dimension
+  int16_t consolidation;      // operator code
+  uint8_t twoPass;            // two-pass calculation
+  uint8_t expense;            // variance reporting
+  int16_t conversionType;     // currency conversion code
+  char currencyMember[82];    // at most 80 characters
+  int16_t timeBalance;        // option code
+  int16_t timeBalanceSkip;    // option code
+  int16_t shareOption;        // data storage code
+  int16_t storageType;        // of a dimension
+  int16_t dimensionCategory;  // 2 time, 6 attribute
+  int16_t storageCategory;    // code
+  char comment[258];          // at most 257 characters
+  uint32_t childCount;        // direct children
+  char dimensionName[81];     // of the member's dimension
+  uint8_t isAttributed;       // carries attribute associations
   uint8_t reserved530[2];
-  int16_t attributeType;       // of an attribute dimension or member
+  int16_t attributeType;  // of an attribute dimension or member
   uint8_t reserved534[10];
   uint8_t hybridFlag;             // of a level-0 member
   uint8_t hybridAnalysisEnabled;  // of a dimension

@@ -12,8 +12,8 @@ using HMember = uint32_t;   // one member of an open outline
 
 // Statuses that the native methods act on or answer themselves. Every other status is passed on.
 inline constexpr int kStatusOk = 0;
-inline constexpr int kStatusRefused = -1;            // the library's own refusal
-inline constexpr int kStatusCopyFailed = 1060013;    // a copy was refused or a member not copied
+inline constexpr int kStatusRefused = -1;          // the library's own refusal
+inline constexpr int kStatusCopyFailed = 1060013;  // a copy was refused or a member not copied
 inline constexpr int kStatusAliasTableExists = 1060040;
 inline constexpr int kStatusDuplicateName = 1060051;  // the member name is already in use
 
@@ -86,5 +86,5 @@ inline constexpr int kMaxMemberName = 80;
 inline constexpr int kMaxComment = 257;
 inline constexpr int kMaxUda = 80;
 inline constexpr int kMaxAliasTableName = 30;
-inline constexpr int kUdaStride = kMaxUda + 1;                   // bytes per packed UDA entry
+inline constexpr int kUdaStride = kMaxUda + 1;                    // bytes per packed UDA entry
 inline constexpr int kAliasTableStride = kMaxAliasTableName + 1;  // bytes per alias table name

@@ -59,8 +59,8 @@ KEPOTL_EXPORT void CallShortSetProperty(JNIEnv* env, jobject object, const char*
 // The string may be null; the local reference is the caller's.
 KEPOTL_EXPORT jstring CallStringGetProperty(JNIEnv* env, jobject object, const char* name);
 // A null text calls nothing, so that the property keeps its value.
-KEPOTL_EXPORT void CallStringSetProperty(int context, JNIEnv* env, jobject object,
-                                         const char* name, const char* text);
+KEPOTL_EXPORT void CallStringSetProperty(int context, JNIEnv* env, jobject object, const char* name,
+                                         const char* text);
 // A null value calls nothing.
 KEPOTL_EXPORT void CallObjectSetProperty(JNIEnv* env, jobject object, const char* name,
                                          const char* signature, jobject value);
@@ -143,8 +143,7 @@ KEPOTL_EXPORT jobject CreateMemberObjectWithInfo(JNIEnv* env, HOutline outline, 
                                                  MemberInfoRecord* info);
 // The same through looked-up identifiers; it alone also sends setAttributed.
 KEPOTL_EXPORT jobject CreateMemberObjectWithInfoEx(JNIEnv* env, HOutline outline, HMember member,
-                                                   MemberInfoRecord* info,
-                                                   MemberInfoIDStruct* ids);
+                                                   MemberInfoRecord* info, MemberInfoIDStruct* ids);
 // Both again, reading the member's record themselves; null when it cannot be read.
 KEPOTL_EXPORT jobject CreateMemberObject(JNIEnv* env, HOutline outline, HMember member);
 KEPOTL_EXPORT jobject CreateMemberObjectEx(JNIEnv* env, HOutline outline, HMember member,
@@ -190,9 +189,8 @@ KEPOTL_EXPORT jboolean IsCopySourceAncestorOfTarget(HOutline outline, HMember ta
 KEPOTL_EXPORT HMember CopyCreateMember(JNIEnv* env, jobject request, INST inst, HOutline outline,
                                        HMember target, HMember target_dimension, HMember source,
                                        HMember source_dimension, jboolean as_sibling);
-KEPOTL_EXPORT HMember CopyCreateDimension(JNIEnv* env, jobject request, INST inst,
-                                          HOutline outline, HMember target,
-                                          HMember target_dimension, HMember source,
+KEPOTL_EXPORT HMember CopyCreateDimension(JNIEnv* env, jobject request, INST inst, HOutline outline,
+                                          HMember target, HMember target_dimension, HMember source,
                                           HMember source_dimension);
 // Copy one kind of detail; best effort.
 KEPOTL_EXPORT void CopyUDAS(INST inst, HOutline outline, HMember target, HMember source);
@@ -231,8 +229,7 @@ KEPOTL_EXPORT HMember findRequestGetNextMember(HOutline outline, HMember member,
 // Adds a MemberPath for every match below a parent (0: the whole outline) to a collection.
 KEPOTL_EXPORT int CallFindMemberRecursor(JNIEnv* env, HOutline outline, HMember parent,
                                          const char* text, const char* alias_table,
-                                         jboolean match_case, jboolean whole_word,
-                                         jobject results);
+                                         jboolean match_case, jboolean whole_word, jobject results);
 // New MemberPath from a member up to its dimension; null when a record cannot be read.
 KEPOTL_EXPORT jobject CallCreateMemberPath(JNIEnv* env, HOutline outline, HMember member);
 
@@ -242,8 +239,8 @@ KEPOTL_EXPORT jobject CallCreateMemberPath(JNIEnv* env, HOutline outline, HMembe
 KEPOTL_EXPORT int CallWriteAliasToFile(HOutline outline, HMember member, const char* table,
                                        FILE* file);
 // Writes the lines of a member's descendants; the status of the last walk step.
-KEPOTL_EXPORT int CallGetChildrenAliasRecursive(HOutline outline, HMember parent,
-                                                const char* table, FILE* file);
+KEPOTL_EXPORT int CallGetChildrenAliasRecursive(HOutline outline, HMember parent, const char* table,
+                                                FILE* file);
 // Trims blanks, tabs and line feeds in place. Returns `text`.
 KEPOTL_EXPORT char* trimStr(char* text);
 // Reads the table name from a header line into a field of 256 bytes. Returns it, or null when

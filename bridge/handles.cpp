@@ -10,8 +10,14 @@ uint32_t wrapped_value(JNIEnv* env, jobject wrapper) {
 
 }  // namespace
 
-INST RetrieveINST(JNIEnv* env, jobject wrapper) { return wrapped_value(env, wrapper); }
+INST RetrieveINST(JNIEnv* env, jobject wrapper) {
+  return wrapped_value(env, wrapper);
+}
 
-HCTX RetrieveHCTX(JNIEnv* env, jobject wrapper) { return wrapped_value(env, wrapper); }
+HCTX RetrieveHCTX(JNIEnv* env, jobject wrapper) {
+  return wrapped_value(env, wrapper);
+}
 
-HOutline RetrieveHOutline(JNIEnv* env, jobject wrapper) { return wrapped_value(env, wrapper); }
+HOutline RetrieveHOutline(JNIEnv* env, jobject wrapper) {
+  return wrapped_value(env, wrapper);
+}

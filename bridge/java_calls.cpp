@@ -94,7 +94,9 @@ jboolean CallListAddObject(JNIEnv* env, jobject list, jobject item) {
   return CallCollectionAddObject(env, list, item);
 }
 
-jint CallListGetCount(JNIEnv* env, jobject list) { return CallIntegerGetProperty(env, list, "size"); }
+jint CallListGetCount(JNIEnv* env, jobject list) {
+  return CallIntegerGetProperty(env, list, "size");
+}
 
 jobject CallListGetObject(JNIEnv* env, jobject list, jint index) {
   jmethodID method = find_method(env, list, "get", "(I)Ljava/lang/Object;");

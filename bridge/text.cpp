@@ -8,17 +8,25 @@
 
 namespace {
 
-bool is_space(char c) { return c == ' ' || c == '\t' || c == '\n'; }
+bool is_space(char c) {
+  return c == ' ' || c == '\t' || c == '\n';
+}
 
 }  // namespace
 
-int LoInitialize() { return 0; }
+int LoInitialize() {
+  return 0;
+}
 
 void LoUninitialize(int) {}
 
-char* getAPICharsFromUTFChars(int, const char* text) { return const_cast<char*>(text); }
+char* getAPICharsFromUTFChars(int, const char* text) {
+  return const_cast<char*>(text);
+}
 
-char* getUTFCharsFromAPIChars(int, const char* text) { return const_cast<char*>(text); }
+char* getUTFCharsFromAPIChars(int, const char* text) {
+  return const_cast<char*>(text);
+}
 
 char* getStrTrimInPlace(int, char* text) {
   if (text == nullptr) return nullptr;

@@ -21,8 +21,8 @@ template <typename Give>
 int give_all_aliases(JNIEnv* env, int context, INST inst, HOutline outline, HMember member,
                      const OutlineInfoRecord* info, int status, Give give) {
   for (uint16_t i = 0; i < info->aliasTableCount; ++i) {
-    jobject alias = create_alias(env, context, inst, outline, member, alias_table_name(info, i),
-                                 &status);
+    jobject alias =
+        create_alias(env, context, inst, outline, member, alias_table_name(info, i), &status);
     if (alias != nullptr) give(alias);
   }
   return status;
@@ -33,15 +33,14 @@ int list_all_aliases(JNIEnv* env, int context, INST inst, HOutline outline, HMem
   ApiBlock<OutlineInfoRecord> info(inst);
   const int status = OlvOtlGetOutlineInfo(outline, info.out());
   if (status != kStatusOk || !info) return status;
-  return give_all_aliases(
-      env, context, inst, outline, member, info.get(), status,
-      [&](jobject alias) { CallCollectionAddObject(env, collection, alias); });
+  return give_all_aliases(env, context, inst, outline, member, info.get(), status,
+                          [&](jobject alias) { CallCollectionAddObject(env, collection, alias); });
 }
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, getMemberAliases)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberAliases)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject collection) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -49,8 +48,8 @@ KEPOTL_NATIVE(jint, getMemberAliases)(JNIEnv* env, jobject, jobject jinst, jobje
   return list_all_aliases(env, text, inst, outline, static_cast<HMember>(handle), collection);
 }
 
-KEPOTL_NATIVE(jint, getMemberAliasesQuery)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jstring jname, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberAliasesQuery)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jobject collection) {
   TextContext text;
   JavaText name(env, text, jname);
   const INST inst = RetrieveINST(env, jinst);
@@ -62,8 +61,8 @@ KEPOTL_NATIVE(jint, getMemberAliasesQuery)(JNIEnv* env, jobject, jobject jinst, 
   return list_all_aliases(env, text, inst, outline, members[0], collection);
 }
 
-KEPOTL_NATIVE(jint, getMemberAliasesBlock)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jobject requests, jobject results) {
+KEPOTL_NATIVE(jint, getMemberAliasesBlock)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject requests, jobject results) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -81,9 +80,9 @@ KEPOTL_NATIVE(jint, getMemberAliasesBlock)(JNIEnv* env, jobject, jobject jinst, 
       });
 }
 
-KEPOTL_NATIVE(jint, getMemberAliasesForTable)(JNIEnv* env, jobject, jobject jinst,
-                                              jobject joutline, jstring jtable, jobject names,
-                                              jobject collection, jboolean no_table) {
+KEPOTL_NATIVE(jint, getMemberAliasesForTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jtable, jobject names,
+ jobject collection, jboolean no_table) {
   TextContext text;
   JavaText table;
   if (!no_table) table = JavaText(env, text, jtable);

@@ -26,8 +26,8 @@ int give_attributes(JNIEnv* env, int context, INST inst, HOutline outline, HMemb
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, getMemberAttributes)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberAttributes)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject collection) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -36,13 +36,13 @@ KEPOTL_NATIVE(jint, getMemberAttributes)(JNIEnv* env, jobject, jobject jinst, jo
   MemberRecord record(outline);
   const int status = record.read(member);
   if (status != kStatusOk || record->isAttributed == 0) return status;
-  return give_attributes(
-      env, text, inst, outline, member,
-      [&](jobject attribute) { CallCollectionAddObject(env, collection, attribute); });
+  return give_attributes(env, text, inst, outline, member, [&](jobject attribute) {
+    CallCollectionAddObject(env, collection, attribute);
+  });
 }
 
-KEPOTL_NATIVE(jint, getMemberAttributesQuery)(JNIEnv* env, jobject, jobject jinst,
-                                              jobject joutline, jstring jname) {
+KEPOTL_NATIVE(jint, getMemberAttributesQuery)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname) {
   TextContext text;
   JavaText name(env, text, jname);
   RetrieveINST(env, jinst);
@@ -59,9 +59,8 @@ KEPOTL_NATIVE(jint, getMemberAttributesQuery)(JNIEnv* env, jobject, jobject jins
   return attributes.query_attributes(attribute_query(members[0], record->generation == 1));
 }
 
-KEPOTL_NATIVE(jint, getMemberAttributesBlock)(JNIEnv* env, jobject, jobject jinst,
-                                              jobject joutline, jobject requests,
-                                              jobject results) {
+KEPOTL_NATIVE(jint, getMemberAttributesBlock)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject requests, jobject results) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

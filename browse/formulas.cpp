@@ -1,8 +1,9 @@
 // Formulas of members.
 #include "browse/requests.h"
 
-KEPOTL_NATIVE(jint, getMemberFormula)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jname, jint handle, jobject target) {
+KEPOTL_NATIVE(jint, getMemberFormula)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
+ jobject target) {
   TextContext text;
   JavaText name;
   const INST inst = RetrieveINST(env, jinst);
@@ -16,8 +17,8 @@ KEPOTL_NATIVE(jint, getMemberFormula)(JNIEnv* env, jobject, jobject jinst, jobje
   });
 }
 
-KEPOTL_NATIVE(jint, getMemberFormulaQuery)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jstring jname, jobject target) {
+KEPOTL_NATIVE(jint, getMemberFormulaQuery)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jobject target) {
   TextContext text;
   JavaText name(env, text, jname);
   const INST inst = RetrieveINST(env, jinst);
@@ -31,19 +32,19 @@ KEPOTL_NATIVE(jint, getMemberFormulaQuery)(JNIEnv* env, jobject, jobject jinst, 
   });
 }
 
-KEPOTL_NATIVE(jint, getMemberFormulaBlock)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jobject requests, jobject results) {
+KEPOTL_NATIVE(jint, getMemberFormulaBlock)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject requests, jobject results) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  return for_each_request(
-      env, text, outline, requests, [&](HMember member, const JavaText& name, int& status) {
-        jobject result = create_request_result(env, text, member, name);
-        if (result == nullptr) return;
-        status = give_formula(inst, outline, member, [&](const char* formula) {
-          add_data(env, result, CreateStringObject(env, formula));
-        });
-        CallCollectionAddObject(env, results, result);
-      });
+  return for_each_request(env, text, outline, requests,
+                          [&](HMember member, const JavaText& name, int& status) {
+                            jobject result = create_request_result(env, text, member, name);
+                            if (result == nullptr) return;
+                            status = give_formula(inst, outline, member, [&](const char* formula) {
+                              add_data(env, result, CreateStringObject(env, formula));
+                            });
+                            CallCollectionAddObject(env, results, result);
+                          });
 }

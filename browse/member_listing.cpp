@@ -26,8 +26,8 @@ void list_without_handles(JNIEnv* env, HOutline outline, const HandleArray& memb
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, getDimensionsEx)(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline,
-                                     jobject collection) {
+KEPOTL_NATIVE(jint, getDimensionsEx)
+(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline, jobject collection) {
   TextContext text;
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
@@ -38,8 +38,9 @@ KEPOTL_NATIVE(jint, getDimensionsEx)(JNIEnv* env, jobject, jobject /*inst*/, job
   return list_siblings(env, outline, status, first, &ids, collection);
 }
 
-KEPOTL_NATIVE(jint, getChildrenEx)(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline,
-                                   jstring jname, jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getChildrenEx)
+(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline, jstring jname, jint handle,
+ jobject collection) {
   TextContext text;
   JavaText name;
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -54,8 +55,8 @@ KEPOTL_NATIVE(jint, getChildrenEx)(JNIEnv* env, jobject, jobject /*inst*/, jobje
   return list_siblings(env, outline, status, child, &ids, collection);
 }
 
-KEPOTL_NATIVE(jint, getDimensionsExQuery)(JNIEnv* env, jobject, jobject joutline,
-                                          jobject collection) {
+KEPOTL_NATIVE(jint, getDimensionsExQuery)
+(JNIEnv* env, jobject, jobject joutline, jobject collection) {
   TextContext text;
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
@@ -65,8 +66,8 @@ KEPOTL_NATIVE(jint, getDimensionsExQuery)(JNIEnv* env, jobject, jobject joutline
   return status;
 }
 
-KEPOTL_NATIVE(jint, getChildrenExQuery)(JNIEnv* env, jobject, jobject joutline, jstring jdimension,
-                                        jstring jname, jobject collection) {
+KEPOTL_NATIVE(jint, getChildrenExQuery)
+(JNIEnv* env, jobject, jobject joutline, jstring jdimension, jstring jname, jobject collection) {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   JavaText name(env, text, jname);

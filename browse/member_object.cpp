@@ -52,12 +52,12 @@ constexpr Setter kHybridAnalysis = {"setHybridAnalysisEnabled", "(Z)V",
 constexpr Setter kAttributed = {"setAttributed", "(Z)V", &MemberInfoIDStruct::set_attributed};
 
 // In the order of the slots.
-constexpr Setter kSetters[] = {
-    kHoldExceptions, kHandle,         kName,         kDimensionName,     kDimensionHandle,
-    kLevel,          kGeneration,     kConsolidation, kTwoPass,          kConversionType,
-    kExpense,        kCurrencyMember, kTimeBalance,  kTimeBalanceSkip,   kShare,
-    kStorageType,    kCategory,       kComment,      kChildCount,        kAttributeType,
-    kHybridDescendants, kHybridAnalysis, kAttributed};
+constexpr Setter kSetters[] = {kHoldExceptions,    kHandle,          kName,       kDimensionName,
+                               kDimensionHandle,   kLevel,           kGeneration, kConsolidation,
+                               kTwoPass,           kConversionType,  kExpense,    kCurrencyMember,
+                               kTimeBalance,       kTimeBalanceSkip, kShare,      kStorageType,
+                               kCategory,          kComment,         kChildCount, kAttributeType,
+                               kHybridDescendants, kHybridAnalysis,  kAttributed};
 static_assert(sizeof kSetters / sizeof *kSetters == 23);
 
 // Looks every setter up when it is sent.

@@ -6,7 +6,9 @@
 
 namespace {
 
-std::string quoted(const char* text) { return '"' + std::string(text) + '"'; }
+std::string quoted(const char* text) {
+  return '"' + std::string(text) + '"';
+}
 
 // Adds one string per member: the name, the alias in `table`, and for dimensions a tag, each in
 // double quotes. A member for which memory runs out is left out.
@@ -22,8 +24,7 @@ int list_with_aliases(JNIEnv* env, int context, INST inst, HOutline outline,
           if (!table.is_null()) {
             give_alias(inst, outline, member, table.api(), [&](const char* text) { alias = text; });
           }
-          add_string(env, context, list,
-                     (quoted(info.name) + quoted(alias.c_str()) + tag).c_str());
+          add_string(env, context, list, (quoted(info.name) + quoted(alias.c_str()) + tag).c_str());
         } catch (const std::bad_alloc&) {
         }
       });
@@ -53,8 +54,8 @@ KEPOTL_NATIVE(jint, getDimensions)(JNIEnv* env, jobject, jobject joutline, jobje
   return list_names(env, text, outline, members, status, list);
 }
 
-KEPOTL_NATIVE(jint, getDimensionsAlias)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                        jstring jtable, jobject list) {
+KEPOTL_NATIVE(jint, getDimensionsAlias)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jtable, jobject list) {
   TextContext text;
   JavaText table(env, text, jtable);
   const INST inst = RetrieveINST(env, jinst);
@@ -66,8 +67,8 @@ KEPOTL_NATIVE(jint, getDimensionsAlias)(JNIEnv* env, jobject, jobject jinst, job
   return list_with_aliases(env, text, inst, outline, members, status, table, true, list);
 }
 
-KEPOTL_NATIVE(jint, getChildrenFor)(JNIEnv* env, jobject, jobject joutline, jstring jdimension,
-                                    jstring jname, jobject list) {
+KEPOTL_NATIVE(jint, getChildrenFor)
+(JNIEnv* env, jobject, jobject joutline, jstring jdimension, jstring jname, jobject list) {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   JavaText name(env, text, jname);
@@ -79,9 +80,9 @@ KEPOTL_NATIVE(jint, getChildrenFor)(JNIEnv* env, jobject, jobject joutline, jstr
   return list_names(env, text, outline, members, status, list);
 }
 
-KEPOTL_NATIVE(jint, getChildrenAliasFor)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jstring jdimension, jstring jname, jstring jtable,
-                                         jobject list) {
+KEPOTL_NATIVE(jint, getChildrenAliasFor)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
+ jstring jtable, jobject list) {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   JavaText name(env, text, jname);

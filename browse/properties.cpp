@@ -9,11 +9,9 @@ namespace {
 void send_attributes(JNIEnv* env, HOutline outline, HMember member, jobject properties) {
   HandleArray attributes(outline);
   if (attributes.query_attributes(attribute_query(member, false)) != kStatusOk) return;
-  for_each_record(outline, attributes, kStatusOk,
-                  [&](HMember, const MemberInfoRecord& attribute) {
-                    CreateMemberAttributesObject(env, properties, attribute.dimensionName,
-                                                 attribute.name);
-                  });
+  for_each_record(outline, attributes, kStatusOk, [&](HMember, const MemberInfoRecord& attribute) {
+    CreateMemberAttributesObject(env, properties, attribute.dimensionName, attribute.name);
+  });
 }
 
 }  // namespace
@@ -64,8 +62,8 @@ void CreateMemberAttributesObject(JNIEnv* env, jobject properties, const char* d
   call_object(env, table, put, key.get(), value.get());
 }
 
-KEPOTL_NATIVE(jint, getMemberInfo)(JNIEnv* env, jobject, jobject joutline, jstring jname,
-                                   jobject properties) {
+KEPOTL_NATIVE(jint, getMemberInfo)
+(JNIEnv* env, jobject, jobject joutline, jstring jname, jobject properties) {
   TextContext text;
   JavaText name(env, text, jname);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -79,9 +77,9 @@ KEPOTL_NATIVE(jint, getMemberInfo)(JNIEnv* env, jobject, jobject joutline, jstri
   return status;
 }
 
-KEPOTL_NATIVE(jint, getChildrenWithProperties)(JNIEnv* env, jobject, jobject jinst,
-                                               jobject joutline, jstring jdimension, jstring jname,
-                                               jlong start, jint count, jobject list) {
+KEPOTL_NATIVE(jint, getChildrenWithProperties)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
+ jlong start, jint count, jobject list) {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   JavaText name(env, text, jname);

@@ -1,8 +1,9 @@
 // A member's ancestors, child count and level.
 #include "browse/browse.h"
 
-KEPOTL_NATIVE(jint, getMemberAncestors)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                        jstring jname, jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberAncestors)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
+ jobject collection) {
   TextContext text;
   JavaText name;
   RetrieveINST(env, jinst);
@@ -21,8 +22,9 @@ KEPOTL_NATIVE(jint, getMemberAncestors)(JNIEnv* env, jobject, jobject jinst, job
   return status;
 }
 
-KEPOTL_NATIVE(jint, getMemberChildCount)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jstring jname, jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberChildCount)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
+ jobject collection) {
   TextContext text;
   JavaText name;
   RetrieveINST(env, jinst);
@@ -40,8 +42,9 @@ KEPOTL_NATIVE(jint, getMemberChildCount)(JNIEnv* env, jobject, jobject jinst, jo
   return status;
 }
 
-KEPOTL_NATIVE(jint, getMemberLevel)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                    jstring jname, jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberLevel)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
+ jobject collection) {
   TextContext text;
   JavaText name;
   RetrieveINST(env, jinst);

@@ -11,14 +11,14 @@ void add_uda(JNIEnv* env, jobject collection, const char* uda) {
 }
 
 int list_udas(JNIEnv* env, INST inst, HOutline outline, HMember member, jobject collection) {
-  return give_udas(inst, outline, member,
-                   [&](const char* uda) { add_uda(env, collection, uda); });
+  return give_udas(inst, outline, member, [&](const char* uda) { add_uda(env, collection, uda); });
 }
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, getMemberUDAS)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                   jstring jname, jint handle, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberUDAS)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
+ jobject collection) {
   TextContext text;
   JavaText name;
   const INST inst = RetrieveINST(env, jinst);
@@ -30,8 +30,8 @@ KEPOTL_NATIVE(jint, getMemberUDAS)(JNIEnv* env, jobject, jobject jinst, jobject 
   return list_udas(env, inst, outline, member, collection);
 }
 
-KEPOTL_NATIVE(jint, getMemberUDASQuery)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                        jstring jname, jobject collection) {
+KEPOTL_NATIVE(jint, getMemberUDASQuery)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jobject collection) {
   TextContext text;
   JavaText name(env, text, jname);
   const INST inst = RetrieveINST(env, jinst);
@@ -43,25 +43,26 @@ KEPOTL_NATIVE(jint, getMemberUDASQuery)(JNIEnv* env, jobject, jobject jinst, job
   return list_udas(env, inst, outline, members[0], collection);
 }
 
-KEPOTL_NATIVE(jint, getMemberUDASBlock)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                        jobject requests, jobject results) {
+KEPOTL_NATIVE(jint, getMemberUDASBlock)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject requests, jobject results) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  return for_each_request(
-      env, text, outline, requests, [&](HMember member, const JavaText& name, int& status) {
-        jobject result = create_request_result(env, text, member, name);
-        if (result == nullptr) return;
-        status = give_udas(inst, outline, member, [&](const char* uda) {
-          add_data(env, result, CreateStringObject(env, uda));
-        });
-        CallCollectionAddObject(env, results, result);
-      });
+  return for_each_request(env, text, outline, requests,
+                          [&](HMember member, const JavaText& name, int& status) {
+                            jobject result = create_request_result(env, text, member, name);
+                            if (result == nullptr) return;
+                            status = give_udas(inst, outline, member, [&](const char* uda) {
+                              add_data(env, result, CreateStringObject(env, uda));
+                            });
+                            CallCollectionAddObject(env, results, result);
+                          });
 }
 
-KEPOTL_NATIVE(jint, getDimensionUDAS)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jdimension, jint /*unread*/, jobject collection) {
+KEPOTL_NATIVE(jint, getDimensionUDAS)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jint /*unread*/,
+ jobject collection) {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   const INST inst = RetrieveINST(env, jinst);

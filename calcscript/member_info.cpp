@@ -6,8 +6,8 @@ jobject CreateMemberInfoObject(JNIEnv* env, MemberInfoRecord* info, jstring pare
   if (info == nullptr) return nullptr;
   jclass type = env->FindClass("com/olvane/kep/olvane/defs/calcscript/MemberInfo");
   if (type == nullptr) return nullptr;
-  jmethodID constructor = env->GetMethodID(type, MNAME_CONSTRUCTOR,
-                                           "(Ljava/lang/String;Ljava/lang/String;IJZ)V");
+  jmethodID constructor =
+      env->GetMethodID(type, MNAME_CONSTRUCTOR, "(Ljava/lang/String;Ljava/lang/String;IJZ)V");
   if (constructor == nullptr) return nullptr;
   TextContext context;
   LocalRef name(env, NewStringUTFfromAPI(context, env, info->name));

@@ -59,9 +59,9 @@ jstring parent_name(JNIEnv* env, int context, HOutline outline, const HandleArra
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, listOutlineMembers)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                        jstring jname, jboolean use_aliases, jstring jtable,
-                                        jobject collection) {
+KEPOTL_NATIVE(jint, listOutlineMembers)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jboolean use_aliases,
+ jstring jtable, jobject collection) {
   TextContext text;
   JavaText name(env, text, jname);
   JavaText table(env, text, jtable);
@@ -85,9 +85,9 @@ KEPOTL_NATIVE(jint, listOutlineMembers)(JNIEnv* env, jobject, jobject jinst, job
   return status;
 }
 
-KEPOTL_NATIVE(jint, listFindMembers)(JNIEnv* env, jobject, jobject joutline, jstring jdimension,
-                                     jstring jsearch, jboolean use_aliases, jstring jtable,
-                                     jobject collection) {
+KEPOTL_NATIVE(jint, listFindMembers)
+(JNIEnv* env, jobject, jobject joutline, jstring jdimension, jstring jsearch, jboolean use_aliases,
+ jstring jtable, jobject collection) {
   TextContext text;
   JavaText search(env, text, jsearch);
   JavaText dimension(env, text, jdimension);
@@ -131,5 +131,5 @@ KEPOTL_NATIVE(jboolean, findMember)(JNIEnv* env, jobject, jobject joutline, jstr
   if (outline == 0) return JNI_FALSE;
   HMember member = 0;
   return find_by_name(outline, name.api(), &member) == kStatusOk && member != 0 ? JNI_TRUE
-                                                                               : JNI_FALSE;
+                                                                                : JNI_FALSE;
 }

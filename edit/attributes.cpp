@@ -34,8 +34,8 @@ void set_attribute_dimension_defaults(MemberInfoRecord* info, int16_t attribute_
   info->attributeType = attribute_type;
 }
 
-KEPOTL_NATIVE(jint, assignAttributeDimension)(JNIEnv* env, jobject, jobject /*inst*/,
-                                              jobject joutline, jint base, jint attribute) {
+KEPOTL_NATIVE(jint, assignAttributeDimension)
+(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline, jint base, jint attribute) {
   TextContext text;
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
@@ -44,8 +44,8 @@ KEPOTL_NATIVE(jint, assignAttributeDimension)(JNIEnv* env, jobject, jobject /*in
                                            static_cast<HMember>(attribute));
 }
 
-KEPOTL_NATIVE(jint, unassignAttributeDimension)(JNIEnv* env, jobject, jobject /*inst*/,
-                                                jobject joutline, jint base, jstring jattribute) {
+KEPOTL_NATIVE(jint, unassignAttributeDimension)
+(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline, jint base, jstring jattribute) {
   TextContext text;
   JavaText name(env, text, jattribute);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -57,8 +57,8 @@ KEPOTL_NATIVE(jint, unassignAttributeDimension)(JNIEnv* env, jobject, jobject /*
   return OlvOtlDisassociateAttributeDimension(outline, static_cast<HMember>(base), attribute);
 }
 
-KEPOTL_NATIVE(jint, assignAttributeMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jint base, jstring jattribute) {
+KEPOTL_NATIVE(jint, assignAttributeMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint base, jstring jattribute) {
   TextContext text;
   if (base == 0) return kStatusRefused;
   RetrieveINST(env, jinst);
@@ -71,8 +71,8 @@ KEPOTL_NATIVE(jint, assignAttributeMember)(JNIEnv* env, jobject, jobject jinst, 
   return OlvOtlAssociateAttributeMember(outline, static_cast<HMember>(base), attribute);
 }
 
-KEPOTL_NATIVE(jint, unassignAttributeMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                             jint base, jstring jattribute) {
+KEPOTL_NATIVE(jint, unassignAttributeMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint base, jstring jattribute) {
   TextContext text;
   JavaText name(env, text, jattribute);
   RetrieveINST(env, jinst);
@@ -84,20 +84,18 @@ KEPOTL_NATIVE(jint, unassignAttributeMember)(JNIEnv* env, jobject, jobject jinst
   return OlvOtlDisassociateAttributeMember(outline, static_cast<HMember>(base), attribute);
 }
 
-KEPOTL_NATIVE(jint, assignDimensionHybridAnalysis)(JNIEnv* env, jobject, jobject jinst,
-                                                   jobject joutline, jint handle,
-                                                   jboolean enabled) {
+KEPOTL_NATIVE(jint, assignDimensionHybridAnalysis)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jboolean enabled) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0 || handle == 0) return kStatusOk;
-  return update_member(outline, static_cast<HMember>(handle), [&](MemberInfoRecord& info) {
-    info.hybridAnalysisEnabled = enabled;
-  });
+  return update_member(outline, static_cast<HMember>(handle),
+                       [&](MemberInfoRecord& info) { info.hybridAnalysisEnabled = enabled; });
 }
 
-KEPOTL_NATIVE(jint, assignDimensionStorageType)(JNIEnv* env, jobject, jobject jinst,
-                                                jobject joutline, jint handle, jobject value) {
+KEPOTL_NATIVE(jint, assignDimensionStorageType)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject value) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -110,9 +108,9 @@ KEPOTL_NATIVE(jint, assignDimensionStorageType)(JNIEnv* env, jobject, jobject ji
   });
 }
 
-KEPOTL_NATIVE(jint, assignMemberDimensionCategory)(JNIEnv* env, jobject, jobject jinst,
-                                                   jobject joutline, jint handle,
-                                                   jobject category, jobject attribute_type) {
+KEPOTL_NATIVE(jint, assignMemberDimensionCategory)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject category,
+ jobject attribute_type) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

@@ -99,10 +99,9 @@ jboolean IsCopySourceAncestorOfTarget(HOutline outline, HMember target, HMember 
   return JNI_FALSE;
 }
 
-KEPOTL_NATIVE(jint, copyMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                jstring jtarget_name, jint jtarget, jstring jsource_name,
-                                jint jsource, jboolean as_sibling, jobject jrequest,
-                                jobject results) {
+KEPOTL_NATIVE(jint, copyMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jtarget_name, jint jtarget,
+ jstring jsource_name, jint jsource, jboolean as_sibling, jobject jrequest, jobject results) {
   TextContext text;
   JavaText target_name;
   JavaText source_name;
@@ -121,11 +120,10 @@ KEPOTL_NATIVE(jint, copyMember)(JNIEnv* env, jobject, jobject jinst, jobject jou
   const HMember source_dimension = LocateDimensionForMember(outline, source);
   const bool becomes_dimension = target == target_dimension && as_sibling;
   const HMember copy =
-      becomes_dimension
-          ? CopyCreateDimension(env, jrequest, inst, outline, target, target_dimension, source,
-                                source_dimension)
-          : CopyCreateMember(env, jrequest, inst, outline, target, target_dimension, source,
-                             source_dimension, as_sibling);
+      becomes_dimension ? CopyCreateDimension(env, jrequest, inst, outline, target,
+                                              target_dimension, source, source_dimension)
+                        : CopyCreateMember(env, jrequest, inst, outline, target, target_dimension,
+                                           source, source_dimension, as_sibling);
   const CopyRequest request(env, jrequest);
   HMember child = 0;
   if (OlvOtlGetChild(outline, source, &child) != kStatusOk || child == 0) {
@@ -138,8 +136,8 @@ KEPOTL_NATIVE(jint, copyMember)(JNIEnv* env, jobject, jobject jinst, jobject jou
   return kStatusOk;
 }
 
-KEPOTL_NATIVE(jint, copyContinue)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jobject jrequest) {
+KEPOTL_NATIVE(jint, copyContinue)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject jrequest) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

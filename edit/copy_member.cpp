@@ -48,7 +48,9 @@ void clear_computed_fields(MemberInfoRecord* info) {
 }
 
 // A copy of a shared member is a member of its own.
-int16_t copied_share(int16_t share) { return share == kShareShared ? kShareNone : share; }
+int16_t copied_share(int16_t share) {
+  return share == kShareShared ? kShareNone : share;
+}
 
 // Record of a copy that goes into an attribute dimension.
 void become_attribute_member(MemberInfoRecord* info) {
@@ -79,9 +81,9 @@ MemberInfoRecord copied_member(const CopyRecords& records) {
   if (records.target_dimension->dimensionCategory == kCategoryAttribute) {
     become_attribute_member(&info);
   } else {
-    become_regular_member(
-        &info, records.target_dimension->dimensionCategory == kCategoryAccounts &&
-                   records.source_dimension->dimensionCategory == kCategoryAccounts);
+    become_regular_member(&info,
+                          records.target_dimension->dimensionCategory == kCategoryAccounts &&
+                              records.source_dimension->dimensionCategory == kCategoryAccounts);
   }
   store_text(info.name, kMaxMemberName, kCopyName);
   return info;
@@ -144,9 +146,9 @@ HMember add_copy(HOutline outline, const MemberInfoRecord& info, HMember target,
 
 }  // namespace
 
-HMember CopyCreateMember(JNIEnv* env, jobject jrequest, INST inst, HOutline outline,
-                         HMember target, HMember target_dimension, HMember source,
-                         HMember source_dimension, jboolean as_sibling) {
+HMember CopyCreateMember(JNIEnv* env, jobject jrequest, INST inst, HOutline outline, HMember target,
+                         HMember target_dimension, HMember source, HMember source_dimension,
+                         jboolean as_sibling) {
   CopyRecords records(outline);
   if (!records.read(target, source, target_dimension, source_dimension)) return 0;
   const MemberInfoRecord info = copied_member(records);

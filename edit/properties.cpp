@@ -24,8 +24,7 @@ jint assign_code(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jobj
 // Stores a boolean byte as Java passed it.
 jint assign_flag(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jboolean value,
                  uint8_t MemberInfoRecord::*field) {
-  return assign(env, jinst, joutline, handle,
-                [&](MemberInfoRecord& info) { info.*field = value; });
+  return assign(env, jinst, joutline, handle, [&](MemberInfoRecord& info) { info.*field = value; });
 }
 
 // Stores a text; one that does not fit its field is refused before anything is read or written.
@@ -56,54 +55,54 @@ jint with_uda(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jstring
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, assignMemberConsolidation)(JNIEnv* env, jobject, jobject jinst,
-                                               jobject joutline, jint handle, jobject value) {
+KEPOTL_NATIVE(jint, assignMemberConsolidation)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject value) {
   return assign_code(env, jinst, joutline, handle, value, &MemberInfoRecord::consolidation);
 }
 
-KEPOTL_NATIVE(jint, assignMemberShare)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                       jint handle, jobject value) {
+KEPOTL_NATIVE(jint, assignMemberShare)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject value) {
   return assign_code(env, jinst, joutline, handle, value, &MemberInfoRecord::shareOption);
 }
 
-KEPOTL_NATIVE(jint, assignMemberTimeBalance)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                             jint handle, jobject value) {
+KEPOTL_NATIVE(jint, assignMemberTimeBalance)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject value) {
   return assign_code(env, jinst, joutline, handle, value, &MemberInfoRecord::timeBalance);
 }
 
-KEPOTL_NATIVE(jint, assignMemberTimeBalanceSkip)(JNIEnv* env, jobject, jobject jinst,
-                                                 jobject joutline, jint handle, jobject value) {
+KEPOTL_NATIVE(jint, assignMemberTimeBalanceSkip)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject value) {
   return assign_code(env, jinst, joutline, handle, value, &MemberInfoRecord::timeBalanceSkip);
 }
 
-KEPOTL_NATIVE(jint, assignMemberConversion)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                            jint handle, jobject value) {
+KEPOTL_NATIVE(jint, assignMemberConversion)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jobject value) {
   return assign_code(env, jinst, joutline, handle, value, &MemberInfoRecord::conversionType);
 }
 
-KEPOTL_NATIVE(jint, assignMemberTwoPass)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jint handle, jboolean value) {
+KEPOTL_NATIVE(jint, assignMemberTwoPass)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jboolean value) {
   return assign_flag(env, jinst, joutline, handle, value, &MemberInfoRecord::twoPass);
 }
 
-KEPOTL_NATIVE(jint, assignMemberVariance)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                          jint handle, jboolean value) {
+KEPOTL_NATIVE(jint, assignMemberVariance)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jboolean value) {
   return assign_flag(env, jinst, joutline, handle, value, &MemberInfoRecord::expense);
 }
 
-KEPOTL_NATIVE(jint, assignMemberCategory)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                          jint handle, jstring value) {
+KEPOTL_NATIVE(jint, assignMemberCategory)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring value) {
   return assign_text(env, jinst, joutline, handle, value, &MemberInfoRecord::currencyMember,
                      kMaxMemberName);
 }
 
-KEPOTL_NATIVE(jint, assignMemberComment)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jint handle, jstring value) {
+KEPOTL_NATIVE(jint, assignMemberComment)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring value) {
   return assign_text(env, jinst, joutline, handle, value, &MemberInfoRecord::comment, kMaxComment);
 }
 
-KEPOTL_NATIVE(jint, updateMemberFormula)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jint handle, jstring jformula) {
+KEPOTL_NATIVE(jint, updateMemberFormula)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring jformula) {
   TextContext text;
   JavaText formula(env, text, jformula);
   RetrieveINST(env, jinst);
@@ -114,18 +113,19 @@ KEPOTL_NATIVE(jint, updateMemberFormula)(JNIEnv* env, jobject, jobject jinst, jo
   return OlvOtlSetMemberFormula(outline, member, formula.api());
 }
 
-KEPOTL_NATIVE(jint, setMemberUDA)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jint handle, jstring uda) {
+KEPOTL_NATIVE(jint, setMemberUDA)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring uda) {
   return with_uda(env, jinst, joutline, handle, uda, OlvOtlSetUserAttribute);
 }
 
-KEPOTL_NATIVE(jint, deleteMemberUDA)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                     jint handle, jstring uda) {
+KEPOTL_NATIVE(jint, deleteMemberUDA)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring uda) {
   return with_uda(env, jinst, joutline, handle, uda, OlvOtlDeleteUserAttribute);
 }
 
-KEPOTL_NATIVE(jint, assignMemberAlias)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                       jint handle, jstring jtable, jstring jalias) {
+KEPOTL_NATIVE(jint, assignMemberAlias)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring jtable,
+ jstring jalias) {
   TextContext text;
   JavaText alias(env, text, jalias);
   JavaText table(env, text, jtable);

@@ -72,8 +72,9 @@ void populateDimensionInfo(HOutline outline, HMember previous_dimension, MemberI
   if (category == kCategoryAttribute) set_attribute(info, kAttributeTypeDimension);
 }
 
-KEPOTL_NATIVE(jint, createMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jint jparent, jint jsibling, jstring jname, jobject collection) {
+KEPOTL_NATIVE(jint, createMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint jparent, jint jsibling, jstring jname,
+ jobject collection) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -106,8 +107,8 @@ KEPOTL_NATIVE(jint, createMember)(JNIEnv* env, jobject, jobject jinst, jobject j
   return status;
 }
 
-KEPOTL_NATIVE(jint, renameMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jint handle, jstring jname) {
+KEPOTL_NATIVE(jint, renameMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle, jstring jname) {
   TextContext text;
   JavaText name(env, text, jname);
   RetrieveINST(env, jinst);
@@ -116,8 +117,9 @@ KEPOTL_NATIVE(jint, renameMember)(JNIEnv* env, jobject, jobject jinst, jobject j
   return OlvOtlRenameMemberEx(outline, static_cast<HMember>(handle), name.api(), kMemberOption);
 }
 
-KEPOTL_NATIVE(jint, moveMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                jint jreference, jint handle, jboolean reference_is_sibling) {
+KEPOTL_NATIVE(jint, moveMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint jreference, jint handle,
+ jboolean reference_is_sibling) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -128,8 +130,8 @@ KEPOTL_NATIVE(jint, moveMember)(JNIEnv* env, jobject, jobject jinst, jobject jou
   return OlvOtlMoveMember(outline, static_cast<HMember>(handle), parent, previous);
 }
 
-KEPOTL_NATIVE(jint, deleteMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jint handle) {
+KEPOTL_NATIVE(jint, deleteMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint handle) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -137,8 +139,8 @@ KEPOTL_NATIVE(jint, deleteMember)(JNIEnv* env, jobject, jobject jinst, jobject j
   return OlvOtlDeleteMemberEx(outline, static_cast<HMember>(handle), kMemberOption);
 }
 
-KEPOTL_NATIVE(jint, sortChildren)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jint jparent, jboolean ascending) {
+KEPOTL_NATIVE(jint, sortChildren)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jint jparent, jboolean ascending) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

@@ -15,8 +15,12 @@ struct AllNames {
   bool skips_zero;  // generations count from 1; an entry numbered 0 is none
 };
 
-AllNames all_generations() { return {OlvOtlGetGenNamesEx, CNAME_GENERATION, true}; }
-AllNames all_levels() { return {OlvOtlGetLevelNamesEx, CNAME_LEVEL, false}; }
+AllNames all_generations() {
+  return {OlvOtlGetGenNamesEx, CNAME_GENERATION, true};
+}
+AllNames all_levels() {
+  return {OlvOtlGetLevelNamesEx, CNAME_LEVEL, false};
+}
 
 // Adds the names that one dimension has been given, as strings.
 jint list_strings(JNIEnv* env, jobject jinst, jobject joutline, jstring jdimension, jobject list,
@@ -147,62 +151,64 @@ jobject CreateGenerationOrLevelObject(JNIEnv* env, const char* class_name, const
   return object;
 }
 
-KEPOTL_NATIVE(jint, getGenerations)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                    jstring jdimension, jobject list) {
+KEPOTL_NATIVE(jint, getGenerations)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jobject list) {
   return list_strings(env, jinst, joutline, jdimension, list, OlvOtlGetGenNames);
 }
 
-KEPOTL_NATIVE(jint, getLevels)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                               jstring jdimension, jobject list) {
+KEPOTL_NATIVE(jint, getLevels)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jobject list) {
   return list_strings(env, jinst, joutline, jdimension, list, OlvOtlGetLevelNames);
 }
 
-KEPOTL_NATIVE(jint, getActualGenerations)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                          jstring jdimension, jobject list) {
+KEPOTL_NATIVE(jint, getActualGenerations)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jobject list) {
   return list_actual(env, jinst, joutline, jdimension, list, OlvOtlGetGenNamesEx);
 }
 
-KEPOTL_NATIVE(jint, getActualLevels)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                     jstring jdimension, jobject list) {
+KEPOTL_NATIVE(jint, getActualLevels)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jobject list) {
   return list_actual(env, jinst, joutline, jdimension, list, OlvOtlGetLevelNamesEx);
 }
 
-KEPOTL_NATIVE(jint, getAllGenerations)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                       jobject collection) {
+KEPOTL_NATIVE(jint, getAllGenerations)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject collection) {
   return list_all_by_walk(env, jinst, joutline, collection, all_generations());
 }
 
-KEPOTL_NATIVE(jint, getAllLevels)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                  jobject collection) {
+KEPOTL_NATIVE(jint, getAllLevels)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject collection) {
   return list_all_by_walk(env, jinst, joutline, collection, all_levels());
 }
 
-KEPOTL_NATIVE(jint, getAllGenerationsQuery)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                            jobject collection) {
+KEPOTL_NATIVE(jint, getAllGenerationsQuery)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject collection) {
   return list_all_by_query(env, jinst, joutline, collection, all_generations());
 }
 
-KEPOTL_NATIVE(jint, getAllLevelsQuery)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                       jobject collection) {
+KEPOTL_NATIVE(jint, getAllLevelsQuery)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject collection) {
   return list_all_by_query(env, jinst, joutline, collection, all_levels());
 }
 
-KEPOTL_NATIVE(jint, createGeneration)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jdimension, jstring jname, jshort number) {
+KEPOTL_NATIVE(jint, createGeneration)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
+ jshort number) {
   return create_name(env, jinst, joutline, jdimension, jname, number, OlvOtlSetGenName);
 }
 
-KEPOTL_NATIVE(jint, createLevel)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                 jstring jdimension, jstring jname, jshort number) {
+KEPOTL_NATIVE(jint, createLevel)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
+ jshort number) {
   return create_name(env, jinst, joutline, jdimension, jname, number, OlvOtlSetLevelName);
 }
 
-KEPOTL_NATIVE(jint, deleteGeneration)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jdimension, jshort number) {
+KEPOTL_NATIVE(jint, deleteGeneration)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jshort number) {
   return delete_name(env, jinst, joutline, jdimension, number, OlvOtlDeleteGenName);
 }
 
-KEPOTL_NATIVE(jint, deleteLevel)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                 jstring jdimension, jshort number) {
+KEPOTL_NATIVE(jint, deleteLevel)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jshort number) {
   return delete_name(env, jinst, joutline, jdimension, number, OlvOtlDeleteLevelName);
 }

@@ -43,8 +43,8 @@ void getDTSAliases(JNIEnv* env, int context, INST inst, HOutline outline, const 
   }
 }
 
-KEPOTL_NATIVE(jint, getDTSMembers)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                   jobject list) {
+KEPOTL_NATIVE(jint, getDTSMembers)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject list) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -57,8 +57,8 @@ KEPOTL_NATIVE(jint, getDTSMembers)(JNIEnv* env, jobject, jobject jinst, jobject 
   return status;
 }
 
-KEPOTL_NATIVE(jint, getDTSMembersEx)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                     jobject collection) {
+KEPOTL_NATIVE(jint, getDTSMembersEx)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject collection) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -79,8 +79,9 @@ KEPOTL_NATIVE(jint, getDTSMembersEx)(JNIEnv* env, jobject, jobject jinst, jobjec
   return status;
 }
 
-KEPOTL_NATIVE(jint, enableDTSMember)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                     jstring jname, jshort generation, jboolean enable) {
+KEPOTL_NATIVE(jint, enableDTSMember)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jshort generation,
+ jboolean enable) {
   TextContext text;
   JavaText name(env, text, jname);
   const INST inst = RetrieveINST(env, jinst);
@@ -90,8 +91,9 @@ KEPOTL_NATIVE(jint, enableDTSMember)(JNIEnv* env, jobject, jobject jinst, jobjec
   return OlvOtlEnableDTSMember(outline, name.api(), generation, enable ? 1 : 0);
 }
 
-KEPOTL_NATIVE(jint, setDTSMemberAlias)(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline,
-                                       jstring jfirst, jstring jsecond, jstring jthird) {
+KEPOTL_NATIVE(jint, setDTSMemberAlias)
+(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline, jstring jfirst, jstring jsecond,
+ jstring jthird) {
   TextContext text;
   JavaText first(env, text, jfirst);
   JavaText second(env, text, jsecond);
@@ -102,8 +104,8 @@ KEPOTL_NATIVE(jint, setDTSMemberAlias)(JNIEnv* env, jobject, jobject /*inst*/, j
   return OlvOtlSetDTSMemberAlias(outline, first.api(), third.api(), second.api());
 }
 
-KEPOTL_NATIVE(jint, deleteDTSMemberAlias)(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline,
-                                          jstring jfirst, jstring jsecond) {
+KEPOTL_NATIVE(jint, deleteDTSMemberAlias)
+(JNIEnv* env, jobject, jobject /*inst*/, jobject joutline, jstring jfirst, jstring jsecond) {
   TextContext text;
   JavaText first(env, text, jfirst);
   JavaText second(env, text, jsecond);
@@ -112,8 +114,8 @@ KEPOTL_NATIVE(jint, deleteDTSMemberAlias)(JNIEnv* env, jobject, jobject /*inst*/
   return OlvOtlDeleteDTSMemberAlias(outline, first.api(), second.api());
 }
 
-KEPOTL_NATIVE(jint, listDTSLatestMembers)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                          jstring jdimension, jobject list) try {
+KEPOTL_NATIVE(jint, listDTSLatestMembers)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jdimension, jobject list) try {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   const INST inst = RetrieveINST(env, jinst);

@@ -29,8 +29,8 @@ class DerivedOutline {
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, getCellCount)(JNIEnv* env, jobject, jobject jcontext, jstring jarea,
-                                  jobject holder) {
+KEPOTL_NATIVE(jint, getCellCount)
+(JNIEnv* env, jobject, jobject jcontext, jstring jarea, jobject holder) {
   TextContext text;
   JavaText area(env, text, jarea);
   const HCTX context = RetrieveHCTX(env, jcontext);
@@ -41,8 +41,8 @@ KEPOTL_NATIVE(jint, getCellCount)(JNIEnv* env, jobject, jobject jcontext, jstrin
   return status;
 }
 
-KEPOTL_NATIVE(jint, getDataLoaded)(JNIEnv* env, jobject, jobject jinst, jobject jcontext,
-                                   jstring japplication, jstring jdatabase) {
+KEPOTL_NATIVE(jint, getDataLoaded)
+(JNIEnv* env, jobject, jobject jinst, jobject jcontext, jstring japplication, jstring jdatabase) {
   TextContext text;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);
@@ -50,8 +50,7 @@ KEPOTL_NATIVE(jint, getDataLoaded)(JNIEnv* env, jobject, jobject jinst, jobject 
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
   ApiBlock<DatabaseInfoRecord> info(inst);
-  const int status =
-      OlvGetDatabaseInfo(context, application.api(), database.api(), info.out());
+  const int status = OlvGetDatabaseInfo(context, application.api(), database.api(), info.out());
   if (status != kStatusOk) {
     info.forget();
     return status;
@@ -59,8 +58,8 @@ KEPOTL_NATIVE(jint, getDataLoaded)(JNIEnv* env, jobject, jobject jinst, jobject 
   return info && info->dataLoaded != 0 ? -1 : 0;
 }
 
-KEPOTL_NATIVE(jint, getLockedState)(JNIEnv* env, jobject, jobject jinst, jobject jcontext,
-                                    jstring japplication, jstring jdatabase) {
+KEPOTL_NATIVE(jint, getLockedState)
+(JNIEnv* env, jobject, jobject jinst, jobject jcontext, jstring japplication, jstring jdatabase) {
   TextContext text;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);
@@ -77,9 +76,9 @@ KEPOTL_NATIVE(jint, getLockedState)(JNIEnv* env, jobject, jobject jinst, jobject
   return info ? info->locked : 0;
 }
 
-KEPOTL_NATIVE(jint, generateCurrencyDB)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                        jobject jcontext, jstring japplication,
-                                        jstring jdatabase) {
+KEPOTL_NATIVE(jint, generateCurrencyDB)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject jcontext, jstring japplication,
+ jstring jdatabase) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HCTX context = RetrieveHCTX(env, jcontext);

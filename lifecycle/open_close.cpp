@@ -23,8 +23,9 @@ KEPOTL_NATIVE(jint, closeOutlineQuery)(JNIEnv* env, jobject, jobject joutline) {
   return status;
 }
 
-KEPOTL_NATIVE(jint, openOutlineEdit)(JNIEnv* env, jobject, jobject jcontext, jstring japplication,
-                                     jstring jdatabase, jstring jobject_name, jobject joutline) {
+KEPOTL_NATIVE(jint, openOutlineEdit)
+(JNIEnv* env, jobject, jobject jcontext, jstring japplication, jstring jdatabase,
+ jstring jobject_name, jobject joutline) {
   TextContext text;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);
@@ -41,8 +42,9 @@ KEPOTL_NATIVE(jint, openOutlineEdit)(JNIEnv* env, jobject, jobject jcontext, jst
   return status;
 }
 
-KEPOTL_NATIVE(jint, closeOutlineEdit)(JNIEnv* env, jobject, jobject jcontext, jobject joutline,
-                                      jstring japplication, jstring jdatabase) {
+KEPOTL_NATIVE(jint, closeOutlineEdit)
+(JNIEnv* env, jobject, jobject jcontext, jobject joutline, jstring japplication,
+ jstring jdatabase) {
   TextContext text;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);
@@ -51,8 +53,7 @@ KEPOTL_NATIVE(jint, closeOutlineEdit)(JNIEnv* env, jobject, jobject jcontext, jo
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context != 0) {
     // The lock that the open took. Whatever becomes of it, the outline is to be closed.
-    OlvUnlockObject(context, kObjectTypeOutline, application.api(), database.api(),
-                    database.api());
+    OlvUnlockObject(context, kObjectTypeOutline, application.api(), database.api(), database.api());
   }
   const int status = OlvOtlCloseOutline(outline);
   if (status == kStatusOk) CallIntegerSetProperty(env, joutline, "setValue", 0);

@@ -66,8 +66,9 @@ int write_and_restructure(HCTX context, HOutline outline, const char* applicatio
   return status;
 }
 
-KEPOTL_NATIVE(jint, write)(JNIEnv* env, jobject, jobject jcontext, jobject joutline,
-                           jstring japplication, jstring jdatabase) {
+KEPOTL_NATIVE(jint, write)
+(JNIEnv* env, jobject, jobject jcontext, jobject joutline, jstring japplication,
+ jstring jdatabase) {
   TextContext text;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);
@@ -80,9 +81,9 @@ KEPOTL_NATIVE(jint, write)(JNIEnv* env, jobject, jobject jcontext, jobject joutl
   return OlvOtlWriteOutline(outline, &record);
 }
 
-KEPOTL_NATIVE(jint, saveAsObject)(JNIEnv* env, jobject, jobject jinst, jobject jcontext,
-                                  jobject joutline, jobject jtarget, jstring japplication,
-                                  jstring jdatabase) {
+KEPOTL_NATIVE(jint, saveAsObject)
+(JNIEnv* env, jobject, jobject jinst, jobject jcontext, jobject joutline, jobject jtarget,
+ jstring japplication, jstring jdatabase) {
   TextContext text;
   const HOutline outline = RetrieveHOutline(env, joutline);
   RetrieveINST(env, jinst);
@@ -95,8 +96,8 @@ KEPOTL_NATIVE(jint, saveAsObject)(JNIEnv* env, jobject, jobject jinst, jobject j
                                kRestructureSaveAs);
 }
 
-KEPOTL_NATIVE(jint, saveAsFileBegin)(JNIEnv* env, jobject, jobject jinst, jobject jcontext,
-                                     jobject joutline, jobject result) {
+KEPOTL_NATIVE(jint, saveAsFileBegin)
+(JNIEnv* env, jobject, jobject jinst, jobject jcontext, jobject joutline, jobject result) {
   TextContext text;
   const HOutline outline = RetrieveHOutline(env, joutline);
   const INST inst = RetrieveINST(env, jinst);
@@ -152,8 +153,8 @@ char* getLocalPathCandidate(INST inst, HCTX local, char name[kScratchNameSize]) 
   }
 }
 
-KEPOTL_NATIVE(jint, restructure)(JNIEnv* env, jobject, jobject jcontext, jshort option,
-                                 jstring japplication, jstring jdatabase) {
+KEPOTL_NATIVE(jint, restructure)
+(JNIEnv* env, jobject, jobject jcontext, jshort option, jstring japplication, jstring jdatabase) {
   TextContext text;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);

@@ -2,8 +2,8 @@
 #include "bridge/bridge.h"
 #include "bridge/scope.h"
 
-KEPOTL_NATIVE(jint, verifyOutlineEdit)(JNIEnv* env, jobject, jobject jinst, jobject /*unread*/,
-                                       jobject joutline, jobject errors) {
+KEPOTL_NATIVE(jint, verifyOutlineEdit)
+(JNIEnv* env, jobject, jobject jinst, jobject /*unread*/, jobject joutline, jobject errors) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

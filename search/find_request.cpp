@@ -36,8 +36,7 @@ class Finder {
       }
     }
     if (!match && request_.udas) {
-      give_udas(inst_, outline_, member,
-                [&](const char* uda) { match = match || compare(uda); });
+      give_udas(inst_, outline_, member, [&](const char* uda) { match = match || compare(uda); });
     }
     if (!match && request_.formulas) {
       give_formula(inst_, outline_, member,
@@ -112,8 +111,7 @@ FindRequest FindRequest::read(JNIEnv* env, jobject request) {
   return read;
 }
 
-HMember findRequestGetFirstMember(HOutline outline, jboolean one_dimension,
-                                  const char* dimension) {
+HMember findRequestGetFirstMember(HOutline outline, jboolean one_dimension, const char* dimension) {
   HMember first = 0;
   const int status = one_dimension ? OlvOtlFindMember(outline, dimension, &first)
                                    : OlvOtlGetFirstMember(outline, &first);
@@ -136,8 +134,8 @@ HMember findRequestGetNextMember(HOutline outline, HMember member, jboolean one_
   return 0;
 }
 
-KEPOTL_NATIVE(jint, findRequest)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                 jobject jrequest, jobject results) {
+KEPOTL_NATIVE(jint, findRequest)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject jrequest, jobject results) {
   TextContext context;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -159,8 +157,7 @@ KEPOTL_NATIVE(jint, findRequest)(JNIEnv* env, jobject, jobject jinst, jobject jo
   jint matched = 0;
   HMember member = request.last_handle != 0
                        ? findRequestGetNextMember(outline, request.last_handle, one_dimension)
-                       : findRequestGetFirstMember(outline, one_dimension,
-                                                   dimension.api_or_null());
+                       : findRequestGetFirstMember(outline, one_dimension, dimension.api_or_null());
   while (member != 0) {
     ++visited;
     {

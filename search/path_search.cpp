@@ -57,8 +57,7 @@ struct Siblings {
 int CallFindMemberRecursor(JNIEnv* env, HOutline outline, HMember parent, const char* text,
                            const char* alias_table, jboolean match_case, jboolean whole_word,
                            jobject results) try {
-  const PathSearch search = {env,        outline,    text,   alias_table,
-                             match_case, whole_word, results};
+  const PathSearch search = {env, outline, text, alias_table, match_case, whole_word, results};
   std::vector<std::unique_ptr<Siblings>> path;
   int status = kStatusOk;
   const auto descend = [&](HMember member) {
@@ -98,9 +97,9 @@ jobject CallCreateMemberPath(JNIEnv* env, HOutline outline, HMember member) {
   return path;
 }
 
-KEPOTL_NATIVE(jint, findMemberQuery)(JNIEnv* env, jobject, jobject joutline, jstring jtext,
-                                     jstring jtable, jboolean match_case, jboolean whole_word,
-                                     jobject results) {
+KEPOTL_NATIVE(jint, findMemberQuery)
+(JNIEnv* env, jobject, jobject joutline, jstring jtext, jstring jtable, jboolean match_case,
+ jboolean whole_word, jobject results) {
   TextContext context;
   JavaText table(env, context, jtable);
   const HOutline outline = RetrieveHOutline(env, joutline);

@@ -41,8 +41,7 @@ void CallLowercase(char* text) {
   }
 }
 
-jboolean CallFindWholeWord(const char* search_text, const char* candidate,
-                           const char* delimiters) {
+jboolean CallFindWholeWord(const char* search_text, const char* candidate, const char* delimiters) {
   if (search_text == nullptr || candidate == nullptr || *search_text == '\0') return JNI_FALSE;
   if (delimiters == nullptr || *delimiters == '\0') delimiters = " \n";
   const size_t length = std::strlen(search_text);
@@ -56,9 +55,8 @@ jboolean CallFindWholeWord(const char* search_text, const char* candidate,
   return JNI_FALSE;
 }
 
-jboolean CallCompareStrings(const char* search_text, const char* candidate,
-                            jboolean case_sensitive, jboolean whole_word,
-                            const char* delimiters) try {
+jboolean CallCompareStrings(const char* search_text, const char* candidate, jboolean case_sensitive,
+                            jboolean whole_word, const char* delimiters) try {
   if (search_text == nullptr || *search_text == '\0') return JNI_FALSE;
   if (candidate == nullptr || *candidate == '\0') return JNI_FALSE;
   if (case_sensitive) return matches(search_text, candidate, whole_word != 0, delimiters);

@@ -16,23 +16,23 @@ jint with_table(JNIEnv* env, jobject jinst, jobject joutline, jstring jtable,
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, createAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring table) {
+KEPOTL_NATIVE(jint, createAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring table) {
   return with_table(env, jinst, joutline, table, OlvOtlCreateAliasTable);
 }
 
-KEPOTL_NATIVE(jint, deleteAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring table) {
+KEPOTL_NATIVE(jint, deleteAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring table) {
   return with_table(env, jinst, joutline, table, OlvOtlDeleteAliasTable);
 }
 
-KEPOTL_NATIVE(jint, clearAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                     jstring table) {
+KEPOTL_NATIVE(jint, clearAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring table) {
   return with_table(env, jinst, joutline, table, OlvOtlClearAliasTable);
 }
 
-KEPOTL_NATIVE(jint, renameAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jstring jfirst, jstring jsecond) {
+KEPOTL_NATIVE(jint, renameAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jfirst, jstring jsecond) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -43,8 +43,9 @@ KEPOTL_NATIVE(jint, renameAliasTable)(JNIEnv* env, jobject, jobject jinst, jobje
   return OlvOtlRenameAliasTable(outline, second.api(), first.api());
 }
 
-KEPOTL_NATIVE(jint, copyAliasTable)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                    jstring jfirst, jstring jsecond, jboolean flag) {
+KEPOTL_NATIVE(jint, copyAliasTable)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jfirst, jstring jsecond,
+ jboolean flag) {
   TextContext text;
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

@@ -70,8 +70,8 @@ KEPOTL_NATIVE(jint, getOutlineInfo)(JNIEnv* env, jobject, jobject joutline, jobj
   return status;
 }
 
-KEPOTL_NATIVE(jint, getSettings)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                 jobject target) {
+KEPOTL_NATIVE(jint, getSettings)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject target) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
@@ -114,8 +114,8 @@ KEPOTL_NATIVE(jint, getAttributeSpecs)(JNIEnv* env, jobject, jobject joutline, j
   return status;
 }
 
-KEPOTL_NATIVE(jint, getAttributeSpecsEx)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jobject target) {
+KEPOTL_NATIVE(jint, getAttributeSpecsEx)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject target) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);

@@ -60,81 +60,81 @@ jint update_name(JNIEnv* env, jobject jinst, jobject joutline, jstring value,
 
 }  // namespace
 
-KEPOTL_NATIVE(jint, updateAutoConfigure)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jboolean value) {
+KEPOTL_NATIVE(jint, updateAutoConfigure)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jboolean value) {
   return update_info(env, jinst, joutline, [&](OutlineInfoRecord& info) {
     const int others = info.configureFlags & ~kConfigureAuto;
     info.configureFlags = static_cast<uint8_t>(others | (value ? kConfigureAuto : 0));
   });
 }
 
-KEPOTL_NATIVE(jint, updateCaseSensitivity)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jboolean value) {
+KEPOTL_NATIVE(jint, updateCaseSensitivity)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jboolean value) {
   return update_info(env, jinst, joutline,
                      [&](OutlineInfoRecord& info) { info.caseSensitive = value ? 1 : 0; });
 }
 
-KEPOTL_NATIVE(jint, updateLongnameConstructor)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                               jobject value) {
+KEPOTL_NATIVE(jint, updateLongnameConstructor)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject value) {
   return update_code(env, jinst, joutline, value, &AttributeSpecRecord::longNameConstructor);
 }
 
-KEPOTL_NATIVE(jint, updateLongnameSource)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                          jobject value) {
+KEPOTL_NATIVE(jint, updateLongnameSource)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject value) {
   return update_code(env, jinst, joutline, value, &AttributeSpecRecord::longNameSource);
 }
 
-KEPOTL_NATIVE(jint, updateLongnameDelimiter)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                             jobject value) {
+KEPOTL_NATIVE(jint, updateLongnameDelimiter)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject value) {
   return update_code(env, jinst, joutline, value, &AttributeSpecRecord::longNameDelimiter);
 }
 
-KEPOTL_NATIVE(jint, updateDateFormat)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                      jobject value) {
+KEPOTL_NATIVE(jint, updateDateFormat)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject value) {
   return update_code(env, jinst, joutline, value, &AttributeSpecRecord::dateFormat);
 }
 
-KEPOTL_NATIVE(jint, updateBucketingType)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jobject value) {
+KEPOTL_NATIVE(jint, updateBucketingType)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jobject value) {
   return update_code(env, jinst, joutline, value, &AttributeSpecRecord::bucketingType);
 }
 
-KEPOTL_NATIVE(jint, updateBooleanNameTrue)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jstring value) {
+KEPOTL_NATIVE(jint, updateBooleanNameTrue)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::trueName);
 }
 
-KEPOTL_NATIVE(jint, updateBooleanNameFalse)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                            jstring value) {
+KEPOTL_NATIVE(jint, updateBooleanNameFalse)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::falseName);
 }
 
-KEPOTL_NATIVE(jint, updateCalcDimName)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                       jstring value) {
+KEPOTL_NATIVE(jint, updateCalcDimName)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::calcDimensionName);
 }
 
-KEPOTL_NATIVE(jint, updateSumMemberName)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                         jstring value) {
+KEPOTL_NATIVE(jint, updateSumMemberName)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::sumName);
 }
 
-KEPOTL_NATIVE(jint, updateCountMemberName)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                           jstring value) {
+KEPOTL_NATIVE(jint, updateCountMemberName)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::countName);
 }
 
-KEPOTL_NATIVE(jint, updateAverageMemberName)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                             jstring value) {
+KEPOTL_NATIVE(jint, updateAverageMemberName)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::averageName);
 }
 
-KEPOTL_NATIVE(jint, updateMinimumMemberName)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                             jstring value) {
+KEPOTL_NATIVE(jint, updateMinimumMemberName)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::minimumName);
 }
 
-KEPOTL_NATIVE(jint, updateMaximumMemberName)(JNIEnv* env, jobject, jobject jinst, jobject joutline,
-                                             jstring value) {
+KEPOTL_NATIVE(jint, updateMaximumMemberName)
+(JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring value) {
   return update_name(env, jinst, joutline, value, &AttributeSpecRecord::maximumName);
 }
