@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Lays the 32-bit Debian tree that the i386 preset compiles against and runs in: the C library,
+# GoogleTest, Google Benchmark, SQLite and a Java virtual machine. The compiler's own headers and
+# libraries come with g++-multilib.
+# Usage: tools/i386-tree.sh TREE
+set -euo pipefail
+
+(( $# == 1 )) || { echo "usage: $0 TREE" >&2; exit 2; }
+tree=$1
+
+fail() {
+  printf 'i386-tree: %s\n' "$@" >&2
+  exit 1
+}
+
+command -v mmdebstrap >/dev/null || fail "mmdebstrap is missing." "Run './dev setup', which installs it."
+
+# shellcheck source=/dev/null
+codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+packages=(
+  default-jre-headless libc6-dev libstdc++6
+  libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev
+)
+# The leading number counts changes to what this script does with the packages.
+recipe="1 $codename ${packages[*]}"
+stamp=$tree/.laid-from
+is_laid() { [[ -f $stamp && $(<"$stamp") == "$recipe" ]]; }
+if is_laid; then exit 0; fi
+
+mkdir -p "$(dirname "$tree")"
+exec 9>"$tree.lock"
+flock 9
+if is_laid; then exit 0; fi  # another run has laid it while this one waited
+
+# The machine's own mirror: it's the one that is known to be reachable from here.
+# shellcheck disable=SC2016  # the fields are apt's, not the shell's
+mirror=$(apt-get indextargets --format '$(SITE) $(CODENAME) $(COMPONENT) $(CREATED_BY)' |
+  awk -v codename="$codename" '$2 == codename && $3 == "main" && $4 == "Packages" { print $1; exit }')
+[[ -n $mirror ]] || fail \
+  "apt knows no main archive for '$codename', so there is nowhere to get 32-bit packages from." \
+  "Add one to /etc/apt/sources.list.d, run 'apt-get update' and try again."
+
+work=$(mktemp -d "$tree.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+chmod 755 "$work"
+log=$tree.log
+
+echo "i386-tree: laying a 32-bit $codename tree into $tree (about 350 MB)"
+# Proxies, time-outs and the like of this machine hold for the downloads too.
+apt-config dump Acquire >"$work/apt.conf"
+# The 'extract' variant unpacks and runs nothing, so neither root nor a 32-bit kernel is needed.
+if ! mmdebstrap --mode=chrootless --variant=extract --architectures=i386 --format=directory \
+  --aptopt="$work/apt.conf" --include="$(IFS=,; echo "${packages[*]}")" \
+  "$codename" "$work/all" "deb $mirror $codename main" >"$log" 2>&1; then
+  tail -n 20 "$log" >&2
+  fail "the 32-bit packages could not be fetched and unpacked; the lines above and $log say why." \
+    "Check the network and 'apt-get update', then run the command again."
+fi
+
+# Only what the compiler and the virtual machine read is kept. The emulator looks into the tree
+# before the machine for every path, so anything else would hide the machine's own files.
+mkdir -p "$work/kept/etc" "$work/kept/usr"
+mv "$work/all/lib" "$work/kept/"
+mv "$work/all/usr/include" "$work/all/usr/lib" "$work/kept/usr/"
+mv "$work"/all/etc/java-*-openjdk "$work/kept/etc/"
+
+# An unpacked tree has no root of its own, so absolute links must become relative ones.
+while IFS= read -r -d '' link; do
+  target=$work/kept$(readlink "$link")
+  ln -sfn "$(realpath -ms --relative-to="$(dirname "$link")" "$target")" "$link"
+done < <(find "$work/kept" -type l -lname '/*' -print0)
+
+# An empty cache keeps the 32-bit loader from reading the machine's, which names other libraries.
+: >"$work/kept/etc/ld.so.cache"
+
+[[ -e $work/kept/usr/lib/jvm/default-java/lib/server/libjvm.so ]] || fail \
+  "the unpacked packages hold no 32-bit Java virtual machine." "Report this with $log."
+
+echo "$recipe" >"$work/kept/.laid-from"
+rm -rf "$tree"
+mv "$work/kept" "$tree"
+echo "i386-tree: done"
