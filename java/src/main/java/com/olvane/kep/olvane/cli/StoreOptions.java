@@ -1,0 +1,50 @@
+package com.olvane.kep.olvane.cli;
+
+import com.olvane.kep.olvane.standin.StandinSession;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.nio.file.Paths;
+import picocli.CommandLine.Option;
+
+/** The options that say which store a command works on, and as whom. */
+public final class StoreOptions {
+  @Option(
+      names = "--store",
+      paramLabel = "DIR",
+      description = "Folder that holds the databases (default: ${DEFAULT-VALUE}).")
+  private Path store = Paths.get("outlines");
+
+  @Option(
+      names = "--user",
+      paramLabel = "NAME",
+      description = "Name to log in with (default: ${DEFAULT-VALUE}).")
+  private String user = System.getProperty("user.name");
+
+  /** Creates the default options. */
+  public StoreOptions() {}
+
+  /** {@return the folder of the store} */
+  public Path folder() {
+    return store;
+  }
+
+  /** {@return a session on the store, which is made if need be, to be closed by the caller} */
+  public StandinSession open() {
+    return StandinSession.open(store, user);
+  }
+
+  /**
+   * Opens a store that must be there already.
+   *
+   * @return a session on the store, to be closed by the caller
+   * @throws IllegalArgumentException if there is no such folder
+   */
+  public StandinSession openExisting() {
+    if (!Files.isDirectory(store)) {
+      throw new IllegalArgumentException(
+          "There is no store " + store.toAbsolutePath()
+              + ". Name another folder with --store, or make one with: outline demo");
+    }
+    return open();
+  }
+}

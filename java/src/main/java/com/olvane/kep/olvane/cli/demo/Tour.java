@@ -1,0 +1,105 @@
+package com.olvane.kep.olvane.cli.demo;
+
+import com.olvane.kep.olvane.cli.OpenOutline;
+import com.olvane.kep.olvane.standin.StandinSession;
+import java.io.PrintWriter;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.Locale;
+
+/** What the acts of the demo share: the session, the plan, the page and the stop-watch. */
+final class Tour {
+  /** The application that the demo works in. */
+  static final String APPLICATION = "Demo";
+
+  /** The database that the demo works in. */
+  static final String DATABASE = "World";
+
+  private final StandinSession session;
+  private final OutlinePlan plan;
+  private final PrintWriter page;
+  private final PrintWriter progress;
+  private final List<String> times = new ArrayList<>();
+
+  /**
+   * Prepares a tour.
+   *
+   * @param session the session, which the caller closes
+   * @param plan the outline to build
+   * @param page where the results go
+   * @param progress where messages about the progress go
+   */
+  Tour(StandinSession session, OutlinePlan plan, PrintWriter page, PrintWriter progress) {
+    this.session = session;
+    this.plan = plan;
+    this.page = page;
+    this.progress = progress;
+  }
+
+  /** {@return the session} */
+  StandinSession session() {
+    return session;
+  }
+
+  /** {@return the outline to build} */
+  OutlinePlan plan() {
+    return plan;
+  }
+
+  /** {@return the demo's outline, opened for browsing; the caller closes it} */
+  OpenOutline browse() {
+    return OpenOutline.query(session, APPLICATION, DATABASE);
+  }
+
+  /**
+   * Prints a line of results.
+   *
+   * @param format a format as of {@link String#format}
+   * @param arguments its arguments
+   */
+  void print(String format, Object... arguments) {
+    page.printf(Locale.ROOT, format + "%n", arguments);
+  }
+
+  /**
+   * Says what is going on.
+   *
+   * @param text one line
+   */
+  void say(String text) {
+    progress.println(text);
+    progress.flush();
+  }
+
+  /**
+   * Runs a step and notes how long it took.
+   *
+   * @param name what the step does
+   * @param step the step; it returns the number of things it handled
+   */
+  void time(String name, CountedStep step) {
+    long start = System.nanoTime();
+    int count = step.run();
+    double micros = (System.nanoTime() - start) / 1e3;
+    times.add(
+        String.format(
+            Locale.ROOT, "  %-34s %,9d %9.1f %9.2f", name, count, micros / 1e3,
+            micros / Math.max(1, count)));
+  }
+
+  /** Prints what the stop-watch has noted. */
+  void printTimes() {
+    print("  %-34s %9s %9s %9s", "step", "count", "ms", "µs each");
+    times.forEach(line -> print("%s", line));
+  }
+
+  /** A step that counts what it handles. */
+  interface CountedStep {
+    /**
+     * Runs the step.
+     *
+     * @return the number of things it handled
+     */
+    int run();
+  }
+}

@@ -1,0 +1,2 @@
+/** The outline command. */
+package com.olvane.kep.olvane.cli;

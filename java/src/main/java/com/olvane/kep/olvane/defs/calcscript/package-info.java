@@ -1,0 +1,2 @@
+/** Value classes for editing calculation scripts. */
+package com.olvane.kep.olvane.defs.calcscript;

@@ -1,0 +1,192 @@
+package com.olvane.kep.olvane.standin;
+
+import com.olvane.kep.olvane.api.ContextHandle;
+import com.olvane.kep.olvane.api.InstanceHandle;
+import com.olvane.kep.olvane.api.jni.NativeLibrary;
+import java.nio.file.Path;
+
+/**
+ * A login to the embedded outline engine, which keeps its databases in a folder. It supplies the
+ * instance and context handles that the native methods of the outline editor take.
+ *
+ * <p>Failures are thrown as {@link StatusException}. A session may be used by several threads;
+ * several sessions, also of several processes, may use one folder at once.
+ */
+public final class StandinSession implements AutoCloseable {
+  static {
+    // The engine's library comes with the editor's, which depends on it.
+    NativeLibrary.load();
+  }
+
+  private final InstanceHandle instance;
+  private final ContextHandle context;
+
+  private StandinSession(InstanceHandle instance, ContextHandle context) {
+    this.instance = instance;
+    this.context = context;
+  }
+
+  /**
+   * Opens a store and logs in. The folder is created when it does not exist.
+   *
+   * @param store the folder of the store
+   * @param user the name to log in with; locks are held in this name
+   * @return the session, to be closed by the caller
+   * @throws StatusException if the folder is not a store, cannot be used or the login is refused
+   * @throws IllegalStateException if the library in use talks to a database server instead
+   */
+  public static StandinSession open(Path store, String user) {
+    int[] instance = new int[1];
+    try {
+      check("use the store " + store, initialize(store.toAbsolutePath().toString(), instance));
+    } catch (UnsatisfiedLinkError e) {
+      throw new IllegalStateException(
+          NativeLibrary.location()
+              + " is not linked with the embedded engine. Use the library of a build without"
+              + " KEPOTL_API_LIBRARIES, or log in through the client API of the server",
+          e);
+    }
+    int[] context = new int[1];
+    int status = login(instance[0], user, context);
+    if (status != 0) {
+      terminate(instance[0]);
+      check("log in as " + user, status);
+    }
+    return new StandinSession(new InstanceHandle(instance[0]), new ContextHandle(context[0]));
+  }
+
+  /** {@return the API instance} */
+  public InstanceHandle instance() {
+    return instance;
+  }
+
+  /** {@return the login context} */
+  public ContextHandle context() {
+    return context;
+  }
+
+  /**
+   * Creates a database, and its application where there is none of that name. Its outline comes to
+   * be when it is first opened for editing, and is stored when it is first written.
+   *
+   * @param application the name of the application, at most 30 bytes
+   * @param database the name of the database, at most 30 bytes
+   * @throws StatusException if the database exists or a name is not allowed
+   */
+  public void createDatabase(String application, String database) {
+    check(
+        "create the database " + application + "." + database,
+        createDatabase(context.getValue(), application, database));
+  }
+
+  /**
+   * Makes a database the active one, whose outline {@code openOutlineQuery} opens.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @throws StatusException if there is no such database
+   */
+  public void setActive(String application, String database) {
+    check(
+        "use the database " + application + "." + database,
+        setActive(context.getValue(), application, database));
+  }
+
+  /**
+   * Tells whether a database exists, and makes it the active one if so.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @return true if it exists
+   */
+  public boolean activateIfExists(String application, String database) {
+    return setActive(context.getValue(), application, database) == 0;
+  }
+
+  /**
+   * Marks a database as holding data or not. The engine keeps outlines only; this is what
+   * {@code getDataLoaded} then tells.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @param loaded true if it is to hold data
+   * @throws StatusException if there is no such database
+   */
+  public void setDataLoaded(String application, String database, boolean loaded) {
+    check(
+        "mark the database " + application + "." + database,
+        setDataLoaded(context.getValue(), application, database, loaded));
+  }
+
+  /**
+   * Tells whether a database has been restructured since it was created.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @return true if so
+   */
+  public boolean isRestructured(String application, String database) {
+    return restructured(context.getValue(), application, database);
+  }
+
+  /**
+   * Says what a status means.
+   *
+   * @param status any status of the API or of the library
+   * @return one sentence
+   */
+  public static String message(int status) {
+    return statusText(status);
+  }
+
+  /**
+   * Throws unless a status is 0.
+   *
+   * @param action what was attempted, such as "write the outline"
+   * @param status what it returned
+   * @throws StatusException if the status is not 0
+   */
+  public static void check(String action, int status) {
+    if (status != 0) {
+      throw new StatusException(action, status, statusText(status));
+    }
+  }
+
+  /** {@return the engine's count of the memory that this process was handed} */
+  public static Ledger memory() {
+    long[] counts = ledger();
+    return new Ledger(counts[0], counts[1], counts[2], counts[3]);
+  }
+
+  /** Logs out. Outlines that are still open and their locks are given up; closing again is fine. */
+  @Override
+  public synchronized void close() {
+    if (instance.isSet()) {
+      logout(context.getValue());
+      terminate(instance.getValue());
+      context.setValue(0);
+      instance.setValue(0);
+    }
+  }
+
+  static native int initialize(String storeFolder, int[] instanceOut);
+
+  static native int terminate(int instance);
+
+  static native int login(int instance, String user, int[] contextOut);
+
+  static native int logout(int context);
+
+  static native int createDatabase(int context, String application, String database);
+
+  static native int setActive(int context, String application, String database);
+
+  static native String statusText(int status);
+
+  static native int setDataLoaded(
+      int context, String application, String database, boolean loaded);
+
+  static native boolean restructured(int context, String application, String database);
+
+  static native long[] ledger();
+}
