@@ -33,3 +33,9 @@ elseif(KEPOTL_SANITIZE)
   set(KEPOTL_JAVA_COMMAND env "LD_PRELOAD=${asan}")
 endif()
 list(APPEND KEPOTL_JAVA_COMMAND "${jre}/bin/java")
+if(CMAKE_CROSSCOMPILING_EMULATOR)
+  # The emulator gives a thread the wrong thread-local storage after a signal handler has run, and
+  # the virtual machine crashes on it: these options make it do without most signals.
+  list(APPEND KEPOTL_JAVA_COMMAND -XX:TieredStopAtLevel=1 -XX:+UseSerialGC
+    -XX:+UnlockDiagnosticVMOptions -XX:GuaranteedSafepointInterval=0)
+endif()
