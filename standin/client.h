@@ -1,0 +1,70 @@
+// What libolv.so offers libolvotl.so: the ledger of memory handed out, contexts, the place and the
+// locks of stored objects, and processes that run on a thread of the stand-in.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include "api/records.h"
+#include "standin/status.h"
+
+namespace standin {
+
+// ---- The ledger ----
+
+// How a block must come back: OlvFree, OlvOtlFreeMembers or OlvOtlFreeStructure.
+enum class BlockKind { kPlain, kMembers, kStructure };
+
+// Hands out `bytes` zeroed bytes (at least 1) and enters them in the ledger; null when memory is
+// out. `count` and `code` are what the release has to repeat (structures, handle arrays).
+void* hand_out(BlockKind kind, size_t bytes, uint32_t count = 0, uint32_t code = 0);
+
+// hand_out for a text with its NUL.
+char* hand_out_text(const std::string& text);
+
+// Gives a block back. Null succeeds. kBlockUnknown or kBlockWrongRelease when it does not fit; both
+// are counted, and abort the process when OLV_STANDIN_STRICT is 1. A structure may also come back
+// as kPlain: some callers only hold an instance.
+int take_back(BlockKind kind, const void* block, uint32_t count = 0, uint32_t code = 0);
+
+// ---- Contexts ----
+
+struct Context {
+  HCTX handle = 0;
+  INST instance = 0;
+  bool local = false;       // objects kept on this machine, outside the store
+  std::string root;         // folder that holds <application>/<database>/<object>.otl
+  std::string application;  // the active database, empty when none
+  std::string database;
+};
+
+// Copies what is known of `handle` into `*context`; kBadContext when there is none.
+int find_context(HCTX handle, Context* context);
+
+// Path of an object's file after all names are checked (no separators, no dot names, at most 30
+// bytes, not empty). The file need not exist; for a local context its folder is made.
+int object_path(const Context& context, uint32_t type, const char* app, const char* db,
+                const char* object, std::string* path);
+
+// ---- Locks of stored objects, shared by all processes on the store ----
+
+int lock_object(const Context& context, uint32_t type, const char* app, const char* db,
+                const char* object);
+int unlock_object(const Context& context, uint32_t type, const char* app, const char* db,
+                  const char* object);
+// True when `context` itself holds the lock.
+bool holds_lock(const Context& context, uint32_t type, const char* app, const char* db,
+                const char* object);
+
+// ---- Processes ----
+
+// Runs `work` on a thread; OlvGetProcessState of `context` reports it until it is over, in every
+// process that uses the store, and a process that died counts as over. kProcessRunning when one
+// runs already for this context.
+int start_process(const Context& context, std::function<int()> work);
+
+// Notes in the store that the database has been restructured, for tests and for people to see.
+int mark_restructured(const Context& context, const std::string& app, const std::string& db);
+
+}  // namespace standin

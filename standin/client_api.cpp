@@ -1,0 +1,162 @@
+// The exported client API (api/olv.h).
+#include "api/olv.h"
+
+#include <chrono>
+#include <limits>
+
+#include "standin/cell_count.h"
+#include "standin/context.h"
+#include "standin/guard.h"
+#include "standin/ledger.h"
+#include "standin/object.h"
+
+using namespace standin;
+
+namespace {
+
+// This engine knows one access level: everything is allowed.
+constexpr uint16_t kFullAccess = 0xffff;
+
+// ProcessStateRecord::action.
+constexpr uint16_t kActionNone = 0;
+constexpr uint16_t kActionRestructure = 1;
+
+// ProcessStateRecord::state.
+constexpr uint16_t kStateOver = 0;
+constexpr uint16_t kStateGoingOn = 1;
+
+// A poll waits this long for the process to end. Callers poll back to back, and on a single core
+// the work would otherwise wait for them.
+constexpr std::chrono::milliseconds kPollWait(1);
+
+}  // namespace
+
+extern "C" {
+
+int OlvFree(INST inst, const void* block) {
+  return run_guarded([&] {
+    if (block == nullptr) return kStatusOk;
+    if (inst != 0 && !is_instance(inst)) {
+      return wrong_release(kBadInstance, block, "given back with an instance that does not exist");
+    }
+    return take_back(BlockKind::kPlain, block);
+  });
+}
+
+int OlvLockObject(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object) {
+  return run_guarded(
+      [&] { return lock_object(describe(*require_state(ctx)), type, app, db, object); });
+}
+
+int OlvUnlockObject(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object) {
+  return run_guarded(
+      [&] { return unlock_object(describe(*require_state(ctx)), type, app, db, object); });
+}
+
+int OlvSetActive(HCTX ctx, const char* app, const char* db, uint16_t* access) {
+  return run_guarded([&] {
+    if (access == nullptr) return static_cast<int>(kBadArgument);
+    const auto state = require_login(ctx);
+    existing_database(describe(*state), app, db);
+    std::string application(app);
+    std::string database(db);
+    const std::lock_guard<std::mutex> lock(state->mutex);
+    state->application.swap(application);
+    state->database.swap(database);
+    *access = kFullAccess;
+    return kStatusOk;
+  });
+}
+
+int OlvGetProcessState(HCTX ctx, ProcessStateRecord* state) {
+  return run_guarded([&] {
+    if (state == nullptr) return static_cast<int>(kBadArgument);
+    *state = ProcessStateRecord{};
+    const auto context = require_login(ctx);
+    ContextProcess& process = context->process;
+    std::unique_lock<std::mutex> lock(process.mutex);
+    if (process.running) {
+      process.over.wait_for(lock, kPollWait, [&] { return !process.running; });
+    }
+    state->action = process.started ? kActionRestructure : kActionNone;
+    state->state = process.running ? kStateGoingOn : kStateOver;
+    return process.running ? kStatusOk : process.result;
+  });
+}
+
+int OlvCreateLocalContext(INST inst, uint32_t zero1, uint32_t zero2, HCTX* local) {
+  return run_guarded([&] {
+    if (local == nullptr || zero1 != 0 || zero2 != 0) return static_cast<int>(kBadArgument);
+    *local = add_local_context(inst);
+    return kStatusOk;
+  });
+}
+
+int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object,
+                    int flag, char** path) {
+  return run_guarded([&] {
+    if (path == nullptr || (flag != 0 && flag != 1)) return static_cast<int>(kBadArgument);
+    const auto state = require_state(ctx);
+    if (!state->local) return static_cast<int>(kBadContext);
+    const std::string file = object_file(describe(*state), type, app, db, object);
+    uint64_t size = 0;
+    if (flag == 0 && !object_size(file, &size)) return static_cast<int>(kNoSuchObject);
+    char* text = hand_out_text(file);
+    if (text == nullptr) return static_cast<int>(kNoMemory);
+    *path = text;
+    return kStatusOk;
+  });
+}
+
+int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object,
+                     ObjectInfoRecord** info) {
+  return run_guarded([&] {
+    if (info == nullptr) return static_cast<int>(kBadArgument);
+    const auto state = require_state(ctx);
+    const Context context = describe(*state);
+    const std::string file = object_file(context, type, app, db, object);
+    const bool locked = state->store->lock_holder(object_key(context, type, app, db, object)) != 0;
+    uint64_t size = 0;
+    // An object that is locked but not written yet is there, with nothing in it.
+    if (!object_size(file, &size) && !locked) return static_cast<int>(kNoSuchObject);
+    auto* record =
+        static_cast<ObjectInfoRecord*>(hand_out(BlockKind::kPlain, sizeof(ObjectInfoRecord)));
+    if (record == nullptr) return static_cast<int>(kNoMemory);
+    constexpr uint64_t kLargest = std::numeric_limits<uint32_t>::max();
+    record->size = static_cast<uint32_t>(size < kLargest ? size : kLargest);
+    record->locked = locked ? 1 : 0;
+    *info = record;
+    return kStatusOk;
+  });
+}
+
+int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRecord** info) {
+  return run_guarded([&] {
+    if (info == nullptr) return static_cast<int>(kBadArgument);
+    const auto state = require_login(ctx);
+    const bool loaded = state->store->data_loaded(existing_database(describe(*state), app, db));
+    auto* record =
+        static_cast<DatabaseInfoRecord*>(hand_out(BlockKind::kPlain, sizeof(DatabaseInfoRecord)));
+    if (record == nullptr) return static_cast<int>(kNoMemory);
+    record->dataLoaded = loaded ? 1 : 0;
+    *info = record;
+    return kStatusOk;
+  });
+}
+
+int OlvPartitionGetAreaCellCount(HCTX ctx, const char* area, double* count) {
+  return run_guarded([&] {
+    if (area == nullptr || count == nullptr) return static_cast<int>(kBadArgument);
+    const Context context = describe(*require_login(ctx));
+    if (context.application.empty()) return static_cast<int>(kNoActiveDatabase);
+    const char* db = context.database.c_str();
+    const std::string file =
+        object_file(context, kObjectTypeOutline, context.application.c_str(), db, db);
+    uint64_t size = 0;
+    if (!object_size(file, &size)) return static_cast<int>(kNoSuchObject);
+    *count = count_cells(file, parse_area(area));
+    return kStatusOk;
+  });
+}
+
+}  // extern "C"

@@ -1,0 +1,69 @@
+// Levels of members: kept where that is cheap, marked unknown where it is not, and worked out
+// when asked for. An unknown level makes the levels of all members above unknown as well.
+#include <algorithm>
+
+#include "standin/outline/outline.h"
+
+namespace standin {
+
+namespace {
+// Ancestors whose level is raised at once when a member is added. Beyond it they become unknown,
+// so that building a deep chain costs no walk to the top per member.
+constexpr int kMostRaised = 64;
+}  // namespace
+
+uint32_t Outline::level(MemberId id) const {
+  MemberId node = id;
+  MemberId child = member(node).first_child;
+  while (member(id).level == kLevelUnknown) {
+    while (child != kNoMember && member(child).level != kLevelUnknown) child = member(child).next;
+    if (child != kNoMember) {
+      node = child;
+      child = member(node).first_child;
+      continue;
+    }
+    int32_t highest = -1;
+    for (child = member(node).first_child; child != kNoMember; child = member(child).next) {
+      highest = std::max(highest, member(child).level);
+    }
+    member(node).level = highest + 1;
+    child = member(node).next;
+    node = member(node).parent;
+  }
+  return static_cast<uint32_t>(member(id).level);
+}
+
+void Outline::invalidate_levels(MemberId id) {
+  for (; id != kRoot && member(id).level != kLevelUnknown; id = member(id).parent) {
+    member(id).level = kLevelUnknown;
+  }
+}
+
+// After `child` has been linked below `parent`.
+void Outline::level_added(MemberId parent, MemberId child) {
+  int32_t needed = member(child).level + 1;
+  if (member(child).level == kLevelUnknown) {
+    invalidate_levels(parent);
+    return;
+  }
+  for (int step = 0; step < kMostRaised; ++step, ++needed, parent = member(parent).parent) {
+    if (parent == kRoot || member(parent).level == kLevelUnknown) return;
+    if (member(parent).level >= needed) return;
+    member(parent).level = needed;
+  }
+  if (parent != kRoot && member(parent).level < needed) invalidate_levels(parent);
+}
+
+// Before `child` is unlinked from `parent`. A neighbour of the same level spares looking at the
+// other children.
+void Outline::level_removed(MemberId parent, MemberId child) {
+  if (parent == kRoot || member(parent).level == kLevelUnknown) return;
+  const Member& leaving = member(child);
+  if (leaving.level + 1 < member(parent).level) return;
+  for (const MemberId neighbour : {leaving.previous, leaving.next}) {
+    if (neighbour != kNoMember && member(neighbour).level == leaving.level) return;
+  }
+  invalidate_levels(parent);
+}
+
+}  // namespace standin

@@ -1,0 +1,73 @@
+// Processes: work on a thread of the stand-in, one at a time for a context and for a database.
+#include <chrono>
+#include <system_error>
+
+#include "standin/context.h"
+#include "standin/guard.h"
+#include "standin/object.h"
+
+namespace standin {
+namespace {
+
+// Does the work and tells the store, and last those who wait, that it is over.
+void run_process(const std::shared_ptr<ContextState>& state, int64_t login,
+                 const std::function<int()>& work) {
+  const int worked = run_guarded(work);
+  const int ended = run_guarded([&] {
+    state->store->end_process(login);
+    return kStatusOk;
+  });
+  ContextProcess& process = state->process;
+  const std::lock_guard<std::mutex> lock(process.mutex);
+  process.result = worked != kStatusOk ? worked : ended;
+  process.running = false;
+  process.over.notify_all();
+}
+
+}  // namespace
+
+int start_process(const Context& context, std::function<int()> work) {
+  return run_guarded([&] {
+    const auto state = require_login(context.handle);
+    if (context.application.empty()) return static_cast<int>(kNoActiveDatabase);
+    const std::string database =
+        existing_database(context, context.application.c_str(), context.database.c_str());
+
+    ContextProcess& process = state->process;
+    const std::lock_guard<std::mutex> lock(process.mutex);
+    if (process.closed) return static_cast<int>(kBadContext);
+    if (process.running) return static_cast<int>(kProcessRunning);
+    if (process.thread.joinable()) process.thread.join();
+    const int64_t login = state->login;
+    state->store->begin_process(login, database);
+    try {
+      process.thread = std::thread(run_process, state, login, std::move(work));
+    } catch (const std::system_error&) {
+      state->store->end_process(login);
+      return static_cast<int>(kNoMemory);
+    }
+    process.started = true;
+    process.running = true;
+    process.result = kStatusOk;
+    return kStatusOk;
+  });
+}
+
+void close_process(ContextProcess& process) {
+  {
+    std::unique_lock<std::mutex> lock(process.mutex);
+    process.closed = true;
+    process.over.wait(lock, [&] { return !process.running; });
+  }
+  if (process.thread.joinable()) process.thread.join();
+}
+
+int mark_restructured(const Context& context, const std::string& app, const std::string& db) {
+  return run_guarded([&] {
+    const auto state = require_login(context.handle);
+    state->store->count_restructure(database_name(app.c_str(), db.c_str()));
+    return kStatusOk;
+  });
+}
+
+}  // namespace standin

@@ -1,0 +1,49 @@
+// The stand-in's own session functions: opening a store, logging in, and what a test or a
+// demonstration needs besides. Each returns a status, 0 for success, unless it says otherwise.
+// A process that has opened a store must not fork and go on using it in the child.
+#pragma once
+
+#include "api/types.h"
+
+extern "C" {
+
+// Opens the store in a folder. A folder that does not exist is made, and an empty one becomes a
+// store. Ends with OlvStandinTerminate.
+int OlvStandinInitialize(const char* folder, INST* instance);
+
+// Ends an instance: waits for its processes and ends its contexts. In strict mode blocks that are
+// still out are reported on stderr.
+int OlvStandinTerminate(INST instance);
+
+// Logs a user in; any name of 1 to 80 bytes will do. Ends with OlvStandinLogout.
+int OlvStandinLogin(INST instance, const char* user, HCTX* context);
+
+// Ends a login or a local context: waits for its process and gives its locks back.
+int OlvStandinLogout(HCTX context);
+
+// Makes a database, and its application if need be; kDatabaseExists when it is there. It has no
+// stored outline until one is written: opening it for edit starts an empty one, opening it for
+// reading gives kNoSuchObject.
+int OlvStandinCreateDatabase(HCTX context, const char* application, const char* database);
+
+// One English sentence for a status; static, never null.
+const char* OlvStandinStatusText(int status);
+
+// Sets whether a database counts as holding data.
+int OlvStandinSetDataLoaded(HCTX context, const char* application, const char* database,
+                            int loaded);
+
+// How often a database has been restructured since it was made.
+int OlvStandinRestructured(HCTX context, const char* application, const char* database,
+                           uint32_t* times);
+
+// What the ledger counted since the library was loaded.
+struct OlvStandinLedgerCounts {
+  uint64_t handedOut;
+  uint64_t givenBack;
+  uint64_t wrongReleases;
+  uint64_t outstanding;
+};
+int OlvStandinLedger(OlvStandinLedgerCounts* counts);
+
+}  // extern "C"

@@ -1,0 +1,120 @@
+// The layer over SQLite.
+#include "standin/sqlite.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <new>
+
+#include "standin/guard.h"
+
+namespace standin {
+namespace {
+
+// How long to wait for another process that is writing, in milliseconds. Writes take few.
+constexpr int kBusyTimeout = 10000;
+
+[[noreturn]] void fail(sqlite3* connection, int result) {
+  switch (result & 0xff) {
+    case SQLITE_NOMEM:
+      throw std::bad_alloc();
+    case SQLITE_FULL:
+      throw StoreFailure(kNoSpace);
+    case SQLITE_NOTADB:
+      throw StoreFailure(kNotAStore);
+    case SQLITE_IOERR: {
+      const int error = connection == nullptr ? 0 : sqlite3_system_errno(connection);
+      throw StoreFailure(error == ENOSPC || error == EDQUOT || error == EFBIG ? kNoSpace
+                                                                              : kStoreError);
+    }
+    default:
+      throw StoreFailure(kStoreError);
+  }
+}
+
+void check(sqlite3* connection, int result) {
+  if (result != SQLITE_OK) fail(connection, result);
+}
+
+}  // namespace
+
+void Connection::Closer::operator()(sqlite3* connection) const {
+  sqlite3_close_v2(connection);
+}
+
+Connection::Connection(const std::string& file, int flags, const char* file_system) {
+  sqlite3* connection = nullptr;
+  const int result = sqlite3_open_v2(file.c_str(), &connection, flags, file_system);
+  connection_.reset(connection);  // a failed open has to be closed too
+  check(connection, result);
+  check(connection, sqlite3_extended_result_codes(connection, 1));
+  check(connection, sqlite3_busy_timeout(connection, kBusyTimeout));
+}
+
+void Connection::run(const char* sql) {
+  check(get(), sqlite3_exec(get(), sql, nullptr, nullptr, nullptr));
+}
+
+int64_t Connection::number(const char* sql) {
+  Statement statement(*this, sql);
+  return statement.next() ? statement.number(0) : 0;
+}
+
+void Statement::Finalizer::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+Statement::Statement(Connection& connection, const char* sql) : connection_(connection) {
+  sqlite3_stmt* statement = nullptr;
+  check(connection.get(), sqlite3_prepare_v2(connection.get(), sql, -1, &statement, nullptr));
+  statement_.reset(statement);
+}
+
+Statement& Statement::bind(int64_t value) {
+  check(connection_.get(), sqlite3_bind_int64(statement_.get(), ++bound_, value));
+  return *this;
+}
+
+Statement& Statement::bind(const std::string& value) {
+  check(connection_.get(), sqlite3_bind_text64(statement_.get(), ++bound_, value.data(),
+                                               value.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+  return *this;
+}
+
+bool Statement::next() {
+  const int result = sqlite3_step(statement_.get());
+  if (result == SQLITE_ROW) return true;
+  if (result != SQLITE_DONE) fail(connection_.get(), result);
+  return false;
+}
+
+void Statement::run() {
+  while (next()) {
+  }
+}
+
+int64_t Statement::number(int column) const {
+  return sqlite3_column_int64(statement_.get(), column);
+}
+
+std::string Statement::text(int column) const {
+  const void* bytes = sqlite3_column_blob(statement_.get(), column);
+  const int size = sqlite3_column_bytes(statement_.get(), column);
+  return bytes == nullptr ? std::string()
+                          : std::string(static_cast<const char*>(bytes), static_cast<size_t>(size));
+}
+
+Transaction::Transaction(Connection& connection) : connection_(connection) {
+  connection_.run("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction() {
+  if (open_) sqlite3_exec(connection_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Transaction::commit() {
+  connection_.run("COMMIT");
+  open_ = false;
+}
+
+}  // namespace standin

@@ -1,0 +1,60 @@
+// The stand-in's own statuses and their readable texts. Numbers that the native methods know
+// stand in api/types.h.
+#pragma once
+
+#include "api/types.h"
+
+namespace standin {
+
+enum Status : int {
+  kNotImplemented = 1900001,  // the stand-in does not offer this function yet
+  kBadInstance,               // no such instance
+  kBadContext,                // no such login or local context
+  kBadOutline,                // no such open outline
+  kBadMember,                 // no such member, or it was deleted
+  kBadArgument,               // a null or impossible argument
+  kNoMemory,
+  kNotAStore,       // the folder is not a store of this engine
+  kStoreError,      // reading or writing the store failed
+  kNoSpace,         // the disk is full
+  kDamagedOutline,  // the outline file is damaged
+  kBadObjectName,   // application, database or object name not allowed
+  kNoSuchDatabase,
+  kNoSuchObject,
+  kDatabaseExists,
+  kNoActiveDatabase,  // the context has no active database
+  kObjectLocked,      // another context holds the object's lock
+  kNotLocked,         // this context does not hold the object's lock
+  kReadOnly,          // the outline was opened for reading
+  kProcessRunning,    // the context's restructure is still going on
+  kMemberNotFound,
+  kEmptyName,
+  kNameTooLong,
+  kMoveBelowItself,
+  kBadPosition,  // parent and previous sibling do not fit together
+  kBadQuery,     // query type, options or arguments not known
+  kNoSuchAliasTable,
+  kDefaultAliasTable,  // the default alias table cannot be deleted
+  kAliasTooLong,
+  kAliasTableNameTooLong,
+  kUdaExists,
+  kNoSuchUda,
+  kUdaTooLong,
+  kNotAnAttribute,  // no attribute dimension or member
+  kNotAssociated,
+  kAlreadyAssociated,
+  kNoSuchDimension,
+  kNoSuchGeneration,  // no such generation or level, or it has no name
+  kNotATimeDimension,
+  kSeriesEnabled,  // the dynamic-time-series entry is enabled already
+  kSeriesNotEnabled,
+  kNoSuchSeries,       // no dynamic-time-series entry of that name
+  kBlockUnknown,       // memory that was not handed out, or given back already
+  kBlockWrongRelease,  // given back with the wrong function, code or count
+  kVerificationFailed,
+};
+
+// One English sentence for any status, the API's own numbers included; never null.
+const char* status_text(int status);
+
+}  // namespace standin

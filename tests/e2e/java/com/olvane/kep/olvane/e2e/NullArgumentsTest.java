@@ -1,0 +1,143 @@
+package com.olvane.kep.olvane.e2e;
+
+import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertTrue;
+
+import com.olvane.kep.olvane.api.ContextHandle;
+import com.olvane.kep.olvane.api.InstanceHandle;
+import com.olvane.kep.olvane.api.OutlineHandle;
+import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.cli.OpenOutline;
+import com.olvane.kep.olvane.defs.outline.Formula;
+import com.olvane.kep.olvane.defs.outline.FormulaHolder;
+import java.lang.reflect.Method;
+import java.lang.reflect.Modifier;
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.Collection;
+import java.util.List;
+import java.util.Map;
+import java.util.Set;
+import java.util.TreeMap;
+import java.util.TreeSet;
+import java.util.function.Function;
+import org.junit.Rule;
+import org.junit.Test;
+
+/** Every native method with arguments that are null, that hold nothing, or that are out of date. */
+public class NullArgumentsTest {
+  @Rule public final StoreRule store = new StoreRule();
+
+  private static List<Method> natives() {
+    List<Method> natives = new ArrayList<>();
+    for (Method method : OutlineJni.class.getDeclaredMethods()) {
+      if (Modifier.isNative(method.getModifiers())) {
+        natives.add(method);
+      }
+    }
+    assertEquals(116, natives.size());
+    return natives;
+  }
+
+  /** Calls all native methods; gives the results that are not 0, by method name. */
+  private static Map<String, Integer> callAll(Function<Class<?>, Object> argument)
+      throws ReflectiveOperationException {
+    Map<String, Integer> results = new TreeMap<>();
+    for (Method method : natives()) {
+      Object[] arguments = new Object[method.getParameterCount()];
+      for (int i = 0; i < arguments.length; i++) {
+        arguments[i] = argument.apply(method.getParameterTypes()[i]);
+      }
+      Object result = method.invoke(null, arguments);
+      if (!result.equals(0) && !result.equals(false)) {
+        results.put(method.getName(), (Integer) result);
+      }
+    }
+    return results;
+  }
+
+  /** A primitive argument, or null for a type that is none. */
+  private static Object primitive(Class<?> type, int number) {
+    if (type == boolean.class) {
+      return number != 0;
+    }
+    if (type == int.class) {
+      return number;
+    }
+    if (type == long.class) {
+      return (long) number;
+    }
+    return type == short.class ? Short.valueOf((short) number) : null;
+  }
+
+  /** A new argument that a real call could have. */
+  private static Object plausible(Class<?> type) {
+    try {
+      if (type.isPrimitive()) {
+        return primitive(type, 1);
+      }
+      if (type == String.class) {
+        return "Text";
+      }
+      if (Collection.class.isAssignableFrom(type)) {
+        return new ArrayList<>();
+      }
+      if (type == FormulaHolder.class) {
+        return new Formula();
+      }
+      return type.getConstructor().newInstance();
+    } catch (ReflectiveOperationException e) {
+      throw new AssertionError(e);
+    }
+  }
+
+  /** The refusals that are documented for handles of 0. */
+  private static final Set<String> REFUSED = new TreeSet<>(Arrays.asList(
+      "assignAttributeMember", "listDTSLatestMembers"));
+
+  @Test
+  public void nullArgumentsDoNothing() throws ReflectiveOperationException {
+    Map<String, Integer> results = callAll(type -> primitive(type, 0));
+    // This one looks at its file before the outline.
+    assertEquals(Integer.valueOf(-1), results.remove("exportAliasTable"));
+    assertEquals(REFUSED, results.keySet());
+    assertTrue(results.toString(), results.values().stream().allMatch(status -> status == -1));
+  }
+
+  @Test
+  public void closedHandlesDoNothing() throws ReflectiveOperationException {
+    Map<String, Integer> results = callAll(NullArgumentsTest::plausible);
+    results.remove("exportAliasTable"); // it writes a file of no aliases
+    assertEquals(REFUSED, results.keySet());
+  }
+
+  @Test
+  public void handlesOfClosedOutlinesAndSessionsAreAnsweredWithAStatus()
+      throws ReflectiveOperationException {
+    int instance;
+    int context;
+    int outline;
+    try (OpenOutline open = store.edit()) {
+      instance = store.instance().getValue();
+      context = store.session().context().getValue();
+      outline = open.handle().getValue();
+    }
+    store.session().close();
+    OutlineHandle stale = new OutlineHandle();
+    Map<String, Integer> results = callAll(type -> {
+      stale.setValue(outline);
+      return type == OutlineHandle.class ? stale
+          : type == ContextHandle.class ? new ContextHandle(context)
+          : type == InstanceHandle.class ? new InstanceHandle(instance)
+          : plausible(type);
+    });
+    Set<String> silent = new TreeSet<>();
+    natives().forEach(method -> silent.add(method.getName()));
+    silent.removeAll(results.keySet());
+    // The searches in batches, the check of a name and the block requests, which are given no
+    // members here, have nothing to report.
+    assertEquals(new TreeSet<>(Arrays.asList(
+        "findMember", "findRequest", "getMemberAliasesBlock", "getMemberAttributesBlock",
+        "getMemberFormulaBlock", "getMemberUDASBlock")), silent);
+  }
+}

@@ -1,0 +1,81 @@
+package com.olvane.kep.olvane.e2e;
+
+import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static org.junit.Assert.assertEquals;
+
+import com.olvane.kep.olvane.api.InstanceHandle;
+import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.cli.OpenOutline;
+import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import com.olvane.kep.olvane.standin.Ledger;
+import com.olvane.kep.olvane.standin.StandinSession;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
+import org.junit.rules.ExternalResource;
+
+/**
+ * A session on a new store with the database Test.Test, and short ways to work in it. When a test
+ * is over, the API's memory must all have come back.
+ */
+final class StoreRule extends ExternalResource {
+  static final String APPLICATION = "Test";
+  static final String DATABASE = "Test";
+
+  private Path folder;
+  private StandinSession session;
+  private Ledger before;
+
+  @Override
+  protected void before() {
+    folder = Settings.newFolder();
+    session = StandinSession.open(folder, "tester");
+    session.createDatabase(APPLICATION, DATABASE);
+    before = StandinSession.memory();
+  }
+
+  @Override
+  protected void after() {
+    session.close();
+    Ledger now = StandinSession.memory();
+    assertEquals("blocks not given back", before.outstanding(), now.outstanding());
+    assertEquals("wrong releases", before.wrongReleases(), now.wrongReleases());
+  }
+
+  Path folder() {
+    return folder;
+  }
+
+  StandinSession session() {
+    return session;
+  }
+
+  InstanceHandle instance() {
+    return session.instance();
+  }
+
+  OpenOutline edit() {
+    return OpenOutline.edit(session, APPLICATION, DATABASE);
+  }
+
+  OpenOutline query() {
+    return OpenOutline.query(session, APPLICATION, DATABASE);
+  }
+
+  /** Adds a member as the first child of a parent, or after a sibling; gives its handle. */
+  static int create(OpenOutline open, int parent, int previousSibling, String name) {
+    List<DefaultMember> created = new ArrayList<>();
+    check("create " + name, OutlineJni.createMember(
+        open.instance(), open.handle(), parent, previousSibling, name, created));
+    return created.get(0).getHandle();
+  }
+
+  /** The children of a member, or the dimensions for a null name. */
+  static List<DefaultMember> children(OpenOutline open, String parent) {
+    List<DefaultMember> children = new ArrayList<>();
+    check("list the children of " + parent, parent == null
+        ? OutlineJni.getDimensionsEx(open.instance(), open.handle(), children)
+        : OutlineJni.getChildrenEx(open.instance(), open.handle(), parent, 0, children));
+    return children;
+  }
+}

@@ -1,0 +1,36 @@
+# Runs a Java command and judges it: cmake -DWORK=FOLDER -P run_junit.cmake -- COMMAND ARG...
+# The tests report to standard error; standard output is the virtual machine's, whose warnings
+# about JNI calls fail the run. Two kinds follow from the small set of JNI functions that the
+# library keeps to: missing exception checks, and many local references. WORK is the folder that
+# the tests work in; it is made empty before and removed after.
+
+set(command "")
+set(in_command FALSE)
+math(EXPR last "${CMAKE_ARGC} - 1")
+foreach(i RANGE ${last})
+  if(in_command)
+    list(APPEND command "${CMAKE_ARGV${i}}")
+  elseif(CMAKE_ARGV${i} STREQUAL "--")
+    set(in_command TRUE)
+  endif()
+endforeach()
+
+file(REMOVE_RECURSE "${WORK}")
+file(MAKE_DIRECTORY "${WORK}")
+set(output "${WORK}.output")
+execute_process(COMMAND ${command}
+  WORKING_DIRECTORY "${WORK}" OUTPUT_FILE "${output}" RESULT_VARIABLE result)
+
+set(allowed "^WARNING: JNI local refs: |^WARNING in native method: JNI call made without checking exceptions when required to from ")
+file(STRINGS "${output}" warnings REGEX "^(WARNING|Warning|FATAL ERROR)")
+list(FILTER warnings EXCLUDE REGEX "${allowed}")
+list(REMOVE_DUPLICATES warnings)
+file(REMOVE_RECURSE "${WORK}")
+if(warnings)
+  list(JOIN warnings "\n  " text)
+  message(FATAL_ERROR "The virtual machine warned:\n  ${text}\nAll of its output: ${output}")
+endif()
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "The tests ended with ${result}. Output of the virtual machine: ${output}")
+endif()
+file(REMOVE "${output}")

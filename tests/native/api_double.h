@@ -1,0 +1,166 @@
+// A double of the client and outline API in memory, behind the same functions
+// as the real one. It holds one small outline, writes every call to the
+// journal, can fail any call, and keeps a ledger of everything that it hands
+// out.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "api/records.h"
+
+// The handles that the double knows. All have their top bit set, so that a
+// handle treated as a signed number shows.
+inline constexpr INST kInst = 0xA0000001;
+inline constexpr HCTX kContext = 0xC0000001;
+inline constexpr HCTX kLocalContext = 0xC0000002;
+inline constexpr HOutline kOutline = 0x90000001;          // open from the start
+inline constexpr HOutline kOpenedOutline = 0x90000002;    // what opening gives
+inline constexpr HOutline kCurrencyOutline = 0x90000003;  // what currency generation gives
+inline constexpr HMember kFirstMember = 0x80000001;       // handles count up from here
+
+// Statuses of the double's own.
+inline constexpr int kBadHandle = 9001;
+inline constexpr int kNoSuchMember = 9002;
+inline constexpr int kNoSuchTable = 9003;
+inline constexpr int kNoSuchObject = 9004;
+inline constexpr int kLocked = 9005;
+inline constexpr int kRefusedByApi = 9006;
+
+// One member, with everything that hangs on it.
+struct DoubleMember {
+  MemberInfoRecord info = {};  // structure fields are kept true
+  HMember parent = 0;
+  std::vector<HMember> children;
+  std::map<std::string, std::string> aliases;  // by table
+  std::vector<std::string> udas;
+  std::optional<std::string> formula;
+  std::optional<std::string> comment;
+  std::vector<HMember> attributes;  // associated members or dimensions
+  bool deleted = false;
+};
+
+// What the double gives back when it is asked, free for a test to change.
+struct DoubleState {
+  std::vector<DoubleMember> members;  // by handle - kFirstMember
+  std::vector<HMember> dimensions;
+  std::vector<std::string> alias_tables;
+  OutlineInfoRecord info = {};
+  AttributeSpecRecord spec = {};  // texts are literals or point into spec_texts
+  std::deque<std::string> spec_texts;
+  std::map<std::string, std::vector<GenLevelNameEntry>> generations;  // by dimension; plain names
+  std::map<std::string, std::vector<GenLevelNameEntry>> levels;
+  std::vector<DtsEntry> time_series;
+  std::map<std::pair<std::string, std::string>, std::string> time_series_aliases;
+  uint32_t global_errors = 0;
+  std::vector<MemberErrorEntry> member_errors;
+  std::set<std::string> scratch_objects;  // of the local context
+  int process_polls = 0;                  // polls that still find the process going on
+  uint16_t data_loaded = 0;
+  uint8_t lock_byte = 0;
+  double cell_count = 0;
+  bool refuse_rename = false;
+};
+
+class ApiDouble : public DoubleState {
+ public:
+  // Back to the sample outline, with an empty ledger and no failures ordered.
+  void reset();
+  // Back to an outline without members.
+  void clear_outline();
+
+  // ---- Failures ----
+
+  // The n-th call from now (from 1) answers `status`, and with `onwards` every
+  // one after it.
+  void fail_call(int n, int status, bool onwards = false);
+  // Calls of one function, from the n-th on from now, answer `status`.
+  void fail_function(const std::string& function, int status, int n = 1);
+  // Functions called since the reset, in order.
+  const std::vector<std::string>& called() const { return called_; }
+
+  // ---- Ledger ----
+
+  // What is outstanding, as text lines: blocks, and locks and outlines.
+  std::vector<std::string> blocks_outstanding() const;
+  std::set<std::string> locks;
+  std::set<HOutline> open_outlines;
+
+  // ---- The outline ----
+
+  // Adds a member below `parent` (0: a dimension) with plain properties and
+  // gives its handle.
+  HMember add(const std::string& name, HMember parent = 0);
+  // Adds `length` members, each below the one before, named `prefix` and a
+  // number.
+  HMember add_chain(HMember parent, int length, const std::string& prefix);
+  // Handle of a name; 0 when there is none.
+  HMember find(const std::string& name) const;
+  // The member; ends the test program when the handle is none.
+  DoubleMember& member(HMember handle);
+  DoubleMember& member(const std::string& name) { return member(find(name)); }
+  bool exists(HMember handle) const;
+  // Names of the children of a member (0: of the dimensions), in order.
+  std::vector<std::string> children_of(HMember handle) const;
+
+  // ---- For the API functions ----
+
+  // Writes one call to the journal. The status that is ordered for it, else 0.
+  int call(const char* function, const std::vector<std::string>& arguments);
+  // The same for a call on one member: handles come first, and unknown ones
+  // have their statuses.
+  int call_on(const char* function, HOutline h, HMember member, std::vector<std::string> rest = {});
+  // Hands out a block and notes how it is to be given back.
+  enum class Release { kFree, kMembers, kMemberRecord, kSpec };
+  void* hand_out(const char* kind, Release release, size_t size, uint32_t count = 1);
+  char* hand_out_text(const char* kind, const std::string& text);
+  // Takes a block back; a fault when that is not the way.
+  int take_back(const void* block, Release release, uint32_t count);
+
+  std::string name_of(HMember handle) const;     // for the journal
+  std::string name_of_block(const void*) const;  // its kind, for the journal
+  void remove(HMember handle);
+  void insert(HMember handle, HMember parent, HMember previous);
+  std::vector<HMember>& siblings(HMember handle);
+  HMember dimension_of(HMember handle) const;
+
+ private:
+  struct Block {
+    std::string kind;
+    Release release;
+    uint32_t count;
+    size_t size;
+    bool outstanding;
+  };
+
+  void update_levels(HMember handle);
+
+  std::map<const void*, Block> blocks_;  // given back ones too, until the reset
+  std::vector<std::string> called_;
+  int fail_at_ = 0;  // 0: never
+  int fail_status_ = 0;
+  bool fail_onwards_ = false;
+  std::map<std::string, std::pair<int, int>> function_failures_;  // calls to go, status
+};
+
+// The one double of the process.
+ApiDouble& api();
+
+// ---- Texts for the journal ----
+
+// A text that the API needs; a null one is a fault.
+std::string needed(const char* text);
+// Name of one of the handles above.
+std::string handle_name(uint32_t handle);
+// The fields of a record that differ from `baseline`, as {field=value ...}.
+std::string describe(const MemberInfoRecord& record, const MemberInfoRecord& baseline);
+std::string describe(const ObjectDefinitionRecord* object);
+std::string describe(const MemberQuery* query);
+std::string describe(const MemberQueryCounts* counts);
+std::string describe(const AttributeQuery* query);
+std::string describe(const AttributeSpecRecord& record, const AttributeSpecRecord& baseline);

@@ -1,0 +1,166 @@
+// The double's client API: memory, locks, stored objects, databases; opening,
+// writing and restructuring of outlines.
+#include <string>
+
+#include "api/olv.h"
+#include "api/olvotl.h"
+#include "tests/native/api_double.h"
+#include "tests/native/journal.h"
+
+namespace {
+
+std::string lock_name(const char* app, const char* db, const char* object) {
+  return std::string(app) + '/' + db + '/' + object;
+}
+
+// Type, application, database and object of a call, after its context.
+std::vector<std::string> object_arguments(HCTX ctx, uint32_t type, const char* app, const char* db,
+                                          const char* object) {
+  return {handle_name(ctx), std::to_string(type), needed(app), needed(db), needed(object)};
+}
+
+bool is_context(HCTX ctx) { return ctx == kContext || ctx == kLocalContext; }
+
+}  // namespace
+
+// What gives something back does so even when a failure is ordered for it: the
+// failure is that of the call, and nothing would be left to give back again.
+
+int OlvFree(INST inst, const void* block) {
+  const int ordered = api().call("OlvFree", {handle_name(inst), api().name_of_block(block)});
+  if (inst != 0 && inst != kInst) journal().fault("OlvFree with an unknown instance");
+  const int status = api().take_back(block, ApiDouble::Release::kFree, 1);
+  return ordered != kStatusOk ? ordered : status;
+}
+
+int OlvLockObject(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object) {
+  const int status = api().call("OlvLockObject", object_arguments(ctx, type, app, db, object));
+  if (status != kStatusOk) return status;
+  if (ctx != kContext) return kBadHandle;
+  return api().locks.insert(lock_name(app, db, object)).second ? kStatusOk : kLocked;
+}
+
+int OlvUnlockObject(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object) {
+  const int ordered = api().call("OlvUnlockObject", object_arguments(ctx, type, app, db, object));
+  const bool held = api().locks.erase(lock_name(app, db, object)) == 1;
+  return ordered != kStatusOk ? ordered : held ? kStatusOk : kLocked;
+}
+
+int OlvSetActive(HCTX ctx, const char* app, const char* db, uint16_t* access) {
+  const int status = api().call("OlvSetActive", {handle_name(ctx), needed(app), needed(db)});
+  if (status == kStatusOk) *access = 0xFFFF;
+  return status;
+}
+
+int OlvGetProcessState(HCTX ctx, ProcessStateRecord* state) {
+  const int status = api().call("OlvGetProcessState", {handle_name(ctx)});
+  if (status != kStatusOk) return status;
+  // Only `state` says whether the process goes on.
+  *state = {7, static_cast<uint16_t>(api().process_polls > 0 ? 0x0100 : 0), {9, 9, 9}};
+  if (api().process_polls > 0) --api().process_polls;
+  return kStatusOk;
+}
+
+int OlvCreateLocalContext(INST inst, uint32_t zero1, uint32_t zero2, HCTX* local) {
+  const int status = api().call("OlvCreateLocalContext",
+                                {handle_name(inst), std::to_string(zero1), std::to_string(zero2)});
+  if (status == kStatusOk) *local = kLocalContext;
+  return status;
+}
+
+int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object,
+                    int flag, char** path) {
+  std::vector<std::string> arguments = object_arguments(ctx, type, app, db, object);
+  arguments.push_back(std::to_string(flag));
+  const int status = api().call("OlvGetLocalPath", arguments);
+  if (status != kStatusOk) return status;
+  *path = api().hand_out_text("path", std::string("/scratch/") + object);
+  return kStatusOk;
+}
+
+int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object,
+                     ObjectInfoRecord** info) {
+  const int status = api().call("OlvGetObjectInfo", object_arguments(ctx, type, app, db, object));
+  if (status != kStatusOk) return status;
+  if (ctx == kLocalContext && api().scratch_objects.count(object) == 0) return kNoSuchObject;
+  *info = static_cast<ObjectInfoRecord*>(
+      api().hand_out("object info", ApiDouble::Release::kFree, sizeof(ObjectInfoRecord)));
+  (*info)->size = 4096;
+  (*info)->locked = api().lock_byte;
+  return kStatusOk;
+}
+
+int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRecord** info) {
+  const int status = api().call("OlvGetDatabaseInfo", {handle_name(ctx), needed(app), needed(db)});
+  if (status != kStatusOk) return status;
+  *info = static_cast<DatabaseInfoRecord*>(
+      api().hand_out("database info", ApiDouble::Release::kFree, sizeof(DatabaseInfoRecord)));
+  (*info)->dataLoaded = api().data_loaded;
+  return kStatusOk;
+}
+
+int OlvPartitionGetAreaCellCount(HCTX ctx, const char* area, double* count) {
+  const int status = api().call("OlvPartitionGetAreaCellCount", {handle_name(ctx), needed(area)});
+  if (status == kStatusOk) *count = api().cell_count;
+  return status;
+}
+
+int OlvOtlOpenOutlineQuery(HCTX ctx, const ObjectDefinitionRecord* object, HOutline* opened) {
+  const int status = api().call("OlvOtlOpenOutlineQuery", {handle_name(ctx), describe(object)});
+  if (status != kStatusOk) return status;
+  api().open_outlines.insert(kOpenedOutline);
+  *opened = kOpenedOutline;
+  return kStatusOk;
+}
+
+int OlvOtlOpenOutline(HCTX ctx, const ObjectDefinitionRecord* object, int flag1, int flag2,
+                      HOutline* opened) {
+  const int status = api().call(
+      "OlvOtlOpenOutline",
+      {handle_name(ctx), describe(object), std::to_string(flag1), std::to_string(flag2)});
+  if (status != kStatusOk) return status;
+  const std::string lock =
+      lock_name(object->applicationName, object->databaseName, object->objectName);
+  if (!api().locks.insert(lock).second) return kLocked;
+  api().open_outlines.insert(kOpenedOutline);
+  *opened = kOpenedOutline;
+  return kStatusOk;
+}
+
+int OlvOtlCloseOutline(HOutline h) {
+  const int ordered = api().call("OlvOtlCloseOutline", {handle_name(h)});
+  const bool open = api().open_outlines.erase(h) == 1;
+  return ordered != kStatusOk ? ordered : open ? kStatusOk : kBadHandle;
+}
+
+int OlvOtlVerifyOutline(HOutline h, uint32_t* global, uint32_t* count, MemberErrorEntry** errors) {
+  const int status = api().call("OlvOtlVerifyOutline", {handle_name(h)});
+  if (status != kStatusOk) return status;
+  *global = api().global_errors;
+  *count = static_cast<uint32_t>(api().member_errors.size());
+  if (*count == 0) return kStatusOk;
+  *errors = static_cast<MemberErrorEntry*>(api().hand_out(
+      "member errors", ApiDouble::Release::kFree, *count * sizeof(MemberErrorEntry)));
+  for (uint32_t i = 0; i < *count; ++i) (*errors)[i] = api().member_errors[i];
+  return kStatusOk;
+}
+
+int OlvOtlWriteOutline(HOutline h, const ObjectDefinitionRecord* object) {
+  const int status = api().call("OlvOtlWriteOutline", {handle_name(h), describe(object)});
+  if (status != kStatusOk) return status;
+  if (api().open_outlines.count(h) == 0 || !is_context(object->context)) return kBadHandle;
+  if (object->context == kLocalContext) api().scratch_objects.insert(object->objectName);
+  return kStatusOk;
+}
+
+int OlvOtlRestructure(HCTX ctx, uint16_t option) {
+  return api().call("OlvOtlRestructure", {handle_name(ctx), std::to_string(option)});
+}
+
+int OlvOtlGenerateCurrencyOutline(HOutline h, HOutline* currency) {
+  const int status = api().call("OlvOtlGenerateCurrencyOutline", {handle_name(h)});
+  if (status != kStatusOk) return status;
+  api().open_outlines.insert(kCurrencyOutline);
+  *currency = kCurrencyOutline;
+  return kStatusOk;
+}

@@ -1,0 +1,352 @@
+// Listings of dimensions and children, and the member objects that they are made of.
+#include "bridge/bridge.h"
+#include "tests/native/native_test.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class BrowseTest : public NativeTest {
+ protected:
+  // The setters that one builder sends for a member, without the receiver's name.
+  std::vector<std::string> setters(const char* name, bool cached) {
+    journal().clear();
+    JniProbe probe(env_);
+    MemberInfoIDStruct ids;
+    populateMemberInfoIDStruct(&probe, &ids);
+    const HMember member = api().find(name);
+    jobject object = cached ? CreateMemberObjectEx(&probe, kOutline, member, &ids)
+                            : CreateMemberObject(&probe, kOutline, member);
+    EXPECT_NE(object, nullptr);
+    EXPECT_EQ(probe.live_strings(), 0);
+    probe.finish();
+    std::vector<std::string> lines = java_calls();
+    EXPECT_EQ(lines.front(), "new DefaultMember()");
+    lines.erase(lines.begin());
+    for (std::string& line : lines) line = line.substr(line.find('.') + 1);
+    return lines;
+  }
+
+  static std::string number(const char* name) {
+    return std::to_string(static_cast<jint>(api().find(name)));
+  }
+
+  jobject list = java.list();
+};
+
+// ---- Member objects ----
+
+TEST_F(BrowseTest, BothBuildersSendTheSameSettersInOrder) {
+  MemberInfoRecord& info = api().member("Costs").info;
+  info.shareOption = -3;
+  info.attributeType = 4;
+  info.dimensionCategory = kCategoryAccounts;
+  const std::vector<std::string> expected = {
+      "setHoldExceptions(true)",
+      "setHandle(" + number("Costs") + ")",
+      "setName(\"Costs\")",
+      "setDimensionName(\"Measures\")",
+      "setDimensionHandle(" + number("Measures") + ")",
+      "setGeneration(2)",
+      "setConsolidation(1)",
+      "setTwoPassCalculation(true)",
+      "setCurrencyConversionType(3)",
+      "setExpenseMember(true)",
+      "setCurrencyMember(\"USD\")",
+      "setTimeBalanceOption(2)",
+      "setTimeBalanceSkipOption(3)",
+      "setShare(-3)",
+      "setDimensionCategory(1)",
+      "setComment(\"What it costs\")",
+      "setAttributeType(4)",
+      "setHoldExceptions(false)"};
+  EXPECT_EQ(setters("Costs", false), expected);
+  EXPECT_EQ(setters("Costs", true), expected);
+}
+
+TEST_F(BrowseTest, OnlyTheCachedBuilderSendsAttributed) {
+  api().member("Product").info.storageType = 0;
+  std::vector<std::string> expected = {"setHoldExceptions(true)",
+                                       "setHandle(" + number("Product") + ")",
+                                       "setName(\"Product\")",
+                                       "setDimensionName(\"Product\")",
+                                       "setDimensionHandle(" + number("Product") + ")",
+                                       "setLevel(1)",
+                                       "setDimensionStorageType(0)",
+                                       "setChildCount(2)",
+                                       "setHasHybridDescendants(true)",
+                                       "setHybridAnalysisEnabled(true)",
+                                       "setHoldExceptions(false)"};
+  EXPECT_EQ(setters("Product", false), expected);
+  expected.insert(expected.begin() + 8, "setAttributed(true)");
+  EXPECT_EQ(setters("Product", true), expected);
+}
+
+TEST_F(BrowseTest, HybridFlagsAreSentForDimensionsAndLeavesOnly) {
+  const std::string descendants = "setHasHybridDescendants(true)";
+  api().member("Qtr1").info.hybridFlag = 1;
+  api().member("Feb").info.hybridFlag = 1;
+  for (bool cached : {false, true}) {
+    // The dimension is judged by its first leaf, Jan, only.
+    EXPECT_THAT(setters("Year", cached), Not(Contains(descendants)));
+    EXPECT_THAT(setters("Qtr1", cached), Not(Contains(descendants)));
+    EXPECT_THAT(setters("Feb", cached), Contains(descendants));
+    EXPECT_THAT(setters("Feb", cached), Not(Contains(HasSubstr("setLevel"))));
+  }
+  api().member("Jan").info.hybridFlag = 1;
+  EXPECT_THAT(setters("Year", true), Contains(descendants));
+  const HMember empty = api().add("Empty");
+  EXPECT_THAT(setters("Empty", true), Not(Contains(descendants)));
+  api().member(empty).info.hybridFlag = 1;
+  EXPECT_THAT(setters("Empty", true), Contains(descendants));
+}
+
+TEST_F(BrowseTest, BuildersRefuseNullRecordsAndCaches) {
+  JniProbe probe(env_);
+  MemberInfoIDStruct none = {};
+  MemberInfoRecord info = api().member("Jan").info;
+  EXPECT_EQ(CreateMemberObjectWithInfo(&probe, kOutline, kFirstMember, nullptr), nullptr);
+  EXPECT_EQ(CreateMemberObjectWithInfoEx(&probe, kOutline, kFirstMember, &info, nullptr), nullptr);
+  EXPECT_EQ(CreateMemberObjectWithInfoEx(&probe, kOutline, kFirstMember, &info, &none), nullptr);
+  EXPECT_EQ(CreateMemberObject(&probe, kOutline, 0), nullptr);
+  EXPECT_EQ(CreateMemberObjectEx(&probe, kOutline, 0, &none), nullptr);
+  probe.finish();
+  // A slot whose look-up failed leaves out one setter, no more.
+  JniProbe second(env_);
+  MemberInfoIDStruct ids;
+  populateMemberInfoIDStruct(&second, &ids);
+  ids.set_name = nullptr;
+  EXPECT_NE(CreateMemberObjectEx(&second, kOutline, api().find("Qtr2"), &ids), nullptr);
+  second.finish();
+  const std::vector<std::string> calls = java_calls();
+  EXPECT_THAT(calls, Not(Contains(HasSubstr("setName"))));
+  EXPECT_EQ(calls.back(), "DefaultMember.setHoldExceptions(false)");
+  EXPECT_EQ(calls.size(), 7u);
+}
+
+TEST_F(BrowseTest, UnknownDimensionLeavesItsHandleOut) {
+  api().fail_function("OlvOtlGetParent", 77);
+  EXPECT_THAT(setters("Jan", true), Not(Contains(HasSubstr("setDimensionHandle"))));
+}
+
+TEST_F(BrowseTest, MemberInfoSendsTheWholePropertySet) {
+  jobject properties = java.make("defs/OutlineMemberProperties");
+  EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), java.text("Costs"), properties), 0);
+  std::vector<std::string> lines = java_calls();
+  for (std::string& line : lines) line = line.substr(line.find('.') + 1);
+  EXPECT_THAT(lines,
+              ElementsAre("setName(\"Costs\")", "setLevel(0)", "setGeneration(2)",
+                          "setConsolidation(1)", "setTwoPass(true)", "setExpense(true)",
+                          "setConversion(3)", "setCurrencyMember(\"USD\")", "setTimeBalance(2)",
+                          "setSkip(3)", "setShare(0)", "setStorage(0)", "setCategory(0)",
+                          "setStorageCategory(4)", "setComment(\"What it costs\")",
+                          "setChildCount(0)", "setDimension(\"Measures\")",
+                          "setAttributes(false)"));
+  EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), java.text("Nowhere"), properties), 0);
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlQueryMembers(outline, 0, {type=11 options=1 "
+                          "pattern1=\"Nowhere\"}, {})",
+                          "OlvOtlFreeMembers(outline, 0, query result)"));
+}
+
+TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
+  api().member("Jan").info.childCount = 0xFFFFFFFF;
+  EXPECT_THAT(setters("Jan", true), Contains("setChildCount(4294967295)"));
+  EXPECT_EQ(call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0,
+                 list),
+            0);
+  EXPECT_EQ(java.elements(list), "[4294967295]");
+}
+
+// ---- Names ----
+
+TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
+  EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), list), 0);
+  EXPECT_EQ(live_strings, 0);
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Qtr1"),
+                 list),
+            0);
+  EXPECT_EQ(java.elements(list), "[Year, Measures, Product, Pack, Jan, Feb]");
+  EXPECT_THAT(api_calls(),
+              testing::AllOf(Contains("OlvOtlQueryMembers(outline, 0, {type=1}, {})"),
+                             Contains("OlvOtlQueryMembersByName(outline, \"Qtr1\", {type=1 "
+                                      "dimension=\"Year\"}, {})")));
+}
+
+TEST_F(BrowseTest, AQueryThatFindsNothingAddsNothing) {
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Jan"),
+                 list),
+            0);
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Nowhere"),
+                 list),
+            kNoSuchMember);
+  EXPECT_EQ(java.elements(list), "[]");
+}
+
+TEST_F(BrowseTest, UnreadableMembersAreSkippedAndTheLastReadDecides) {
+  api().fail_function("OlvOtlGetMemberInfo", 77, 4);
+  EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), list), 77);
+  EXPECT_EQ(java.elements(list), "[Year, Measures, Product]");
+  // The third call of the next listing fails alone: the last read succeeds.
+  api().fail_function("OlvOtlGetMemberInfo", 0);
+  jobject second = java.list();
+  api().fail_call(2, 77);
+  EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), second), 0);
+  EXPECT_EQ(java.elements(second), "[Measures, Product, Pack]");
+}
+
+TEST_F(BrowseTest, AliasTextsAreQuotedPieces) {
+  EXPECT_EQ(call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), java.text("Default"),
+                 list),
+            0);
+  EXPECT_EQ(live_strings, 0);
+  EXPECT_EQ(java.elements(list),
+            "[\"Year\"\"Calendar\"\"Time\", \"Measures\"\"\"\"\", \"Product\"\"\"\"\", "
+            "\"Pack\"\"\"\"\"]");
+  jobject children = java.list();
+  EXPECT_EQ(call(NATIVE(getChildrenAliasFor), java.instance(), java.outline(), java.text("Year"),
+                 java.text("Qtr1"), java.text("Long Names"), children),
+            0);
+  EXPECT_EQ(java.elements(children), "[\"Jan\"\"The first month\", \"Feb\"\"\"]");
+}
+
+TEST_F(BrowseTest, AliasTextsWithoutATableAskForNoAlias) {
+  EXPECT_EQ(call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), nullptr, list), 0);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Alias"))));
+  EXPECT_THAT(java.elements(list), HasSubstr("\"Year\"\"\"\"Time\""));
+  // A table that does not exist is no failure of the listing.
+  EXPECT_EQ(call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), java.text("None"),
+                 java.list()),
+            0);
+}
+
+// ---- Properties ----
+
+TEST_F(BrowseTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias) {
+  api().member("Cola").aliases["Default"] = "Coke";
+  EXPECT_EQ(call(NATIVE(getChildrenWithProperties), java.instance(), java.outline(),
+                 java.text("Product"), java.text("Product"), jlong{0x500000000}, 1, list),
+            0);
+  EXPECT_THAT(
+      api_calls(),
+      ElementsAre("OlvOtlQueryMembersByName(outline, \"Product\", {type=1 dimension=\"Product\"}, "
+                  "{max=1})",
+                  "OlvOtlGetMemberInfo(outline, Cola)",
+                  "OlvOtlQueryAttributes(outline, {usage=1 member=Cola input=5 output=9 "
+                  "operation=7})",
+                  "OlvOtlGetMemberInfo(outline, Can)",
+                  "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                  "OlvOtlFreeMembers(outline, 1, attribute query result)",
+                  "OlvOtlGetMemberAlias(outline, Cola, null)", "OlvFree(inst, alias)",
+                  "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                  "OlvOtlFreeMembers(outline, 1, query result)"));
+  EXPECT_EQ(call(NATIVE(getChildrenWithProperties), java.instance(), java.outline(),
+                 java.text("Product"), java.text("Product"), jlong{1}, 0, list),
+            0);
+  const std::vector<std::string> calls = java_calls();
+  EXPECT_EQ(calls.front(), "new OutlineMemberProperties()");
+  EXPECT_EQ(calls[1], "OutlineMemberProperties.setName(\"Tea\")");
+  EXPECT_EQ(calls[calls.size() - 2], "OutlineMemberProperties.setAttributeType(0)");
+  EXPECT_EQ(calls.back(), "ArrayList.add(OutlineMemberProperties)");
+}
+
+TEST_F(BrowseTest, AttributeTableGetsDimensionAndMember) {
+  EXPECT_EQ(call(NATIVE(getChildrenWithProperties), java.instance(), java.outline(),
+                 java.text("Product"), java.text("Product"), jlong{0}, 1, list),
+            0);
+  EXPECT_EQ(live_strings, 0);
+  EXPECT_THAT(java_calls(), Contains("Hashtable.put(\"Pack\", \"Can\")"));
+}
+
+// ---- Member objects in listings ----
+
+TEST_F(BrowseTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
+  EXPECT_EQ(call(NATIVE(getChildrenEx), java.instance(), java.outline(), nullptr,
+                 java.handle("Qtr1"), list),
+            0);
+  EXPECT_THAT(java_calls(), Contains("DefaultMember.setHandle(" + number("Jan") + ")"));
+  EXPECT_EQ(call(NATIVE(getChildrenExQuery), java.outline(), java.text("Year"), java.text("Qtr1"),
+                 list),
+            0);
+  const std::vector<std::string> calls = java_calls();
+  EXPECT_EQ(calls[calls.size() - 2], "DefaultMember.setHandle(0)");
+  EXPECT_EQ(calls.back(), "ArrayList.add(DefaultMember)");
+}
+
+TEST_F(BrowseTest, ChildrenAreWalkedFromTheGivenHandleOrTheName) {
+  const auto children = [&](const char* name, jint handle) {
+    return call(NATIVE(getChildrenEx), java.instance(), java.outline(), java.text(name), handle,
+                java.list());
+  };
+  EXPECT_EQ(children("Nowhere", java.handle("Pack")), 0);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("FindMember"))));
+  EXPECT_EQ(children("", 0), 0);
+  EXPECT_THAT(api_calls(), IsEmpty());
+  EXPECT_EQ(children("Nowhere", 0), kNoSuchMember);
+  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlFindMember(outline, \"Nowhere\")"));
+  EXPECT_EQ(children("Measures", 0), 0);
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlFindMember(outline, \"Measures\")",
+                          "OlvOtlGetChild(outline, Measures)", "OlvOtlGetMemberInfo(outline, Sales)",
+                          "OlvOtlGetParent(outline, Sales)", "OlvOtlGetParent(outline, Measures)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvOtlGetNextSibling(outline, Sales)",
+                          "OlvOtlGetMemberInfo(outline, Costs)", "OlvOtlGetParent(outline, Costs)",
+                          "OlvOtlGetParent(outline, Measures)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvOtlGetNextSibling(outline, Costs)"));
+}
+
+TEST_F(BrowseTest, ListingsLookTheClassUpOncePerCall) {
+  for (int i = 0; i < 50; ++i) api().add("Child" + std::to_string(i), api().find("Qtr2"));
+  JniProbe probe(env_);
+  NATIVE(getChildrenEx)(&probe, nullptr, java.instance(), java.outline(), nullptr,
+                        java.handle("Qtr2"), list);
+  EXPECT_EQ(probe.count("FindClass"), 1);
+  EXPECT_EQ(probe.count("NewObject"), 50);
+  // 24 of the class, getValue, and one add per member.
+  EXPECT_EQ(probe.count("GetMethodID"), 24 + 1 + 50);
+  EXPECT_EQ(probe.live_strings(), 0);
+  probe.finish();
+}
+
+TEST_F(BrowseTest, FailedWalksKeepWhatWasAdded) {
+  api().fail_function("OlvOtlGetNextSibling", 77, 2);
+  EXPECT_EQ(call(NATIVE(getDimensionsEx), java.instance(), java.outline(), list), 77);
+  EXPECT_EQ(java.number(list, "size"), 2);
+}
+
+// ---- Relatives ----
+
+TEST_F(BrowseTest, AncestorsComeNearestFirst) {
+  EXPECT_EQ(call(NATIVE(getMemberAncestors), java.instance(), java.outline(), java.text("Jan"), 0,
+                 list),
+            0);
+  std::vector<std::string> names;
+  for (const std::string& line : java_calls()) {
+    if (line.find("setName") != std::string::npos) names.push_back(line);
+  }
+  EXPECT_THAT(names,
+              ElementsAre("DefaultMember.setName(\"Qtr1\")", "DefaultMember.setName(\"Year\")"));
+  EXPECT_EQ(call(NATIVE(getMemberAncestors), java.instance(), java.outline(), nullptr,
+                 java.handle("Pack"), java.list()),
+            0);
+  EXPECT_THAT(java_calls(), IsEmpty());
+}
+
+TEST_F(BrowseTest, LevelAndChildCountAreBoxed) {
+  EXPECT_EQ(call(NATIVE(getMemberLevel), java.instance(), java.outline(), java.text("Year"), 0,
+                 list),
+            0);
+  EXPECT_EQ(call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0,
+                 list),
+            0);
+  EXPECT_THAT(java_calls(), ElementsAre("new Short(2)", "ArrayList.add(Short 2)", "new Long(0)",
+                                        "ArrayList.add(Long 0)"));
+}
+
+}  // namespace

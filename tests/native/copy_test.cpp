@@ -1,0 +1,250 @@
+// Copies of members and subtrees, in batches.
+#include "bridge/bridge.h"
+#include "tests/native/native_test.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class CopyTest : public NativeTest {
+ protected:
+  jint copy(const char* target, const char* source, bool as_sibling) {
+    return call(NATIVE(copyMember), java.instance(), java.outline(), java.text(target), 0,
+                java.text(source), 0, static_cast<jboolean>(as_sibling ? JNI_TRUE : JNI_FALSE),
+                request, results);
+  }
+  jint go_on() { return call(NATIVE(copyContinue), java.instance(), java.outline(), request); }
+  bool finished() {
+    return env_->CallBooleanMethod(request, env_->GetMethodID(env_->GetObjectClass(request),
+                                                              "isFinished", "()Z")) != 0;
+  }
+  // The calls of one function among those so far.
+  std::vector<std::string> calls_of(const std::string& function) {
+    std::vector<std::string> found;
+    for (const std::string& line : api_calls()) {
+      if (line.rfind(function + '(', 0) == 0) found.push_back(line);
+    }
+    return found;
+  }
+  // The subtree below a handle as nested names.
+  static std::string shape(HMember handle) {
+    std::string text = api().name_of(handle);
+    std::string below;
+    for (HMember child : api().member(handle).children) {
+      below += (below.empty() ? "" : " ") + shape(child);
+    }
+    return below.empty() ? text : text + '(' + below + ')';
+  }
+
+  jobject request = java.make("api/outline/CopyRequest");
+  jobject results = java.list();
+};
+
+// ---- One member ----
+
+TEST_F(CopyTest, AMemberIsAddedUnderATemporaryNameThenRenamedAndItsDetailsFollow) {
+  EXPECT_EQ(copy("Tea", "Cola", true), 0);
+  const std::vector<std::string> calls = api_calls();
+  const auto added = std::find_if(calls.begin(), calls.end(), [](const std::string& line) {
+    return line.rfind("OlvOtlAddMemberEx", 0) == 0;
+  });
+  ASSERT_GE(calls.end() - added, 16);
+  // Reserved bytes come along with the source's record; the ten behind attributeType are cleared.
+  EXPECT_THAT(std::vector<std::string>(added, added + 14),
+              ElementsAre("OlvOtlAddMemberEx(outline, {name=\"KEPTempNameForCopy\" "
+                          "dimensionName=\"Product\" reserved530=changed reserved546=changed}, "
+                          "0, Tea, 3)",
+                          "OlvOtlRenameMemberEx(outline, KEPTempNameForCopy, \"Cola\", 3)",
+                          "OlvOtlGetAssociatedAttributes(outline, Cola)",
+                          "OlvOtlAssociateAttributeMember(outline, Cola, Can)",
+                          "OlvFree(inst, associated attributes)",
+                          "OlvOtlGetUserAttributes(outline, Cola)",
+                          "OlvOtlSetUserAttribute(outline, Cola, \"Cold\")",
+                          "OlvOtlSetUserAttribute(outline, Cola, \"Sweet\")",
+                          "OlvFree(inst, UDAs)", "OlvOtlGetMemberCommentEx(outline, Cola)",
+                          "OlvOtlSetMemberCommentEx(outline, Cola, \"A long story\")",
+                          "OlvFree(inst, comment)", "OlvOtlGetMemberFormula(outline, Cola)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_THAT(api().children_of(api().find("Product")), ElementsAre("Cola", "Tea", "Cola"));
+  const HMember made = api().member("Product").children[2];
+  EXPECT_THAT(api().member(made).udas, ElementsAre("Cold", "Sweet"));
+  EXPECT_EQ(java.number(results, "size"), 1);
+  EXPECT_TRUE(finished());
+  EXPECT_EQ(java.number(request, "getCount"), 1);
+  EXPECT_EQ(java.number(request, "getTotal"), 0);
+  EXPECT_EQ(java.number(request, "getFirstSourceHandle"), java.handle("Cola"));
+  EXPECT_EQ(java.number(request, "getLastSourceHandle"), java.handle("Cola"));
+  EXPECT_EQ(java.number(request, "getLastTargetHandle"), static_cast<jint>(made));
+}
+
+TEST_F(CopyTest, TheRequestIsSetUpInOrder) {
+  EXPECT_EQ(copy("Qtr2", "Qtr1", false), 0);
+  const std::string source = std::to_string(java.handle("Qtr1"));
+  const std::string target = std::to_string(java.number(request, "getLastTargetHandle"));
+  std::vector<std::string> calls;
+  for (const std::string& line : java_calls()) {
+    if (line.rfind("CopyRequest", 0) == 0) calls.push_back(line.substr(line.find('.') + 1));
+  }
+  EXPECT_THAT(calls,
+              ElementsAre("getCount()", "setCount(1)", "getTotal()", "setTotal(2)",
+                          "setLastSourceHandle(" + source + ")",
+                          "setLastTargetHandle(" + target + ")",
+                          "setFirstSourceHandle(" + source + ")"));
+}
+
+TEST_F(CopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {
+  // Within accounts the accounting properties stay; elsewhere they go.
+  EXPECT_EQ(copy("Sales", "Costs", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"),
+              ElementsAre(HasSubstr("{name=\"KEPTempNameForCopy\" consolidation=1 twoPass=1 "
+                                    "expense=1 conversionType=3 currencyMember=\"USD\" "
+                                    "timeBalance=2 timeBalanceSkip=3 comment=\"What it costs\" "
+                                    "dimensionName=\"Measures\"")));
+  EXPECT_EQ(copy("Jan", "Costs", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"),
+              ElementsAre(HasSubstr("{name=\"KEPTempNameForCopy\" consolidation=1 twoPass=1 "
+                                    "comment=\"What it costs\" dimensionName=\"Measures\"")));
+  EXPECT_EQ(copy("Pack", "Costs", false), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"),
+              ElementsAre(HasSubstr("{name=\"KEPTempNameForCopy\" consolidation=5 shareOption=5 "
+                                    "storageType=1 dimensionCategory=6 storageCategory=12 "
+                                    "comment=\"What it costs\" dimensionName=\"Measures\" "
+                                    "attributeType=255 ")));
+}
+
+TEST_F(CopyTest, ASharedMembersCopyIsNotShared) {
+  EXPECT_EQ(copy("Cola", "Tea", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), ElementsAre(Not(HasSubstr("shareOption"))));
+  api().member("Tea").info.shareOption = 3;
+  EXPECT_EQ(copy("Cola", "Tea", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), ElementsAre(HasSubstr("shareOption=3")));
+}
+
+TEST_F(CopyTest, AssociationsFollowWithinOneRegularDimensionOnly) {
+  EXPECT_EQ(copy("Jan", "Cola", true), 0);
+  EXPECT_EQ(copy("Cola", "Tea", true), 0);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Associated"))));
+}
+
+TEST_F(CopyTest, WhatCannotBeCopiedIsRefusedWithNothingChanged) {
+  EXPECT_EQ(copy("Jan", "Year", true), kStatusCopyFailed);
+  EXPECT_EQ(copy("Jan", "Qtr1", false), kStatusCopyFailed);
+  EXPECT_EQ(copy("Jan", "Jan", false), kStatusCopyFailed);
+  EXPECT_EQ(copy("Nowhere", "Jan", false), kStatusCopyFailed);
+  EXPECT_EQ(copy("Jan", "", false), kStatusCopyFailed);
+  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), IsEmpty());
+  EXPECT_EQ(copy("Jan", "Jan", true), 0);
+}
+
+TEST_F(CopyTest, ACopyThatCannotBeNamedIsRemoved) {
+  api().refuse_rename = true;
+  EXPECT_EQ(copy("Tea", "Cola", true), kStatusCopyFailed);
+  EXPECT_EQ(api().find("KEPTempNameForCopy"), 0u);
+  EXPECT_EQ(java.number(results, "size"), 0);
+  EXPECT_EQ(java.number(request, "getCount"), 0);
+  EXPECT_THAT(calls_of("OlvOtlDeleteMemberEx"),
+              ElementsAre("OlvOtlDeleteMemberEx(outline, KEPTempNameForCopy, 3)"));
+}
+
+TEST_F(CopyTest, FailedWritesOfDetailsAreSkipped) {
+  api().fail_function("OlvOtlSetUserAttribute", 77);
+  api().fail_function("OlvOtlSetMemberCommentEx", 77);
+  EXPECT_EQ(copy("Tea", "Cola", true), 0);
+  EXPECT_EQ(calls_of("OlvOtlSetUserAttribute").size(), 2u);
+}
+
+// ---- Copies out as dimensions ----
+
+TEST_F(CopyTest, ADimensionCopyTakesTheFirstFreeName) {
+  api().add("Copy of Sales", api().find("Measures"));
+  api().add("Copy (2) of Sales", api().find("Measures"));
+  EXPECT_EQ(copy("Product", "Sales", true), 0);
+  EXPECT_THAT(api_calls(),
+              testing::AllOf(Contains("OlvOtlFindMember(outline, \"Copy (3) of Sales\")"),
+                             Contains(HasSubstr("OlvOtlAddDimension(outline, {name=\"Copy (3) of "
+                                                "Sales\" ")),
+                             Not(Contains(HasSubstr("Associate")))));
+  EXPECT_THAT(api().children_of(0),
+              ElementsAre("Year", "Measures", "Product", "Copy (3) of Sales", "Pack"));
+  EXPECT_TRUE(finished());
+  EXPECT_EQ(java.number(request, "getCount"), 1);
+  EXPECT_EQ(java.number(request, "getTotal"), 1);
+}
+
+TEST_F(CopyTest, ADimensionCopyStartsFromTheSourcesDimension) {
+  api().member("Product").info.timeBalance = 9;
+  EXPECT_EQ(copy("Year", "Cola", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddDimension"),
+              ElementsAre("OlvOtlAddDimension(outline, {name=\"Copy of Cola\" storageType=1 "
+                          "dimensionName=\"Product\" reserved530=changed reserved534=changed "
+                          "reserved546=changed}, Year, 0)"));
+  EXPECT_EQ(copy("Year", "Can", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddDimension"),
+              ElementsAre(HasSubstr("{name=\"Copy of Can\" consolidation=5 shareOption=5 "
+                                    "storageType=1 dimensionCategory=6 storageCategory=12 "
+                                    "dimensionName=\"Pack\" attributeType=10 ")));
+}
+
+TEST_F(CopyTest, ADimensionNameThatDoesNotFitIsRefused) {
+  const std::string name(72, 'n');  // "Copy of " and this are 80 characters
+  api().add(name, api().find("Measures"));
+  EXPECT_EQ(copy("Year", name.c_str(), true), 0);
+  EXPECT_NE(api().find("Copy of " + name), 0u);
+  EXPECT_EQ(copy("Year", name.c_str(), true), kStatusCopyFailed);
+  api().add(name + 'n', api().find("Measures"));
+  EXPECT_EQ(copy("Year", (name + 'n').c_str(), true), kStatusCopyFailed);
+  EXPECT_EQ(calls_of("OlvOtlAddDimension").size(), 1u);
+}
+
+// ---- Subtrees ----
+
+TEST_F(CopyTest, ASubtreeComesInBatchesOfFiveAndKeepsItsShape) {
+  const HMember root = api().add("Root", api().find("Product"));
+  for (int i = 0; i < 3; ++i) {
+    const HMember child = api().add("C" + std::to_string(i), root);
+    for (int k = 0; k < 3; ++k) api().add('D' + std::to_string(i * 3 + k), child);
+  }
+  EXPECT_EQ(copy("Qtr2", "Root", false), 0);
+  const HMember made = static_cast<HMember>(java.number(request, "getLastTargetHandle"));
+  int batches = 0;
+  std::vector<int> counts;
+  while (!finished() && batches < 10) {
+    EXPECT_EQ(go_on(), 0);
+    counts.push_back(java.number(request, "getCount"));
+    ++batches;
+  }
+  EXPECT_THAT(counts, ElementsAre(6, 11, 13));
+  EXPECT_EQ(java.number(request, "getTotal"), 12);
+  EXPECT_EQ(shape(made), shape(root));
+  EXPECT_EQ(shape(made), "Root(C0(D0 D1 D2) C1(D3 D4 D5) C2(D6 D7 D8))");
+}
+
+TEST_F(CopyTest, AFailedBatchKeepsTheLastPair) {
+  EXPECT_EQ(copy("Sales", "Qtr1", false), 0);
+  api().fail_function("OlvOtlAddMemberEx", 77, 2);
+  EXPECT_EQ(go_on(), kStatusCopyFailed);
+  EXPECT_EQ(java.number(request, "getLastSourceHandle"), java.handle("Jan"));
+  EXPECT_EQ(java.number(request, "getCount"), 2);
+  EXPECT_FALSE(finished());
+}
+
+TEST_F(CopyTest, AFailedChildQueryFinishesTheCopy) {
+  EXPECT_EQ(copy("Sales", "Qtr1", false), 0);
+  api().fail_function("OlvOtlGetChild", 77);
+  EXPECT_EQ(go_on(), 77);
+  EXPECT_TRUE(finished());
+}
+
+TEST_F(CopyTest, AParentThatCannotBeReadCountsAsAncestor) {
+  api().fail_call(1, 77);
+  EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Sales")), 1);
+  EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Sales")), 0);
+  EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Jan")), 0);
+  EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Year")), 1);
+}
+
+}  // namespace

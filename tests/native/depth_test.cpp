@@ -1,0 +1,116 @@
+// Outlines deeper than a thread's stack: a chain of 100,000 members on a thread with 256 KiB.
+#include <pthread.h>
+
+#include <cstdio>
+#include <fstream>
+#include <functional>
+
+#include "bridge/bridge.h"
+#include "tests/native/native_test.h"
+
+namespace {
+
+constexpr int kLength = 100000;
+constexpr size_t kStack = 256 * 1024;
+
+void* run_function(void* function) {
+  JNIEnv* env = nullptr;
+  jvm()->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr);
+  (*static_cast<std::function<void(JNIEnv*)>*>(function))(env);
+  jvm()->DetachCurrentThread();
+  return nullptr;
+}
+
+// Runs a function on an attached thread with a small stack.
+void on_small_stack(std::function<void(JNIEnv*)> function) {
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStack), 0);
+  pthread_t thread;
+  ASSERT_EQ(pthread_create(&thread, &attributes, run_function, &function), 0);
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+}
+
+class DepthTest : public NativeTest {
+ protected:
+  void SetUp() override {
+    NativeTest::SetUp();
+    api().clear_outline();
+    root = api().add("Root");
+    deepest = api().add_chain(root, kLength, "M");
+    journal().recording = false;
+    expected_locks.clear();
+  }
+  void TearDown() override {
+    NativeTest::TearDown();
+    journal().recording = true;
+    api().reset();
+  }
+
+  HMember root = 0;
+  HMember deepest = 0;
+};
+
+TEST_F(DepthTest, PathSearchReachesTheDeepestMember) {
+  api().member(deepest).aliases["Default"] = "needle";
+  on_small_stack([](JNIEnv* env) {
+    JavaObjects objects(env);
+    JniProbe probe(env);
+    jobject results = objects.list();
+    EXPECT_EQ(NATIVE(findMemberQuery)(&probe, nullptr, objects.outline(), objects.text("needle"),
+                                      objects.text("Default"), JNI_FALSE, JNI_FALSE, results),
+              0);
+    probe.finish();
+    EXPECT_EQ(objects.number(results, "size"), 1);
+  });
+}
+
+TEST_F(DepthTest, AliasExportWritesTheDeepestMember) {
+  api().member(deepest).aliases["Default"] = "needle";
+  const std::string path = testing::TempDir() + "kepotl_depth_test.alt";
+  on_small_stack([&](JNIEnv* env) {
+    JavaObjects objects(env);
+    JniProbe probe(env);
+    EXPECT_EQ(NATIVE(exportAliasTable)(&probe, nullptr, objects.instance(), objects.outline(),
+                                       objects.text("Default"), objects.text(path.c_str())),
+              0);
+    probe.finish();
+  });
+  std::ifstream file(path);
+  std::string header;
+  std::string line;
+  std::getline(file, header);
+  std::getline(file, line);
+  EXPECT_EQ(line, "\"M99999\"   \"needle\"");
+  std::remove(path.c_str());
+}
+
+TEST_F(DepthTest, RecursiveUdasReachTheDeepestMember) {
+  api().member(deepest).udas = {"needle"};
+  on_small_stack([&](JNIEnv* env) {
+    JavaObjects objects(env);
+    JniProbe probe(env);
+    jobject udas = objects.list();
+    getDimensionUDASRecursive(&probe, 0, kOutline, kInst, root, udas);
+    probe.finish();
+    EXPECT_EQ(objects.elements(udas), "[needle]");
+  });
+}
+
+TEST_F(DepthTest, FindRequestWalksTheChain) {
+  on_small_stack([](JNIEnv* env) {
+    JavaObjects objects(env);
+    JniProbe probe(env);
+    jobject request = objects.make("api/outline/FindRequest");
+    objects.set(request, "setText", "(Ljava/lang/String;)V", objects.text("M99999"));
+    objects.set(request, "setMaximumMembersPerBatch", "(I)V", jint{2 * kLength});
+    jobject results = objects.list();
+    NATIVE(findRequest)(&probe, nullptr, objects.instance(), objects.outline(), request, results);
+    probe.finish();
+    EXPECT_EQ(objects.number(results, "size"), 1);
+    EXPECT_EQ(objects.number(request, "getMembersProcessed"), kLength + 1);
+  });
+}
+
+}  // namespace

@@ -1,0 +1,325 @@
+// Member details (formulas, aliases, attributes, UDAs), singly and in blocks, and the light member
+// lists for calculation scripts.
+#include "bridge/bridge.h"
+#include "tests/native/native_test.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class DetailsTest : public NativeTest {
+ protected:
+  template <typename Native>
+  jint block(Native native, std::initializer_list<jobject> requests) {
+    return call(native, java.instance(), java.outline(), java.list(requests), list);
+  }
+  static std::string number(const char* name) {
+    return std::to_string(static_cast<jint>(api().find(name)));
+  }
+
+  jobject list = java.list();
+};
+
+// ---- Formulas ----
+
+TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
+  jobject target = java.make("defs/outline/DefaultMember");
+  EXPECT_EQ(call(NATIVE(getMemberFormula), java.instance(), java.outline(), java.text("Nowhere"),
+                 java.handle("Sales"), target),
+            0);
+  EXPECT_EQ(call(NATIVE(getMemberFormula), java.instance(), java.outline(), java.text("Costs"), 0,
+                 target),
+            0);
+  EXPECT_THAT(java_calls(), ElementsAre("DefaultMember.setFormula(\"Costs*2;\")"));
+  EXPECT_EQ(call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(),
+                 java.text("Sales"), target),
+            0);
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlQueryMembersByName(outline, null, {type=11 options=1 "
+                          "pattern1=\"Sales\"}, {})",
+                          "OlvOtlGetMemberFormula(outline, Sales)", "OlvFree(inst, formula)",
+                          "OlvOtlFreeMembers(outline, 1, query result)"));
+}
+
+TEST_F(DetailsTest, QueryFormsWithoutANameAskNothing) {
+  jobject target = java.make("defs/outline/DefaultMember");
+  EXPECT_EQ(call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(), java.text(""),
+                 target),
+            0);
+  EXPECT_EQ(call(NATIVE(getMemberAliasesQuery), java.instance(), java.outline(), java.text(""),
+                 list),
+            0);
+  EXPECT_EQ(call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(),
+                 java.text("")),
+            0);
+  EXPECT_EQ(call(NATIVE(getMemberUDASQuery), java.instance(), java.outline(), java.text(""),
+                 list),
+            0);
+  EXPECT_THAT(api_calls(), IsEmpty());
+}
+
+// ---- Aliases ----
+
+TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
+  EXPECT_EQ(call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"),
+                 list),
+            0);
+  EXPECT_THAT(java_calls(),
+              ElementsAre("new MemberAlias()", "MemberAlias.setTableName(\"Default\")",
+                          "MemberAlias.setAliasName(\"January\")", "ArrayList.add(MemberAlias)",
+                          "new MemberAlias()", "MemberAlias.setTableName(\"Long Names\")",
+                          "MemberAlias.setAliasName(\"The first month\")",
+                          "ArrayList.add(MemberAlias)", "new MemberAlias()",
+                          "MemberAlias.setTableName(\"Codes\")", "ArrayList.add(MemberAlias)"));
+  api().fail_function("OlvOtlGetMemberAlias", 77, 3);
+  EXPECT_EQ(call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"),
+                 list),
+            77);
+  EXPECT_EQ(java.number(list, "size"), 6);
+}
+
+TEST_F(DetailsTest, WithoutTablesNothingComes) {
+  api().alias_tables.clear();
+  EXPECT_EQ(call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"),
+                 list),
+            0);
+  EXPECT_EQ(block(NATIVE(getMemberAliasesBlock), {java.request("Jan")}), 0);
+  EXPECT_THAT(java_calls(), IsEmpty());
+}
+
+TEST_F(DetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
+  jobject names = java.list({java.text("Jan"), java.text(""), java.text("Nowhere"), nullptr,
+                             java.text("Year")});
+  EXPECT_EQ(call(NATIVE(getMemberAliasesForTable), java.instance(), java.outline(),
+                 java.text("Long Names"), names, list, jboolean{JNI_FALSE}),
+            0);
+  EXPECT_EQ(java.number(list, "size"), 2);
+  api_calls();
+  EXPECT_EQ(call(NATIVE(getMemberAliasesForTable), java.instance(), java.outline(),
+                 java.text("Long Names"), java.list({java.text("Jan")}), list,
+                 jboolean{JNI_TRUE}),
+            0);
+  EXPECT_THAT(all_calls(),
+              testing::AllOf(Contains("OlvOtlGetMemberAlias(outline, Jan, null)"),
+                             Contains("MemberAlias.setAliasName(\"January\")"),
+                             Not(Contains(HasSubstr("setTableName"))),
+                             Not(Contains("chars(\"Long Names\")"))));
+}
+
+// ---- Attributes ----
+
+TEST_F(DetailsTest, AttributesGoBackAsAPlainBlock) {
+  EXPECT_EQ(call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Cola"),
+                 list),
+            0);
+  EXPECT_THAT(all_calls(),
+              ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
+                          "OlvOtlGetMemberInfo(outline, Cola)",
+                          "OlvOtlGetAssociatedAttributes(outline, Cola)",
+                          "OlvOtlGetMemberInfo(outline, Can)", "new MemberAttribute()",
+                          "MemberAttribute.setDimension(\"Pack\")",
+                          "MemberAttribute.setMemberName(\"Can\")",
+                          "ArrayList.add(MemberAttribute)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvFree(inst, associated attributes)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_EQ(call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Tea"),
+                 list),
+            0);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Associated"))));
+}
+
+TEST_F(DetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
+  for (const char* name : {"Cola", "Product"}) {
+    EXPECT_EQ(call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(),
+                   java.text(name)),
+              0);
+  }
+  EXPECT_THAT(api_calls(),
+              testing::AllOf(Contains("OlvOtlQueryAttributes(outline, {usage=1 member=Cola "
+                                      "input=5 output=9 operation=7})"),
+                             Contains("OlvOtlQueryAttributes(outline, {usage=1 member=Product "
+                                      "input=7 output=11 operation=7})")));
+}
+
+// ---- UDAs ----
+
+TEST_F(DetailsTest, UdasAreReadEntryByEntry) {
+  api().member("Cola").udas = {std::string(80, 'u'), "", "Sweet"};
+  EXPECT_EQ(call(NATIVE(getMemberUDAS), java.instance(), java.outline(), nullptr,
+                 java.handle("Cola"), list),
+            0);
+  EXPECT_EQ(java.elements(list), '[' + std::string(80, 'u') + ", , Sweet]");
+  jobject of_dimension = java.list();
+  EXPECT_EQ(call(NATIVE(getDimensionUDAS), java.instance(), java.outline(), java.text("Product"),
+                 0, of_dimension),
+            0);
+  EXPECT_EQ(java.elements(of_dimension), java.elements(list));
+  EXPECT_THAT(api_calls(),
+              Contains("OlvOtlGetDimensionUserAttributes(outline, {type=16 "
+                       "dimension=\"Product\"}, {})"));
+}
+
+TEST_F(DetailsTest, RecursiveUdasComeInPreOrderAndPassFailures) {
+  api().member("Product").udas = {"Top"};
+  api().member("Tea").udas = {"Cold"};
+  JniProbe probe(env_);
+  getDimensionUDASRecursive(&probe, 0, kOutline, kInst, api().find("Product"), list);
+  EXPECT_EQ(java.elements(list), "[Top, Cold, Sweet, Cold]");
+  jobject second = java.list();
+  api().fail_call(1, 77);
+  getDimensionUDASRecursive(&probe, 0, kOutline, kInst, api().find("Product"), second);
+  EXPECT_EQ(java.elements(second), "[Cold, Sweet, Cold]");
+  probe.finish();
+}
+
+// ---- Blocks ----
+
+TEST_F(DetailsTest, BlockResultsCarryHandlesAndOnlyNamesThatWereGiven) {
+  EXPECT_EQ(block(NATIVE(getMemberFormulaBlock),
+                  {java.request(java.handle("Sales")), java.request("Nowhere"), java.request(""),
+                   java.request("Costs")}),
+            0);
+  EXPECT_THAT(
+      java_calls(),
+      ElementsAre("ArrayList.size()", "ArrayList.get(0)", "MemberRequest.getHandle()",
+                  "new MemberRequestResult()",
+                  "MemberRequestResult.setHandle(" + number("Sales") + ")",
+                  "MemberRequestResult.addData(\"Costs*2;\")",
+                  "ArrayList.add(MemberRequestResult)", "ArrayList.get(1)",
+                  "MemberRequest.getHandle()", "MemberRequest.getName()", "ArrayList.get(2)",
+                  "MemberRequest.getHandle()", "MemberRequest.getName()", "ArrayList.get(3)",
+                  "MemberRequest.getHandle()", "MemberRequest.getName()",
+                  "new MemberRequestResult()",
+                  "MemberRequestResult.setHandle(" + number("Costs") + ")",
+                  "MemberRequestResult.setName(\"Costs\")",
+                  "ArrayList.add(MemberRequestResult)"));
+}
+
+TEST_F(DetailsTest, BlockKeepsTheLookUpsStatusWhenNothingFollows) {
+  EXPECT_EQ(block(NATIVE(getMemberUDASBlock), {java.request("Cola"), java.request("Nowhere")}),
+            kNoSuchMember);
+  EXPECT_EQ(java.number(list, "size"), 1);
+}
+
+TEST_F(DetailsTest, BlocksDifferInWhatMakesAResult) {
+  const auto names = {java.request("Tea"), java.request("Cola")};
+  EXPECT_EQ(block(NATIVE(getMemberAttributesBlock), names), 0);
+  EXPECT_EQ(java.number(list, "size"), 1);
+  EXPECT_THAT(java_calls(), Contains("MemberRequestResult.addData(MemberAttribute)"));
+  EXPECT_EQ(block(NATIVE(getMemberUDASBlock), names), 0);
+  EXPECT_EQ(java.number(list, "size"), 3);
+  EXPECT_EQ(block(NATIVE(getMemberAliasesBlock), names), 0);
+  EXPECT_EQ(java.number(list, "size"), 5);
+  EXPECT_THAT(api_calls(), Contains("OlvOtlGetMemberAlias(outline, Cola, \"Codes\")"));
+}
+
+// ---- Calculation scripts ----
+
+TEST_F(DetailsTest, LightMembersCarryTheGivenParentName) {
+  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
+                 jboolean{JNI_FALSE}, java.text("x"), list),
+            0);
+  EXPECT_THAT(java_calls(),
+              ElementsAre("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)",
+                          "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)",
+                          "new MemberInfo(\"Feb\", \"Qtr1\", 0, 0, false)",
+                          "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)"));
+  EXPECT_EQ(live_strings, 0);
+}
+
+TEST_F(DetailsTest, LightMembersOfAttributeDimensionsCarryTheirType) {
+  api().member("Pack").info.dimensionCategory = -1;
+  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), nullptr, java.text("Pack"),
+                 jboolean{JNI_FALSE}, nullptr, list),
+            0);
+  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Pack"),
+                 jboolean{JNI_FALSE}, nullptr, list),
+            0);
+  EXPECT_THAT(java_calls(),
+              ElementsAre("new MemberInfo(\"Pack\", null, 65535, 2, false)",
+                          "MemberInfo.setGenValue(1)", "MemberInfo.setStorage(0)",
+                          "ArrayList.add(MemberInfo)",
+                          "new MemberInfo(\"Can\", \"Pack\", 6, 0, false)",
+                          "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
+                          "ArrayList.add(MemberInfo)",
+                          "new MemberInfo(\"Bottle\", \"Pack\", 6, 0, false)",
+                          "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
+                          "ArrayList.add(MemberInfo)"));
+}
+
+TEST_F(DetailsTest, ListedMembersAreRenamedToTheirAliases) {
+  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
+                 jboolean{JNI_TRUE}, java.text("dEFAULT"), list),
+            0);
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlQueryMembersByName(outline, \"Qtr1\", {type=1 "
+                          "dimension=\"Qtr1\"}, {})",
+                          "OlvOtlGetMemberInfo(outline, Jan)",
+                          "OlvOtlGetMemberAlias(outline, Jan, null)", "OlvFree(inst, alias)",
+                          "OlvFree(inst, member record)", "OlvOtlGetMemberInfo(outline, Feb)",
+                          "OlvOtlGetMemberAlias(outline, Feb, null)",
+                          "OlvFree(inst, member record)",
+                          "OlvOtlFreeMembers(outline, 2, query result)"));
+}
+
+TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
+  api().member("Qtr1").aliases["Long Names"] = "The first quarter";
+  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), java.text("Year"), java.text("J*"),
+                 jboolean{JNI_TRUE}, java.text("Long Names"), list),
+            0);
+  EXPECT_EQ(live_strings, 0);
+  EXPECT_THAT(journal().lines(Entry::kJava),
+              ElementsAre("OutlineHandle.getValue()",
+                          "new MemberInfo(\"Jan\", \"The first quarter\", 0, 0, false)",
+                          "MemberInfo.setGenValue(3)", "MemberInfo.setName(\"The first month\")",
+                          "ArrayList.add(MemberInfo)"));
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlQueryMembers(outline, 0, {type=12 options=2 dimension=\"Year\" "
+                          "pattern1=\"J*\" pattern2=\"Long Names\"}, {})",
+                          "OlvOtlGetMemberInfo(outline, Jan)",
+                          "OlvOtlQueryMembersByName(outline, \"Jan\", {type=7}, {})",
+                          "OlvOtlGetMemberInfo(outline, Qtr1)",
+                          "OlvOtlGetMemberAlias(outline, Qtr1, \"Long Names\")",
+                          "OlvFree(0, alias)",
+                          "OlvOtlGetMemberAlias(outline, Jan, \"Long Names\")",
+                          "OlvFree(0, alias)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvOtlFreeMembers(outline, 1, query result)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvOtlFreeMembers(outline, 1, query result)"));
+}
+
+TEST_F(DetailsTest, FoundMembersWithoutAParentsAliasCarryItsName) {
+  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), nullptr, java.text("Jan"),
+                 jboolean{JNI_TRUE}, java.text("Default"), list),
+            0);
+  EXPECT_THAT(java_calls(), Contains("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)"));
+  // An unreadable parent leaves no name, whatever its alias says.
+  api().member("Qtr1").aliases["Default"] = "Alias";
+  api().fail_function("OlvOtlGetMemberInfo", 77, 2);
+  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), nullptr, java.text("Jan"),
+                 jboolean{JNI_TRUE}, java.text("Default"), list),
+            0);
+  EXPECT_THAT(java_calls(), Contains("new MemberInfo(\"Jan\", null, 0, 0, false)"));
+}
+
+TEST_F(DetailsTest, AFailedAliasEndsTheListAfterItsMember) {
+  api().fail_function("OlvOtlGetMemberAlias", 77);
+  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
+                 jboolean{JNI_TRUE}, java.text("Codes"), list),
+            77);
+  EXPECT_EQ(java.number(list, "size"), 1);
+}
+
+TEST_F(DetailsTest, FindMemberTellsWhetherThereIsOne) {
+  EXPECT_EQ(call(NATIVE(findMember), java.outline(), java.text("Jan")), JNI_TRUE);
+  EXPECT_EQ(call(NATIVE(findMember), java.outline(), java.text("Nowhere")), JNI_FALSE);
+  EXPECT_EQ(call(NATIVE(findMember), java.outline(0), java.text("Jan")), JNI_FALSE);
+}
+
+}  // namespace

@@ -1,0 +1,373 @@
+// Changes of the outline's shape, of member properties, and of attribute dimensions.
+#include "bridge/bridge.h"
+#include "tests/native/native_test.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class EditTest : public NativeTest {
+ protected:
+  jint create(jint parent, jint sibling, const char* name) {
+    return call(NATIVE(createMember), java.instance(), java.outline(), parent, sibling,
+                java.text(name), list);
+  }
+  // Calls a method that takes a member and one argument.
+  template <typename Native, typename Value>
+  jint on(const char* member, Native native, Value value) {
+    return call(native, java.instance(), java.outline(), java.handle(member), value);
+  }
+  // The one write-back among the calls so far, without its frame.
+  std::string written() {
+    const std::string prefix = "OlvOtlSetMemberInfoEx(outline, ";
+    for (const std::string& line : api_calls()) {
+      if (line.rfind(prefix, 0) == 0) return line.substr(prefix.size());
+    }
+    return "nothing";
+  }
+
+  jobject list = java.list();
+};
+
+// ---- Creating ----
+
+TEST_F(EditTest, NewMemberGetsThePlainDefaults) {
+  EXPECT_EQ(create(java.handle("Qtr1"), java.handle("Jan"), "New"), 0);
+  std::vector<std::string> calls = api_calls();
+  calls.resize(5);
+  EXPECT_THAT(calls, ElementsAre("OlvOtlGetParent(outline, Qtr1)", "OlvOtlGetParent(outline, Year)",
+                                 "OlvOtlGetMemberInfo(outline, Year)",
+                                 "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                                 "OlvOtlAddMemberEx(outline, {name=\"New\" storageType=1}, Qtr1, "
+                                 "Jan, 3)"));
+  EXPECT_EQ(java.number(list, "size"), 1);
+  EXPECT_THAT(api().children_of(api().find("Qtr1")), ElementsAre("Jan", "New", "Feb"));
+}
+
+TEST_F(EditTest, NewDimensionIsPlacedBehindItsSibling) {
+  EXPECT_EQ(create(0, 0, "First"), 0);
+  EXPECT_EQ(create(0, java.handle("Measures"), "Third"), 0);
+  EXPECT_EQ(create(0, java.handle("Pack"), "Ounces"), 0);
+  EXPECT_THAT(api_calls(),
+              testing::AllOf(Contains("OlvOtlAddDimension(outline, {name=\"First\" storageType=1}, "
+                                      "0, 0)"),
+                             Contains("OlvOtlAddDimension(outline, {name=\"Third\" storageType=1}, "
+                                      "Measures, 0)"),
+                             Contains("OlvOtlAddDimension(outline, {name=\"Ounces\" "
+                                      "consolidation=5 shareOption=5 storageType=1 "
+                                      "dimensionCategory=6 storageCategory=12 attributeType=10}, "
+                                      "Pack, 0)")));
+  EXPECT_THAT(api().children_of(0), ElementsAre("First", "Year", "Measures", "Third", "Product",
+                                                "Pack", "Ounces"));
+}
+
+TEST_F(EditTest, NewAttributeMemberGetsTheAttributeDefaults) {
+  EXPECT_EQ(create(java.handle("Pack"), 0, "Barrel"), 0);
+  EXPECT_THAT(api_calls(),
+              Contains("OlvOtlAddMemberEx(outline, {name=\"Barrel\" consolidation=5 "
+                       "shareOption=5 storageType=1 dimensionCategory=6 storageCategory=12 "
+                       "attributeType=255}, Pack, 0, 3)"));
+}
+
+TEST_F(EditTest, ANameInUseIsAddedUnderATemporaryNameAndRenamed) {
+  EXPECT_EQ(create(java.handle("Pack"), 0, "Sales"), 0);
+  std::vector<std::string> changes;
+  for (const std::string& line : api_calls()) {
+    if (line.find("Add") != std::string::npos || line.find("Rename") != std::string::npos) {
+      changes.push_back(line);
+    }
+  }
+  const std::string defaults =
+      " consolidation=5 shareOption=5 storageType=1 dimensionCategory=6 storageCategory=12 "
+      "attributeType=255}, Pack, 0, 3)";
+  EXPECT_THAT(changes,
+              ElementsAre("OlvOtlAddMemberEx(outline, {name=\"Sales\"" + defaults,
+                          "OlvOtlAddMemberEx(outline, {name=\"KEPTempNameForDuplicateAdd\"" +
+                              defaults,
+                          "OlvOtlRenameMemberEx(outline, KEPTempNameForDuplicateAdd, \"Sales\", "
+                          "3)"));
+  EXPECT_EQ(java.number(list, "size"), 1);
+}
+
+TEST_F(EditTest, ARefusedRenameLeavesNoTemporaryMember) {
+  api().refuse_rename = true;
+  EXPECT_EQ(create(java.handle("Qtr1"), 0, "Sales"), kStatusDuplicateName);
+  EXPECT_EQ(api().find("KEPTempNameForDuplicateAdd"), 0u);
+  EXPECT_EQ(api_calls().back(), "OlvOtlDeleteMemberEx(outline, KEPTempNameForDuplicateAdd, 3)");
+  EXPECT_EQ(java.number(list, "size"), 0);
+}
+
+TEST_F(EditTest, ADimensionsNameInUseIsNotRetried) {
+  EXPECT_EQ(create(0, 0, "Sales"), kStatusDuplicateName);
+  EXPECT_THAT(api_calls(), ElementsAre(HasSubstr("OlvOtlAddDimension")));
+}
+
+TEST_F(EditTest, NamesAreNeverCut) {
+  const std::string longest(80, 'n');
+  EXPECT_EQ(create(java.handle("Qtr1"), 0, longest.c_str()), 0);
+  EXPECT_NE(api().find(longest), 0u);
+  api_calls();
+  EXPECT_EQ(create(java.handle("Qtr1"), 0, (longest + 'n').c_str()), kStatusRefused);
+  EXPECT_EQ(create(0, 0, (longest + 'n').c_str()), kStatusRefused);
+  EXPECT_EQ(create(java.handle("Qtr1"), 0, ""), 0);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Add"))));
+}
+
+// ---- Renaming, moving, deleting, sorting ----
+
+TEST_F(EditTest, ShapeCallsPassTheirArguments) {
+  const auto move = [&](const char* reference, const char* member, jboolean sibling) {
+    return call(NATIVE(moveMember), java.instance(), java.outline(), java.handle(reference),
+                java.handle(member), sibling);
+  };
+  EXPECT_EQ(on("Jan", NATIVE(renameMember), java.text("January")), 0);
+  EXPECT_EQ(move("Qtr2", "Feb", JNI_TRUE), 0);
+  EXPECT_EQ(move("Qtr2", "Feb", JNI_FALSE), 0);
+  EXPECT_EQ(move("none", "Pack", JNI_TRUE), 0);
+  EXPECT_EQ(move("none", "Pack", JNI_FALSE), 0);
+  EXPECT_EQ(on("Qtr1", NATIVE(sortChildren), jboolean{JNI_TRUE}), 0);
+  EXPECT_EQ(on("Qtr1", NATIVE(sortChildren), jboolean{JNI_FALSE}), 0);
+  EXPECT_EQ(call(NATIVE(deleteMember), java.instance(), java.outline(), java.handle("Qtr2")), 0);
+  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlRenameMemberEx(outline, Jan, \"January\", 3)",
+                                       "OlvOtlMoveMember(outline, Feb, 0, Qtr2)",
+                                       "OlvOtlMoveMember(outline, Feb, Qtr2, 0)",
+                                       "OlvOtlMoveMember(outline, Pack, 0, 0)",
+                                       "OlvOtlMoveMember(outline, Pack, 0, 0)",
+                                       "OlvOtlSortChildren(outline, Qtr1, 0, 0, 0)",
+                                       "OlvOtlSortChildren(outline, Qtr1, 1, 0, 0)",
+                                       "OlvOtlDeleteMemberEx(outline, Qtr2, 3)"));
+}
+
+TEST_F(EditTest, ZeroMembersAndEmptyTextsCallNothing) {
+  jobject inst = java.instance();
+  jobject outline = java.outline();
+  EXPECT_EQ(on("none", NATIVE(renameMember), java.text("x")), 0);
+  EXPECT_EQ(on("Jan", NATIVE(renameMember), java.text("")), 0);
+  EXPECT_EQ(call(NATIVE(moveMember), inst, outline, java.handle("Jan"), 0, jboolean{1}), 0);
+  EXPECT_EQ(call(NATIVE(deleteMember), inst, outline, 0), 0);
+  EXPECT_EQ(on("none", NATIVE(sortChildren), jboolean{1}), 0);
+  EXPECT_EQ(on("none", NATIVE(assignMemberShare), java.code("Share", 1)), 0);
+  EXPECT_EQ(on("none", NATIVE(assignMemberComment), java.text("x")), 0);
+  EXPECT_EQ(on("none", NATIVE(updateMemberFormula), java.text("")), 0);
+  EXPECT_EQ(on("Jan", NATIVE(setMemberUDA), java.text("")), 0);
+  EXPECT_EQ(on("Jan", NATIVE(deleteMemberUDA), java.text("")), 0);
+  EXPECT_EQ(call(NATIVE(assignMemberAlias), inst, outline, java.handle("Jan"), java.text(""),
+                 java.text("x")),
+            0);
+  EXPECT_THAT(api_calls(), IsEmpty());
+}
+
+// ---- Properties ----
+
+TEST_F(EditTest, EachPropertyChangesItsOwnFieldOnly) {
+  on("Jan", NATIVE(assignMemberConsolidation), java.code("Consolidation", 4));
+  EXPECT_EQ(written(), "Jan, {consolidation=4}, 3)");
+  on("Jan", NATIVE(assignMemberShare), java.code("Share", -2));
+  EXPECT_EQ(written(), "Jan, {shareOption=-2}, 3)");
+  on("Jan", NATIVE(assignMemberTimeBalance), java.code("TimeBalance", 2));
+  EXPECT_EQ(written(), "Jan, {timeBalance=2}, 3)");
+  on("Jan", NATIVE(assignMemberTimeBalanceSkip), java.code("TimeBalanceSkip", 3));
+  EXPECT_EQ(written(), "Jan, {timeBalanceSkip=3}, 3)");
+  on("Jan", NATIVE(assignMemberConversion), java.code("CurrencyConversion", 5));
+  EXPECT_EQ(written(), "Jan, {conversionType=5}, 3)");
+  on("Jan", NATIVE(assignMemberTwoPass), jboolean{JNI_TRUE});
+  EXPECT_EQ(written(), "Jan, {twoPass=1}, 3)");
+  on("Costs", NATIVE(assignMemberTwoPass), jboolean{JNI_FALSE});
+  EXPECT_EQ(written(), "Costs, {twoPass=0}, 3)");
+  on("Jan", NATIVE(assignMemberVariance), jboolean{JNI_TRUE});
+  EXPECT_EQ(written(), "Jan, {expense=1}, 3)");
+  on("Costs", NATIVE(assignMemberCategory), java.text("EUR"));
+  EXPECT_EQ(written(), "Costs, {currencyMember=\"EUR\"}, 3)");
+  on("Costs", NATIVE(assignMemberComment), java.text(""));
+  EXPECT_EQ(written(), "Costs, {comment=\"\"}, 3)");
+  on("Year", NATIVE(assignDimensionHybridAnalysis), jboolean{JNI_TRUE});
+  EXPECT_EQ(written(), "Year, {hybridAnalysisEnabled=1}, 3)");
+}
+
+TEST_F(EditTest, RecordsAreReadChangedWrittenAndReleased) {
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberShare), java.code("Share", 1)), 0);
+  EXPECT_THAT(all_calls(),
+              ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
+                          "OlvOtlGetMemberInfo(outline, Jan)", "Share.getValue()",
+                          "OlvOtlSetMemberInfoEx(outline, Jan, {shareOption=1}, 3)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), java.text("x")), 0);
+  EXPECT_THAT(journal().lines(Entry::kText), ElementsAre("chars(\"x\")", "release(\"x\")"));
+  EXPECT_EQ(journal().all_lines().front(), "chars(\"x\")");
+}
+
+TEST_F(EditTest, LongTextsAreRefusedWhole) {
+  const std::string category(81, 'c');
+  const std::string comment(258, 'c');
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberCategory), java.text(category.c_str())), kStatusRefused);
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), java.text(comment.c_str())), kStatusRefused);
+  EXPECT_EQ(written(), "nothing");
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberCategory), java.text(category.c_str() + 1)), 0);
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), java.text(comment.c_str() + 1)), 0);
+  EXPECT_STREQ(api().member("Jan").info.currencyMember, category.c_str() + 1);
+  EXPECT_STREQ(api().member("Jan").info.comment, comment.c_str() + 1);
+}
+
+TEST_F(EditTest, AValueObjectWithoutAValueStoresZero) {
+  exceptions_allowed = true;
+  EXPECT_EQ(on("Costs", NATIVE(assignMemberConsolidation), java.list()), 0);
+  EXPECT_EQ(written(), "Costs, {consolidation=0}, 3)");
+}
+
+TEST_F(EditTest, EmptyFormulasAndAliasesAreRemoved) {
+  on("Jan", NATIVE(updateMemberFormula), java.text("1;"));
+  on("Jan", NATIVE(updateMemberFormula), java.text(""));
+  on("Jan", NATIVE(updateMemberFormula), jstring{nullptr});
+  on("Jan", NATIVE(setMemberUDA), java.text("Warm"));
+  on("Jan", NATIVE(deleteMemberUDA), java.text("Warm"));
+  for (const char* alias : {"First", ""}) {
+    call(NATIVE(assignMemberAlias), java.instance(), java.outline(), java.handle("Jan"),
+         java.text("Codes"), java.text(alias));
+  }
+  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlSetMemberFormula(outline, Jan, \"1;\")",
+                                       "OlvOtlDeleteMemberFormula(outline, Jan)",
+                                       "OlvOtlDeleteMemberFormula(outline, Jan)",
+                                       "OlvOtlSetUserAttribute(outline, Jan, \"Warm\")",
+                                       "OlvOtlDeleteUserAttribute(outline, Jan, \"Warm\")",
+                                       "OlvOtlSetMemberAlias(outline, Jan, \"Codes\", \"First\")",
+                                       "OlvOtlDeleteMemberAlias(outline, Jan, \"Codes\")"));
+}
+
+// ---- Attribute associations ----
+
+TEST_F(EditTest, AssociationsNameBothSides) {
+  EXPECT_EQ(on("Measures", NATIVE(assignAttributeDimension), java.handle("Pack")), 0);
+  EXPECT_EQ(on("Measures", NATIVE(unassignAttributeDimension), java.text("Pack")), 0);
+  EXPECT_EQ(on("Tea", NATIVE(assignAttributeMember), java.text("Bottle")), 0);
+  EXPECT_EQ(on("Tea", NATIVE(unassignAttributeMember), java.text("Bottle")), 0);
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlAssociateAttributeDimension(outline, Measures, Pack)",
+                          "OlvOtlFindMember(outline, \"Pack\")",
+                          "OlvOtlDisassociateAttributeDimension(outline, Measures, Pack)",
+                          "OlvOtlFindMember(outline, \"Bottle\")",
+                          "OlvOtlAssociateAttributeMember(outline, Tea, Bottle)",
+                          "OlvOtlFindMember(outline, \"Bottle\")",
+                          "OlvOtlDisassociateAttributeMember(outline, Tea, Bottle)"));
+}
+
+TEST_F(EditTest, AssociationsWithMissingHandles) {
+  jobject none = java.outline(0);
+  jobject inst = java.instance();
+  EXPECT_EQ(on("none", NATIVE(assignAttributeDimension), java.handle("Pack")), -1);
+  EXPECT_EQ(on("Measures", NATIVE(assignAttributeDimension), 0), -1);
+  EXPECT_EQ(call(NATIVE(assignAttributeDimension), inst, none, 0, 0), 0);
+  EXPECT_EQ(on("none", NATIVE(unassignAttributeDimension), java.text("Pack")), -1);
+  EXPECT_EQ(call(NATIVE(unassignAttributeDimension), inst, none, 0, java.text("Pack")), 0);
+  EXPECT_EQ(on("none", NATIVE(assignAttributeMember), java.text("Can")), -1);
+  EXPECT_EQ(call(NATIVE(assignAttributeMember), inst, none, java.handle("Tea"), java.text("Can")),
+            -1);
+  EXPECT_THAT(api_calls(), IsEmpty());
+  EXPECT_EQ(on("none", NATIVE(unassignAttributeMember), java.text("Nowhere")), kNoSuchMember);
+  EXPECT_EQ(on("none", NATIVE(unassignAttributeMember), java.text("Can")), 0);
+  EXPECT_EQ(on("Tea", NATIVE(assignAttributeMember), java.text("Nowhere")), kNoSuchMember);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("ssociate"))));
+}
+
+TEST_F(EditTest, StorageTypeTakesAllAssociationsOffFirst) {
+  const HMember second = api().add("Size");
+  api().member("Product").attributes.push_back(second);
+  api().fail_function("OlvOtlDisassociateAttributeDimension", 77);
+  EXPECT_EQ(on("Product", NATIVE(assignDimensionStorageType), java.code("DimensionStorageType", 1)),
+            0);
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlGetMemberInfo(outline, Product)",
+                          "OlvOtlGetAssociatedAttributes(outline, Product)",
+                          "OlvOtlDisassociateAttributeDimension(outline, Product, Pack)",
+                          "OlvOtlDisassociateAttributeDimension(outline, Product, Size)",
+                          "OlvFree(inst, associated attributes)",
+                          "OlvOtlSetMemberInfoEx(outline, Product, {}, 3)",
+                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_EQ(on("Year", NATIVE(assignDimensionStorageType), java.code("DimensionStorageType", 0)),
+            0);
+  EXPECT_THAT(api_calls(), Contains("OlvOtlSetMemberInfoEx(outline, Year, {storageType=0}, 3)"));
+}
+
+TEST_F(EditTest, RemovingAssociationsAnswersWithTheListsOwnStatus) {
+  api().fail_call(1, 77);
+  EXPECT_EQ(removeAllAttributeAssociations(kInst, kOutline, api().find("Product")), 77);
+  api().fail_call(3, 78);
+  EXPECT_EQ(removeAllAttributeAssociations(kInst, kOutline, api().find("Product")), 78);
+}
+
+// ---- Becoming an attribute dimension ----
+
+class CategoryTest : public EditTest {
+ protected:
+  jint categorise(const char* member, jshort category, jobject attribute_type = nullptr) {
+    return call(NATIVE(assignMemberDimensionCategory), java.instance(), java.outline(),
+                java.handle(member), java.code("DimensionCategory", category), attribute_type);
+  }
+};
+
+TEST_F(CategoryTest, ARegularDimensionGetsTheDefaultsAndMovesBehindTheOthers) {
+  EXPECT_EQ(categorise("Year", kCategoryAttribute), 0);
+  EXPECT_EQ(written(),
+            "Year, {consolidation=5 shareOption=5 dimensionCategory=6 storageCategory=12 "
+            "attributeType=10}, 3)");
+  EXPECT_THAT(api().children_of(0), ElementsAre("Measures", "Product", "Year", "Pack"));
+  EXPECT_EQ(categorise("Product", kCategoryAttribute, java.code("AttributeType", 7)), 0);
+  EXPECT_THAT(written(), HasSubstr("attributeType=7}"));
+  EXPECT_THAT(api().children_of(0), ElementsAre("Measures", "Product", "Year", "Pack"));
+}
+
+TEST_F(CategoryTest, OtherChangesStoreTheCategoryAlone) {
+  EXPECT_EQ(categorise("Pack", kCategoryAttribute), 0);
+  EXPECT_EQ(written(), "Pack, {}, 3)");
+  EXPECT_EQ(categorise("Pack", kCategoryAttribute, java.code("AttributeType", 7)), 0);
+  EXPECT_EQ(written(), "Pack, {attributeType=7}, 3)");
+  EXPECT_EQ(categorise("Pack", kCategoryTime), 0);
+  EXPECT_EQ(written(), "Pack, {dimensionCategory=2}, 3)");
+  EXPECT_THAT(api().children_of(0), ElementsAre("Year", "Measures", "Product", "Pack"));
+}
+
+TEST_F(CategoryTest, AFailedWriteSkipsTheMove) {
+  api().fail_function("OlvOtlSetMemberInfoEx", 77);
+  EXPECT_EQ(categorise("Year", kCategoryAttribute), 77);
+  EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Move"))));
+}
+
+TEST_F(CategoryTest, TheLastRegularDimensionIsFoundFromTheStart) {
+  const auto last = [](const char* start) {
+    return api().name_of(FindLastNonAttributeDimension(kOutline, api().find(start)));
+  };
+  EXPECT_EQ(last("Year"), "Product");
+  EXPECT_EQ(last("Pack"), "Product");
+  EXPECT_EQ(FindLastNonAttributeDimension(kOutline, 0), 0u);
+  // A dimension whose record cannot be read counts as regular.
+  api().fail_call(1, 77);
+  EXPECT_EQ(last("Pack"), "Pack");
+  api().clear_outline();
+  const HMember only = api().add("Only");
+  EXPECT_EQ(last("Only"), "Only");
+  api().member(only).info.dimensionCategory = kCategoryAttribute;
+  EXPECT_EQ(last("Only"), "0");
+  expected_locks.clear();
+}
+
+TEST_F(CategoryTest, AnAttributeDimensionCanReplaceARegularOne) {
+  EXPECT_EQ(CreateAttributeDimension(0, kOutline, api().find("Measures"), "Measures", 300), 0);
+  const std::vector<std::string> calls = api_calls();
+  EXPECT_THAT(calls, Contains("OlvOtlAddDimension(outline, "
+                              "{name=\"xyzzyAttributeDimensionForKEPInternalUse\" "
+                              "consolidation=5 shareOption=5 storageType=1 dimensionCategory=6 "
+                              "storageCategory=12 attributeType=300}, Product, 0)"));
+  EXPECT_EQ(calls.back(),
+            "OlvOtlRenameMemberEx(outline, xyzzyAttributeDimensionForKEPInternalUse, "
+            "\"Measures\", 3)");
+  EXPECT_THAT(api().children_of(0), ElementsAre("Year", "Product", "Measures", "Pack"));
+  // The old dimension's deletion is not what is reported; a failed addition is.
+  api().fail_function("OlvOtlAddDimension", 77);
+  EXPECT_EQ(CreateAttributeDimension(0, kOutline, api().find("Year"), "Year", 10), 77);
+  EXPECT_NE(api().find("Year"), 0u);
+}
+
+}  // namespace

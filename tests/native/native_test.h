@@ -1,0 +1,99 @@
+// The frame of the native tests: each case starts on the sample outline of the API double, calls
+// native methods with a watching JNIEnv, and fails when something was not given back or anything
+// else went wrong on the way.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <jni.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/native/api_double.h"
+#include "tests/native/java_objects.h"
+#include "tests/native/jni_probe.h"
+#include "tests/native/journal.h"
+#include "tests/native/jvm.h"
+#include "com_olvane_kep_olvane_api_jni_OutlineJni.h"
+
+// The exported function of a native method.
+#define NATIVE(method) Java_com_olvane_kep_olvane_api_jni_OutlineJni_##method
+
+// Keeps a parameter out of template argument deduction.
+template <typename T>
+struct AsGiven {
+  using type = T;
+};
+
+class NativeTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    api().reset();
+    journal().clear();
+    env_->PushLocalFrame(4096);
+  }
+
+  void TearDown() override {
+    check_balance();
+    env_->PopLocalFrame(nullptr);
+  }
+
+  // Fails for what is outstanding now.
+  void check_balance() {
+    EXPECT_THAT(journal().faults(), testing::IsEmpty());
+    EXPECT_THAT(api().blocks_outstanding(), testing::IsEmpty());
+    EXPECT_EQ(api().locks, expected_locks);
+    EXPECT_EQ(api().open_outlines, expected_outlines);
+  }
+
+  // Calls a native method and ends its watch. Journal lines and faults of earlier calls stay.
+  template <typename Result, typename... Parameters>
+  Result call(Result(JNICALL* native)(JNIEnv*, jclass, Parameters...),
+              typename AsGiven<Parameters>::type... arguments) {
+    JniProbe probe(env_);
+    const Result result = native(&probe, nullptr, arguments...);
+    live_strings = probe.live_strings();
+    probe.finish();
+    if (!probe.exception().empty() && !exceptions_allowed) {
+      journal().fault("Pending exception: " + probe.exception());
+    }
+    return result;
+  }
+
+  // The API calls, the Java calls but for the reading of handles, or all lines, since the last
+  // take, which forgets them.
+  std::vector<std::string> api_calls() { return take(journal().lines(Entry::kApi)); }
+  std::vector<std::string> java_calls() {
+    std::vector<std::string> lines = take(journal().lines(Entry::kJava));
+    const auto reads_handle = [](const std::string& line) {
+      return line.find("Handle.getValue()") != std::string::npos;
+    };
+    lines.erase(std::remove_if(lines.begin(), lines.end(), reads_handle), lines.end());
+    return lines;
+  }
+  std::vector<std::string> all_calls() { return take(journal().all_lines()); }
+
+  // What must be held when the case is over; a case that opens or locks says so here.
+  std::set<std::string> expected_locks = {"App/Db/Db"};
+  std::set<HOutline> expected_outlines = {kOutline};
+  // Set by cases whose Java objects lack methods on purpose.
+  bool exceptions_allowed = false;
+  // Java strings that the last call made and left to the frame.
+  int live_strings = 0;
+
+  JNIEnv* env_ = real_env();
+  JavaObjects java{env_};
+
+ private:
+  static std::vector<std::string> take(std::vector<std::string> lines) {
+    const std::vector<std::string> faults = journal().faults();
+    journal().clear();
+    for (const std::string& fault : faults) journal().fault(fault);
+    return lines;
+  }
+};
+
+using Lines = std::vector<std::string>;

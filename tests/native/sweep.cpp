@@ -1,0 +1,192 @@
+// The sweeps: every native method runs with each of its API calls failing, once and from there on,
+// and with each argument missing or wrong. Whatever happens, everything goes back.
+#include "tests/native/sweep.h"
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+constexpr int kInjected = 4242;
+
+std::vector<SweepCase> all_cases() {
+  std::vector<SweepCase> all;
+  for (std::vector<SweepCase> family : {lifecycle_cases(), browse_cases(), settings_cases(),
+                                        edit_cases(), other_cases()}) {
+    all.insert(all.end(), family.begin(), family.end());
+  }
+  return all;
+}
+
+struct Outcome {
+  bool applied = true;
+  long result = 0;
+  std::string exception;
+  std::vector<std::string> functions;  // API functions called
+  std::set<std::string> locks;
+  std::set<HOutline> outlines;
+};
+
+class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCase> {
+ protected:
+  void TearDown() override { env_->PopLocalFrame(nullptr); }
+
+  // Runs the entry on a fresh sample outline and checks what must hold whatever happens.
+  Outcome run(const Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false) {
+    api().reset();
+    journal().clear();
+    env_->PushLocalFrame(512);
+    if (fail_at != 0) api().fail_call(fail_at, kInjected, onwards);
+    Outcome outcome;
+    JniProbe probe(env_);
+    outcome.applied = GetParam().run(&probe, java, substitution, &outcome.result);
+    probe.finish();
+    outcome.exception = probe.exception();
+    outcome.functions = api().called();
+    outcome.locks = api().locks;
+    outcome.outlines = api().open_outlines;
+    EXPECT_THAT(journal().faults(), testing::IsEmpty());
+    EXPECT_THAT(api().blocks_outstanding(), testing::IsEmpty());
+    env_->PopLocalFrame(nullptr);
+    return outcome;
+  }
+
+  // As many locks are held and outlines open as before, or as the method leaves when it succeeds.
+  static void expect_nothing_kept(const Outcome& outcome, const Outcome& clean) {
+    EXPECT_THAT(outcome.locks.size(), testing::AnyOf(1u, clean.locks.size()));
+    EXPECT_THAT(outcome.outlines.size(), testing::AnyOf(1u, clean.outlines.size()));
+  }
+};
+
+// Giving back and unlocking never decide a method's answer.
+bool is_release(const std::string& function) {
+  return function == "OlvFree" || function == "OlvOtlFreeStructure" ||
+         function == "OlvOtlFreeMembers" || function == "OlvUnlockObject";
+}
+
+}  // namespace
+
+TEST_P(SweepTest, EachFailingCall) {
+  const Outcome clean = run();
+  EXPECT_EQ(clean.exception, "");
+  ASSERT_FALSE(clean.functions.empty());
+  for (size_t n = 1; n <= clean.functions.size(); ++n) {
+    const std::string& function = clean.functions[n - 1];
+    SCOPED_TRACE("call " + std::to_string(n) + " fails, " + function);
+    const Outcome outcome = run(nullptr, static_cast<int>(n));
+    EXPECT_EQ(outcome.exception, "");
+    expect_nothing_kept(outcome, clean);
+    std::vector<long> allowed = {is_release(function) ? kSwallowed : kPassedOn};
+    const auto named = GetParam().answers.find(function);
+    if (named != GetParam().answers.end()) allowed = named->second;
+    std::replace(allowed.begin(), allowed.end(), kPassedOn, long{kInjected});
+    std::replace(allowed.begin(), allowed.end(), kSwallowed, clean.result);
+    EXPECT_THAT(allowed, testing::Contains(outcome.result));
+  }
+}
+
+TEST_P(SweepTest, EachCallFailingFromThereOn) {
+  const Outcome clean = run();
+  for (size_t n = 1; n <= clean.functions.size(); ++n) {
+    SCOPED_TRACE("calls fail from " + std::to_string(n) + " on, " + clean.functions[n - 1]);
+    const Outcome outcome = run(nullptr, static_cast<int>(n), true);
+    EXPECT_EQ(outcome.exception, "");
+    expect_nothing_kept(outcome, clean);
+  }
+}
+
+TEST_P(SweepTest, EachArgumentMissingOrWrong) {
+  using Kind = Substitution::Kind;
+  const Outcome clean = run();
+  for (size_t index = 0; index < GetParam().parameters; ++index) {
+    env_->PushLocalFrame(64);
+    const bool is_outline = GetParam().is_outline(java, index);
+    env_->PopLocalFrame(nullptr);
+    for (Kind kind : {Kind::kNull, Kind::kNoMethods, Kind::kZeroHandle, Kind::kUnknownHandle,
+                      Kind::kEmpty, Kind::kLong}) {
+      SCOPED_TRACE("argument " + std::to_string(index) + ", substitution " +
+                   std::to_string(static_cast<int>(kind)));
+      const Substitution substitution = {index, kind};
+      const Outcome outcome = run(&substitution);
+      if (!outcome.applied) continue;
+      expect_nothing_kept(outcome, clean);
+      // Only an object without the methods that it needs leaves an exception to Java.
+      if (kind != Kind::kNoMethods) {
+        EXPECT_EQ(outcome.exception, "");
+      }
+      if (is_outline && kind != Kind::kUnknownHandle) {
+        EXPECT_EQ(outcome.result, GetParam().without_outline);
+        EXPECT_THAT(outcome.functions, testing::IsEmpty());
+      }
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Natives, SweepTest, testing::ValuesIn(all_cases()),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(SweepTable, HoldsEveryNativeMethodOnce) {
+  std::set<std::string> names;
+  for (const SweepCase& entry : all_cases()) names.insert(entry.name.substr(0, entry.name.find('_')));
+  EXPECT_EQ(names.size(), 116u);
+}
+
+// ---- Substitutions ----
+
+bool is_open_outline(JavaObjects& java, jobject argument) {
+  return java.is(argument, "api/OutlineHandle") && java.number(argument, "getValue") != 0;
+}
+
+bool substitute(JNIEnv* env, JavaObjects& java, Substitution::Kind kind, jobject* argument) {
+  switch (kind) {
+    case Substitution::Kind::kNull:
+      *argument = nullptr;
+      return true;
+    case Substitution::Kind::kNoMethods: {
+      jclass type = env->FindClass("java/lang/Object");
+      *argument = env->NewObject(type, env->GetMethodID(type, "<init>", "()V"));
+      return true;
+    }
+    case Substitution::Kind::kZeroHandle:
+    case Substitution::Kind::kUnknownHandle: {
+      if (!java.is(*argument, "api/Handle")) return false;
+      // An unknown instance would be the caller's fault, not the library's.
+      const bool unknown = kind == Substitution::Kind::kUnknownHandle;
+      if (unknown && java.is(*argument, "api/InstanceHandle")) return false;
+      java.set(*argument, "setValue", "(I)V", jint{unknown ? 0x70000001 : 0});
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+bool substitute(JNIEnv* env, JavaObjects&, Substitution::Kind kind, jstring* argument) {
+  switch (kind) {
+    case Substitution::Kind::kNull:
+      *argument = nullptr;
+      return true;
+    case Substitution::Kind::kEmpty:
+      *argument = env->NewStringUTF("");
+      return true;
+    case Substitution::Kind::kLong:
+      // Longer than every fixed field, and a byte longer than a name.
+      *argument = env->NewStringUTF(std::string(kMaxMemberName + 1, 'n').c_str());
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool substitute(JNIEnv*, JavaObjects&, Substitution::Kind kind, jint* argument) {
+  switch (kind) {
+    case Substitution::Kind::kZeroHandle:
+      *argument = 0;
+      return true;
+    case Substitution::Kind::kUnknownHandle:
+      *argument = 0x70000001;
+      return true;
+    default:
+      return false;
+  }
+}

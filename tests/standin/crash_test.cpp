@@ -1,0 +1,195 @@
+// Processes that are killed, and disks that fill, in the middle of saving: the stored outline is
+// always the old one or the new one, whole and free to be opened.
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <random>
+
+#include "api/olvotl.h"
+#include "tests/standin/outline_dump.h"
+#include "tests/standin/store_folder.h"
+
+using namespace standin_test;
+
+namespace {
+
+constexpr int kMembers = 400;
+constexpr int kRounds = 100;
+
+ObjectDefinitionRecord object(HCTX context) {
+  return {context, kObjectTypeOutline, "Sample", "Basic", "Basic"};
+}
+
+// A session with the outline open for edit, in whatever process makes it.
+struct Editor {
+  explicit Editor(const std::string& folder) : session(folder), context(session.login()) {
+    OlvStandinCreateDatabase(context, "Sample", "Basic");
+    uint16_t access = 0;
+    EXPECT_EQ(OlvSetActive(context, "Sample", "Basic", &access), 0);
+    const ObjectDefinitionRecord basic = object(context);
+    EXPECT_EQ(OlvOtlOpenOutline(context, &basic, 1, 1, &h), 0);
+  }
+
+  HMember dimension() const {
+    HMember first = 0;
+    EXPECT_EQ(OlvOtlGetFirstMember(h, &first), 0);
+    return first;
+  }
+  HMember add(HMember parent, const std::string& name) const {
+    MemberInfoRecord info{};
+    name.copy(info.name, kMaxMemberName);
+    HMember added = 0;
+    EXPECT_EQ(parent == 0 ? OlvOtlAddDimension(h, &info, 0, 0, &added)
+                          : OlvOtlAddMemberEx(h, &info, parent, 0, &added, kMemberOption),
+              0);
+    return added;
+  }
+  // Writes `version` into every member.
+  void set_version(int version) const {
+    HMember member = 0;
+    EXPECT_EQ(OlvOtlGetChild(h, dimension(), &member), 0);
+    for (; member != 0; OlvOtlGetNextSibling(h, member, &member)) {
+      EXPECT_EQ(OlvOtlSetMemberFormula(h, member, std::to_string(version).c_str()), 0);
+    }
+  }
+  int write() const {
+    const ObjectDefinitionRecord basic = object(context);
+    return OlvOtlWriteOutline(h, &basic);
+  }
+  int restructure() const {
+    const int status = OlvOtlRestructure(context, kRestructureSaveAs);
+    ProcessStateRecord state{};
+    while (OlvGetProcessState(context, &state) == 0 && state.state != 0) {
+    }
+    return status;
+  }
+  // The version in all members; -1 and a failure when they do not agree.
+  int version() const {
+    int count = 0;
+    int agreed = -1;
+    HMember member = 0;
+    EXPECT_EQ(OlvOtlGetChild(h, dimension(), &member), 0);
+    for (; member != 0; OlvOtlGetNextSibling(h, member, &member)) {
+      char* formula = nullptr;
+      EXPECT_EQ(OlvOtlGetMemberFormula(h, member, &formula), 0);
+      const int own = formula == nullptr ? -1 : std::stoi(formula);
+      EXPECT_EQ(OlvFree(0, formula), 0);
+      if (count++ == 0) agreed = own;
+      if (own != agreed) {
+        ADD_FAILURE() << "versions " << agreed << " and " << own << " in one outline";
+        return -1;
+      }
+    }
+    EXPECT_EQ(count, kMembers);
+    return agreed;
+  }
+  void close() { EXPECT_EQ(OlvOtlCloseOutline(h), 0); }
+
+  Session session;
+  HCTX context;
+  HOutline h = 0;
+};
+
+size_t temporary_files(const TempFolder& folder) {
+  size_t count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder / "Sample/Basic")) {
+    if (entry.path().extension() == ".tmp") ++count;
+  }
+  return count;
+}
+
+void make_outline(const TempFolder& folder) {
+  Editor editor(folder.string());
+  const HMember dimension = editor.add(0, "Versions");
+  for (int i = 0; i < kMembers; ++i) editor.add(dimension, "m" + std::to_string(i));
+  editor.set_version(0);
+  ASSERT_EQ(editor.write(), 0);
+  editor.close();
+}
+
+// Saves versions above `version` one after the other and tells each one that is stored.
+[[noreturn]] void save_until_killed(const std::string& folder, int version, int report) {
+  Editor editor(folder);
+  for (;;) {
+    editor.set_version(++version);
+    if (editor.write() != 0) _exit(1);
+    if (::write(report, &version, sizeof version) != sizeof version) _exit(2);
+    if (version % 2 == 0 && editor.restructure() != 0) _exit(3);
+  }
+}
+
+TEST(Crash, AKilledSaveLeavesTheOldOrTheNewOutline) {
+  const TempFolder folder;
+  make_outline(folder);
+  std::mt19937 random(20240229);
+  int version = 0;
+  size_t leftovers = 0;
+  for (int round = 0; round < kRounds && !testing::Test::HasFailure(); ++round) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) save_until_killed(folder.string(), version, ends[1]);
+    close(ends[1]);
+    ASSERT_EQ(read(ends[0], &version, sizeof version), ssize_t{sizeof version});
+    usleep(static_cast<useconds_t>(random() % 20000));
+    ASSERT_EQ(kill(child, SIGKILL), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the child ended by itself: " << WEXITSTATUS(status);
+    while (read(ends[0], &version, sizeof version) == sizeof version) {
+    }
+    close(ends[0]);
+    leftovers += temporary_files(folder);
+
+    // The killed editor's lock is free, and what it was told to be stored is there.
+    Editor editor(folder.string());
+    const int stored = editor.version();
+    EXPECT_TRUE(stored == version || stored == version + 1) << stored << " after " << version;
+    version = stored;
+    if (round % 10 == 9) {
+      EXPECT_EQ(editor.write(), 0);
+      EXPECT_EQ(temporary_files(folder), 0U);
+    }
+    editor.close();
+  }
+  RecordProperty("leftovers", std::to_string(leftovers));
+}
+
+// Writes a large outline with files limited to `limit` bytes; answers the exit code for the child
+// that does so, 0 when the save was refused for want of space.
+int write_large_with_limit(const std::string& folder, rlim_t limit) {
+  Editor editor(folder);
+  const HMember dimension = editor.dimension();
+  for (int i = 0; i < 20000; ++i) {
+    editor.add(dimension, std::string(70, 'n') + std::to_string(i));
+  }
+  signal(SIGXFSZ, SIG_IGN);
+  const struct rlimit limited { limit, limit };
+  if (setrlimit(RLIMIT_FSIZE, &limited) != 0) return 1;
+  const int status = editor.write();
+  return status == standin::kNoSpace ? 0 : status % 100;
+}
+
+TEST(Crash, AFullDiskLeavesTheOldOutline) {
+  const TempFolder folder;
+  make_outline(folder);
+  for (const rlim_t limit : {rlim_t{200000}, rlim_t{1000000}}) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) _exit(write_large_with_limit(folder.string(), limit));
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(temporary_files(folder), 0U);
+    Editor editor(folder.string());
+    EXPECT_EQ(editor.version(), 0);
+    editor.close();
+  }
+}
+
+}  // namespace

@@ -1,0 +1,121 @@
+// Member queries: what each kind answers, paging, wildcards and bad requests.
+#include <algorithm>
+
+#include "tests/standin/outline_fixture.h"
+
+using namespace standin_test;
+
+class Queries : public OutlineTest {
+ protected:
+  void SetUp() override {
+    OutlineTest::SetUp();
+    year_ = dimension("Year", kCategoryTime);
+    for (const char* quarter : {"Qtr1", "Qtr2"}) {
+      const HMember added = child(year_, quarter);
+      for (const char month : {'a', 'b'}) child(added, std::string(quarter) + month);
+    }
+    product_ = dimension("Product");
+    cola_ = child(product_, "Cola");
+    diet_ = child(cola_, "Diet Cola");
+    OlvOtlSetMemberAlias(h_, diet_, nullptr, "Qtr light");
+  }
+  Names search(const char* pattern, const char* dimension = nullptr, HMember start = 0) {
+    return names(query(kQuerySearch, start, kQueryOptionNames, dimension, pattern).members);
+  }
+
+  HMember year_ = 0, product_ = 0, cola_ = 0, diet_ = 0;
+};
+
+TEST_F(Queries, ChildrenAndParents) {
+  EXPECT_EQ(names(query(kQueryChildren, 0).members), (Names{"Year", "Product"}));
+  EXPECT_EQ(query(kQueryChildren, year_, 0, "any text").members, children(year_));
+  EXPECT_EQ(query_by_name(kQueryChildren, nullptr).members, children(0));
+  EXPECT_EQ(query_by_name(kQueryChildren, "cola", 0, "cola").members, Handles{diet_});
+  EXPECT_EQ(query(kQueryChildren, diet_).total, 0U);
+  EXPECT_EQ(query(kQueryParent, diet_, 1).members, Handles{cola_});
+  EXPECT_EQ(query(kQueryParent, product_).members, Handles{});
+  EXPECT_EQ(query_by_name(kQueryParent, "Qtr2b").members, Handles{find("Qtr2")});
+  EXPECT_EQ(query_by_name(kQueryChildren, "Nobody").status, standin::kMemberNotFound);
+  EXPECT_EQ(query(kQueryChildren, 4711).status, standin::kBadMember);
+  EXPECT_EQ(query(99, 0).status, standin::kBadQuery);
+}
+
+TEST_F(Queries, PagesCoverEveryMatchOnce) {
+  const Handles all = query(kQuerySearch, 0, kQueryOptionNames, nullptr, "*").members;
+  ASSERT_EQ(all.size(), 10U);
+  for (const uint32_t most : {1U, 3U, 4U, 10U, 11U}) {
+    Handles found;
+    for (uint32_t first = 0; first < 12; first += most) {
+      const Answer page =
+          query(kQuerySearch, 0, kQueryOptionNames, nullptr, "*", nullptr, first, most);
+      EXPECT_EQ(page.total, 10U);
+      EXPECT_LE(page.members.size(), most);
+      found.insert(found.end(), page.members.begin(), page.members.end());
+    }
+    EXPECT_EQ(found, all);
+  }
+  for (const auto& [first, most] : {std::pair{0U, 1U}, {1U, 0U}, {1U, 9U}, {2U, 1U}, {~0U, ~0U}}) {
+    const Answer page = query(kQueryChildren, year_, 0, nullptr, nullptr, nullptr, first, most);
+    const Handles both = children(year_);
+    const size_t begin = std::min<size_t>(first, 2);
+    const size_t end = std::min<size_t>(2, most == 0 ? 2 : begin + std::min(most, 2U));
+    EXPECT_EQ(page.members, Handles(both.begin() + static_cast<std::ptrdiff_t>(begin),
+                                    both.begin() + static_cast<std::ptrdiff_t>(end)));
+    EXPECT_EQ(page.total, 2U);
+  }
+}
+
+TEST_F(Queries, SearchesNamesAndAliasesInPreOrder) {
+  EXPECT_EQ(search("qtr?"), (Names{"Qtr1", "Qtr2"}));
+  EXPECT_EQ(search("*COLA"), (Names{"Cola", "Diet Cola"}));
+  EXPECT_EQ(search("*", "Product"), (Names{"Product", "Cola", "Diet Cola"}));
+  EXPECT_EQ(search("*", "Product", find("Qtr1")), Names{});
+  EXPECT_EQ(search("*", nullptr, cola_), (Names{"Cola", "Diet Cola"}));
+  EXPECT_EQ(search("tr1"), Names{});
+  EXPECT_EQ(search("", nullptr), Names{});
+  const auto with_aliases = [&](const char* table) {
+    return query(kQuerySearch, 0, kQueryOptionAliases, nullptr, "Qtr*t", table);
+  };
+  EXPECT_EQ(with_aliases("Default").members, Handles{diet_});
+  EXPECT_EQ(with_aliases(nullptr).members, Handles{diet_});
+  EXPECT_EQ(with_aliases("French").status, standin::kNoSuchAliasTable);
+  EXPECT_EQ(query(kQuerySearch, 0, kQueryOptionNames, "Cola", "*").status,
+            standin::kNoSuchDimension);
+  EXPECT_EQ(query(kQuerySearch, 0, kQueryOptionNames).status, standin::kBadQuery);
+
+  EXPECT_EQ(rename(diet_, "Qtr1"), 0);
+  const Answer named = query(kQueryNamedMember, 0, kQueryOptionNames, nullptr, "QTR1");
+  EXPECT_EQ(named.members, (Handles{find("Qtr1"), diet_}));
+  EXPECT_EQ(query_by_name(kQueryNamedMember, nullptr, 1, nullptr, "Nobody").total, 0U);
+}
+
+TEST_F(Queries, TimeSeriesMembersWhateverTheStart) {
+  const auto ask = [&](const char* dimension, const char* pattern, HMember start) {
+    return query(kQueryTimeSeriesMembers, start, 0, dimension, pattern);
+  };
+  EXPECT_EQ(names(ask("Year", "lev0,Year", 0xBF801234).members),
+            (Names{"Qtr1a", "Qtr1b", "Qtr2a", "Qtr2b"}));
+  EXPECT_EQ(ask("Year", "lev0,Product", 0).status, standin::kBadQuery);
+  EXPECT_EQ(ask("Year", "lev", 0).status, standin::kBadQuery);
+  EXPECT_EQ(ask("Cola", "lev0,Cola", 0).status, standin::kNoSuchDimension);
+  EXPECT_EQ(ask(nullptr, nullptr, 0).status, standin::kBadQuery);
+}
+
+TEST_F(Queries, UdasOfADimensionOnceInOrder) {
+  OlvOtlSetUserAttribute(h_, diet_, "Light");
+  OlvOtlSetUserAttribute(h_, cola_, "Old");
+  OlvOtlSetUserAttribute(h_, diet_, "OLD");
+  OlvOtlSetUserAttribute(h_, year_, "Elsewhere");
+  const MemberQuery asked{kQueryDimensionUdas, 0, "product", nullptr, nullptr};
+  MemberQueryCounts counts{};
+  char* block = nullptr;
+  ASSERT_EQ(OlvOtlGetDimensionUserAttributes(h_, &asked, &counts, &block), 0);
+  EXPECT_EQ(counts.totalCount, 2U);
+  EXPECT_EQ(taken_udas(counts.returned, block), (Names{"Old", "Light"}));
+  counts = {1, 5, 0, 0};
+  ASSERT_EQ(OlvOtlGetDimensionUserAttributes(h_, &asked, &counts, &block), 0);
+  EXPECT_EQ(taken_udas(counts.returned, block), Names{"Light"});
+  const MemberQuery unknown{kQueryDimensionUdas, 0, "Cola", nullptr, nullptr};
+  EXPECT_EQ(OlvOtlGetDimensionUserAttributes(h_, &unknown, &counts, &block),
+            standin::kNoSuchDimension);
+}

@@ -1,0 +1,215 @@
+// The store's folder: what becomes a store, which names are allowed, and that nothing outside the
+// folder is reached.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <thread>
+#include <vector>
+
+#include "standin/client.h"
+#include "tests/standin/peer.h"
+#include "tests/standin/store_folder.h"
+
+namespace standin_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+int open_and_close(const std::string& folder) {
+  INST instance = 0;
+  const int status = OlvStandinInitialize(folder.c_str(), &instance);
+  if (status == kStatusOk) OlvStandinTerminate(instance);
+  return status;
+}
+
+TEST(StoreFolder, IsMadeAndOpensAgain) {
+  const TempFolder folder;
+  const std::string deep = (folder / "a/b \xf0\x9f\x8c\x8d").string();
+  {
+    const Session session(deep);
+    EXPECT_EQ(OlvStandinCreateDatabase(session.login(), "Sample", "Basic"), kStatusOk);
+  }
+  const Session session(deep);
+  uint16_t access = 0;
+  EXPECT_EQ(OlvSetActive(session.login(), "Sample", "Basic", &access), kStatusOk);
+}
+
+TEST(StoreFolder, IsRefusedWhenItHoldsSomethingElse) {
+  const TempFolder folder;
+  write_file(folder / "letter.txt", "dear");
+  EXPECT_EQ(open_and_close(folder.string()), standin::kNotAStore);
+  EXPECT_EQ(open_and_close((folder / "letter.txt").string()), standin::kNotAStore);
+  EXPECT_EQ(open_and_close((folder / "letter.txt/below").string()), standin::kNotAStore);
+  EXPECT_EQ(read_file(folder / "letter.txt"), "dear");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.string()), fs::directory_iterator()), 1);
+
+  fs::create_directory(folder / "garbled");
+  const std::string garbage(8192, 'x');
+  write_file(folder / "garbled/.control.db", garbage);
+  EXPECT_EQ(open_and_close((folder / "garbled").string()), standin::kNotAStore);
+  EXPECT_EQ(read_file(folder / "garbled/.control.db"), garbage);
+}
+
+TEST(StoreFolder, OfALaterVersionIsRefused) {
+  const TempFolder folder;
+  ASSERT_EQ(open_and_close(folder.string()), kStatusOk);
+  std::string control = read_file(folder / ".control.db");
+  ASSERT_GE(control.size(), 100u);
+  control[63] = 2;  // the file's user version is the big-endian number at byte 60
+  write_file(folder / ".control.db", control);
+  EXPECT_EQ(open_and_close(folder.string()), standin::kNotAStore);
+}
+
+// The control file is made by whoever comes first; the others must wait for it, not trip over it.
+TEST(StoreFolder, IsMadeByManyProcessesAtOnce) {
+  for (int round = 0; round < 5; ++round) {
+    const TempFolder folder;
+    const std::string store = (folder / "store").string();
+    std::vector<std::unique_ptr<Peer>> peers;
+    for (int i = 0; i < 6; ++i) {
+      peers.push_back(std::make_unique<Peer>([&](const Peer::Pause& pause) {
+        pause(0);
+        pause(open_and_close(store));
+      }));
+    }
+    for (const auto& peer : peers) EXPECT_EQ(peer->wait(), 0);
+    for (const auto& peer : peers) peer->go_on();
+    for (const auto& peer : peers) EXPECT_EQ(peer->wait(), kStatusOk);
+    for (const auto& peer : peers) peer->go_on();
+    for (const auto& peer : peers) peer->join();
+  }
+}
+
+TEST(ObjectNames, OutsideTheRulesAreRefusedEverywhere) {
+  const TempFolder folder;
+  const Session session((folder / "store").string());
+  const HCTX context = session.login();
+  const HCTX local = session.local_context();
+  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
+
+  const std::string too_long(31, 'n');
+  for (const char* bad :
+       {"", ".", "..", ".hidden", "a/b", "/", "../x", "a\\b", "a\nb", "a\x7f", too_long.c_str()}) {
+    SCOPED_TRACE(bad);
+    uint16_t access = 0;
+    char* path = nullptr;
+    ObjectInfoRecord* info = nullptr;
+    DatabaseInfoRecord* database = nullptr;
+    EXPECT_EQ(OlvStandinCreateDatabase(context, bad, "Basic"), standin::kBadObjectName);
+    EXPECT_EQ(OlvStandinCreateDatabase(context, "Sample", bad), standin::kBadObjectName);
+    EXPECT_EQ(OlvSetActive(context, bad, "Basic", &access), standin::kBadObjectName);
+    EXPECT_EQ(OlvSetActive(context, "Sample", bad, &access), standin::kBadObjectName);
+    EXPECT_EQ(OlvLockObject(context, 1, "Sample", "Basic", bad), standin::kBadObjectName);
+    EXPECT_EQ(OlvGetObjectInfo(context, 1, "Sample", "Basic", bad, &info), standin::kBadObjectName);
+    EXPECT_EQ(OlvGetDatabaseInfo(context, "Sample", bad, &database), standin::kBadObjectName);
+    EXPECT_EQ(OlvGetLocalPath(local, 1, bad, "b", "c", 1, &path), standin::kBadObjectName);
+    EXPECT_EQ(OlvGetLocalPath(local, 1, "a", "b", bad, 1, &path), standin::kBadObjectName);
+  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.string()), fs::directory_iterator()), 1);
+
+  const std::string longest(30, 'n');
+  for (const char* good : {"a", "A b", "r\xc3\xa9gion", "control.db", longest.c_str()}) {
+    EXPECT_EQ(OlvStandinCreateDatabase(context, good, good), kStatusOk) << good;
+    EXPECT_EQ(OlvLockObject(context, 1, good, good, good), kStatusOk) << good;
+  }
+}
+
+TEST(ObjectNames, OfWhatDoesNotExist) {
+  const TempFolder folder;
+  const Session session(folder.string());
+  const HCTX context = session.login();
+  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
+  EXPECT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), standin::kDatabaseExists);
+  EXPECT_EQ(OlvStandinCreateDatabase(context, "Sample", "Other"), kStatusOk);
+
+  uint16_t access = 0;
+  ObjectInfoRecord* info = nullptr;
+  EXPECT_EQ(OlvSetActive(context, "Sample", "None", &access), standin::kNoSuchDatabase);
+  EXPECT_EQ(OlvLockObject(context, 1, "None", "Basic", "Basic"), standin::kNoSuchDatabase);
+  EXPECT_EQ(OlvGetObjectInfo(context, 1, "Sample", "Basic", "Basic", &info),
+            standin::kNoSuchObject);
+  EXPECT_EQ(OlvGetObjectInfo(context, 2, "Sample", "Basic", "Basic", &info), standin::kBadArgument);
+}
+
+TEST(ObjectNames, LinksDoNotLeadOutOfTheStore) {
+  const TempFolder folder;
+  const Session session((folder / "store").string());
+  const HCTX context = session.login();
+  fs::create_directories(folder / "outside/Basic");
+  write_file(folder / "outside/secret", "secret");
+  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
+  fs::create_symlink(folder / "outside", folder / "store/Link");
+  fs::create_symlink(folder / "outside", folder / "store/Sample/Link");
+  fs::create_symlink(folder / "outside/secret", folder / "store/Sample/Basic/Basic.otl");
+
+  uint16_t access = 0;
+  ObjectInfoRecord* info = nullptr;
+  EXPECT_EQ(OlvSetActive(context, "Link", "Basic", &access), standin::kNoSuchDatabase);
+  EXPECT_EQ(OlvSetActive(context, "Sample", "Link", &access), standin::kNoSuchDatabase);
+  EXPECT_NE(OlvStandinCreateDatabase(context, "Link", "New"), kStatusOk);
+  EXPECT_FALSE(fs::exists(folder / "outside/New"));
+  EXPECT_EQ(OlvGetObjectInfo(context, 1, "Sample", "Basic", "Basic", &info), standin::kStoreError);
+
+  standin::Context found;
+  std::string path;
+  ASSERT_EQ(standin::find_context(context, &found), kStatusOk);
+  EXPECT_EQ(standin::object_path(found, 1, "Sample", "Basic", "Basic", &path),
+            standin::kStoreError);
+}
+
+TEST(DatabaseState, OutlivesSessionsButNotTheDatabase) {
+  const TempFolder folder;
+  const auto is_loaded = [](HCTX context, INST instance) {
+    DatabaseInfoRecord* info = nullptr;
+    EXPECT_EQ(OlvGetDatabaseInfo(context, "Sample", "Basic", &info), kStatusOk);
+    const bool loaded = info->dataLoaded != 0;
+    EXPECT_EQ(OlvFree(instance, info), kStatusOk);
+    return loaded;
+  };
+  uint32_t times = 9;
+  {
+    const Session session(folder.string());
+    const HCTX context = session.login();
+    ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
+    EXPECT_FALSE(is_loaded(context, session.instance()));
+    EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
+    EXPECT_EQ(times, 0u);
+
+    EXPECT_EQ(OlvStandinSetDataLoaded(context, "Sample", "Basic", 1), kStatusOk);
+    standin::Context found;
+    ASSERT_EQ(standin::find_context(context, &found), kStatusOk);
+    EXPECT_EQ(standin::mark_restructured(found, "Sample", "Basic"), kStatusOk);
+    EXPECT_EQ(standin::mark_restructured(found, "Sample", "Basic"), kStatusOk);
+  }
+  const Session session(folder.string());
+  const HCTX context = session.login();
+  EXPECT_TRUE(is_loaded(context, session.instance()));
+  EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
+  EXPECT_EQ(times, 2u);
+  EXPECT_EQ(OlvStandinSetDataLoaded(context, "Sample", "Basic", 0), kStatusOk);
+  EXPECT_FALSE(is_loaded(context, session.instance()));
+
+  fs::remove_all(folder / "Sample");
+  EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), standin::kNoSuchDatabase);
+  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
+  EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
+  EXPECT_EQ(times, 0u);
+}
+
+TEST(StatusText, IsASentenceOfItsOwnForEveryStatus) {
+  std::set<std::string> texts{OlvStandinStatusText(12345)};
+  std::vector<int> statuses = {kStatusOk, kStatusRefused, kStatusCopyFailed,
+                               kStatusAliasTableExists, kStatusDuplicateName};
+  for (int status = standin::kNotImplemented; status <= standin::kVerificationFailed; ++status) {
+    statuses.push_back(status);
+  }
+  for (const int status : statuses) {
+    const std::string text = OlvStandinStatusText(status);
+    EXPECT_EQ(text.back(), '.') << status;
+    EXPECT_TRUE(texts.insert(text).second) << status << ": " << text;
+  }
+}
+
+}  // namespace
+}  // namespace standin_test

@@ -1,0 +1,109 @@
+// How search texts match candidates.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "bridge/bridge.h"
+
+namespace {
+
+constexpr const char* kFormulaDelimiters = " \n();\"'[]{}@+-\\=,.<>";
+
+bool contains(const char* search, const char* candidate, bool match_case = false) {
+  return CallCompareStrings(search, candidate, match_case, JNI_FALSE, nullptr) != 0;
+}
+
+bool word(const char* search, const char* candidate, const char* delimiters = nullptr) {
+  return CallCompareStrings(search, candidate, JNI_TRUE, JNI_TRUE, delimiters) != 0;
+}
+
+TEST(TextMatch, EmptyAndNullTextsNeverMatch) {
+  for (const char* text : {static_cast<const char*>(nullptr), ""}) {
+    EXPECT_FALSE(contains(text, "Sales"));
+    EXPECT_FALSE(contains("Sales", text));
+    EXPECT_FALSE(word(text, "Sales"));
+    EXPECT_FALSE(word("Sales", text));
+    EXPECT_EQ(CallFindWholeWord(text, "Sales", nullptr), JNI_FALSE);
+  }
+}
+
+TEST(TextMatch, CaseIsFoldedOnBothSides) {
+  EXPECT_TRUE(contains("SALES", "east sales"));
+  EXPECT_TRUE(contains("sales", "East SALES"));
+  EXPECT_FALSE(contains("SALES", "east sales", true));
+  EXPECT_TRUE(contains("ale", "Sales", true));
+  EXPECT_FALSE(contains("Salesman", "Sales"));
+}
+
+TEST(TextMatch, EveryNonZeroFlagByteIsOn) {
+  EXPECT_EQ(CallCompareStrings("a", "ba", 0, 0, nullptr), 1);
+  EXPECT_EQ(CallCompareStrings("A", "a", 0xFF, 0, nullptr), 0);
+  EXPECT_EQ(CallCompareStrings("a", "ba", 1, 0x80, nullptr), 0);
+}
+
+TEST(TextMatch, WholeWords) {
+  EXPECT_TRUE(word("Sales", "Sales"));
+  EXPECT_TRUE(word("Sales", "Sales East"));
+  EXPECT_TRUE(word("Sales", "East Sales"));
+  EXPECT_TRUE(word("Sales", "East\nSales\nWest"));
+  EXPECT_FALSE(word("Sales", "East-Sales"));
+  EXPECT_FALSE(word("Sales", "Salesman"));
+  EXPECT_FALSE(word("Sales", "Presales Sales2"));
+  EXPECT_TRUE(word("a b", "x a b y"));
+}
+
+TEST(TextMatch, LaterAndOverlappingOccurrencesAreTried) {
+  EXPECT_TRUE(word("a", "ba a"));
+  EXPECT_TRUE(word("aa", "aaa aa"));
+  EXPECT_FALSE(word("aa", "aaa aaaa"));
+  EXPECT_TRUE(word("a a", "ba a a"));
+}
+
+TEST(TextMatch, EveryFormulaDelimiterEndsAWord) {
+  EXPECT_TRUE(word("Sales", "East-Sales", kFormulaDelimiters));
+  EXPECT_TRUE(word("Sales", "Sales+Costs;", kFormulaDelimiters));
+  for (const char* delimiter = kFormulaDelimiters; *delimiter != '\0'; ++delimiter) {
+    const std::string candidate = std::string("x") + *delimiter + "Sales" + *delimiter + "y";
+    EXPECT_TRUE(word("Sales", candidate.c_str(), kFormulaDelimiters)) << candidate;
+  }
+  EXPECT_FALSE(word("Sales", "Sales*2", kFormulaDelimiters));
+  EXPECT_FALSE(word("Sales", "a\tSales", nullptr));
+}
+
+TEST(TextMatch, EmptyDelimitersAreBlankAndLineFeed) {
+  for (const char* delimiters : {static_cast<const char*>(nullptr), ""}) {
+    EXPECT_TRUE(word("Sales", "East Sales\nWest", delimiters));
+    EXPECT_FALSE(word("Sales", "East-Sales", delimiters));
+  }
+}
+
+TEST(TextMatch, LongTextsAreComparedWhole) {
+  for (size_t length : {2046u, 2047u, 2048u, 2049u, 10000u}) {
+    const std::string candidate = std::string(length, 'X') + " End";
+    EXPECT_TRUE(contains("end", candidate.c_str())) << length;
+    EXPECT_TRUE(word("End", candidate.c_str())) << length;
+    const std::string search(length, 'x');
+    EXPECT_TRUE(contains(search.c_str(), candidate.c_str())) << length;
+    EXPECT_FALSE(contains((search + "x").c_str(), candidate.c_str())) << length;
+  }
+}
+
+TEST(TextMatch, CallersTextsAreNotChanged) {
+  char search[] = "SALES";
+  char candidate[] = "East SALES";
+  EXPECT_TRUE(contains(search, candidate));
+  EXPECT_STREQ(search, "SALES");
+  EXPECT_STREQ(candidate, "East SALES");
+}
+
+TEST(TextMatch, BytesBeyondAsciiStayWhole) {
+  // In the C locale nothing beyond ASCII folds, and no such byte ends a word.
+  EXPECT_TRUE(contains("CAF\xC3\xA9", "caf\xC3\xA9 noir"));
+  EXPECT_FALSE(contains("caf\xC3\x89", "caf\xC3\xA9"));
+  EXPECT_FALSE(word("Caf", "Caf\xC3\xA9"));
+  char text[] = "\xC3\x89T\xC3\x89";
+  CallLowercase(text);
+  EXPECT_STREQ(text, "\xC3\x89t\xC3\x89");
+}
+
+}  // namespace
