@@ -208,4 +208,4 @@ TEST_P(RandomEdits, AgreeWithAPlainModel) {
   check();
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, testing::Values(1U, 2U, 3U, 4U));
+INSTANTIATE_TEST_SUITE_P(Sequences, RandomEdits, testing::Values(1U, 2U, 3U, 4U));
