@@ -47,6 +47,7 @@ public final class Main implements Runnable {
    */
   public static void main(String[] arguments) {
     CommandLine command = new CommandLine(new Main());
+    command.setCaseInsensitiveEnumValuesAllowed(true);
     command.setOut(writer(FileDescriptor.out));
     command.setErr(writer(FileDescriptor.err));
     command.setExecutionExceptionHandler(

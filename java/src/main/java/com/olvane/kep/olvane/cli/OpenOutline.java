@@ -5,7 +5,12 @@ import static com.olvane.kep.olvane.standin.StandinSession.check;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.api.outline.MemberRequest;
+import com.olvane.kep.olvane.defs.outline.MemberRequestResult;
 import com.olvane.kep.olvane.standin.StandinSession;
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
 
 /** The outline of a database while it is open, for browsing or for editing. */
 public final class OpenOutline implements AutoCloseable {
@@ -69,6 +74,26 @@ public final class OpenOutline implements AutoCloseable {
   /** {@return the handle of the outline} */
   public OutlineHandle handle() {
     return handle;
+  }
+
+  /**
+   * Finds a member.
+   *
+   * @param member the name of the member
+   * @return its handle
+   * @throws IllegalArgumentException if there is no such member
+   */
+  public int find(String member) {
+    // The block requests are the ones that tell the handle of a name.
+    List<MemberRequestResult> found = new ArrayList<>();
+    check(
+        "find the member " + member,
+        OutlineJni.getMemberFormulaBlock(
+            instance(), handle, Collections.singletonList(new MemberRequest(member)), found));
+    if (found.isEmpty()) {
+      throw new IllegalArgumentException("There is no member " + member + " in " + name());
+    }
+    return found.get(0).getHandle();
   }
 
   /** Writes an edited outline back to its database. */

@@ -163,7 +163,8 @@ final class LibrarySearch {
     }
   }
 
-  private static boolean isLoadedElsewhere(UnsatisfiedLinkError e) {
+  /** Tells whether a library was refused because another class loader has loaded its file. */
+  static boolean isLoadedElsewhere(UnsatisfiedLinkError e) {
     return describe(e).contains("already loaded in another class");
   }
 

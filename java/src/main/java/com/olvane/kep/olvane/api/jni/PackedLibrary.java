@@ -32,6 +32,7 @@ final class PackedLibrary {
   /** The resource that lists the packed libraries: lines of hash, two blanks, file name. */
   static final String INDEX = "libraries.txt";
 
+  private static final int MOST_COPIES = 1000;
   private static final int LOCK_ATTEMPTS = 3000;
   private static final int LOCK_PAUSE_MS = 10;
 
@@ -99,19 +100,27 @@ final class PackedLibrary {
    * @param loader loads a library file or throws {@link UnsatisfiedLinkError}
    * @return {@code file}
    * @throws IOException if the copy cannot be made
+   * @throws UnsatisfiedLinkError if it cannot be loaded either
    */
   Path loadCopy(Path file, Consumer<Path> loader) throws IOException {
     try (FileChannel channel = openLockFile(file.getParent())) {
       lock(channel);
-      Path copy = temporary(file);
-      try {
-        Files.copy(file, copy);
-        loader.accept(copy);
-      } finally {
-        Files.deleteIfExists(copy);
+      // The virtual machine remembers the names of loaded files: each class loader takes the next.
+      for (int number = 1; ; number++) {
+        Path copy = temporary(file.resolveSibling(file.getFileName() + "." + number));
+        try {
+          Files.copy(file, copy);
+          loader.accept(copy);
+          return file;
+        } catch (UnsatisfiedLinkError e) {
+          if (number == MOST_COPIES || !LibrarySearch.isLoadedElsewhere(e)) {
+            throw e;
+          }
+        } finally {
+          Files.deleteIfExists(copy);
+        }
       }
     }
-    return file;
   }
 
   private Path privateDirectory(Path base) throws IOException {

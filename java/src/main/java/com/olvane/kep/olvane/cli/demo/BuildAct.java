@@ -22,12 +22,9 @@ final class BuildAct implements Act {
 
   @Override
   public void play(Tour tour) {
-    if (!tour.session().activateIfExists(Tour.APPLICATION, Tour.DATABASE)) {
-      tour.session().createDatabase(Tour.APPLICATION, Tour.DATABASE);
-    }
+    tour.create(Tour.DATABASE);
     OutlinePlan plan = tour.plan();
-    try (OpenOutline open =
-        OpenOutline.edit(tour.session(), Tour.APPLICATION, Tour.DATABASE)) {
+    try (OpenOutline open = tour.edit(Tour.DATABASE)) {
       InstanceHandle instance = open.instance();
       OutlineHandle outline = open.handle();
       clear(tour, instance, outline);
@@ -38,7 +35,7 @@ final class BuildAct implements Act {
       }
       tour.time("create members", () -> createMembers(plan, instance, outline));
       tour.time("assign aliases", () -> assignAliases(plan, instance, outline));
-      tour.time("set attributes and comments", () -> assignDetails(plan, instance, outline));
+      tour.time("set attributes, comments, formulas", () -> assignDetails(plan, instance, outline));
       tour.time("write the outline", () -> {
         open.write();
         return plan.members().size();
@@ -83,10 +80,13 @@ final class BuildAct implements Act {
         previous = child;
       }
     }
-    PlannedMember year = plan.find("Year");
-    check("make Year the time dimension",
-        OutlineJni.assignMemberDimensionCategory(instance, outline, year.handle,
-            new DimensionCategory(DimensionCategory.TIME), null));
+    for (PlannedMember dimension : plan.dimensions()) {
+      if (dimension.category != DimensionCategory.NONE) {
+        check("set the category of " + dimension.name,
+            OutlineJni.assignMemberDimensionCategory(instance, outline, dimension.handle,
+                new DimensionCategory(dimension.category), null));
+      }
+    }
     return plan.members().size();
   }
 
@@ -131,6 +131,11 @@ final class BuildAct implements Act {
       if (member.comment != null) {
         check("set the comment of " + member.name,
             OutlineJni.assignMemberComment(instance, outline, member.handle, member.comment));
+        count++;
+      }
+      if (member.formula != null) {
+        check("set the formula of " + member.name,
+            OutlineJni.updateMemberFormula(instance, outline, member.handle, member.formula));
         count++;
       }
       if (member.consolidation != Consolidation.DEFAULT) {

@@ -31,8 +31,10 @@ final class CompareAct implements Act {
       compareMembers(plan.members(), members);
       tour.time("read aliases", () -> compareAliases(plan.members(), open));
       tour.time("read attributes", () -> compareAttributes(plan.members(), members, open));
+      tour.time("read formulas", () -> compareFormulas(plan.members(), members, open));
     }
-    tour.print("  all members, properties, aliases and attributes are what was written");
+    tour.print(
+        "  all members, properties, aliases, attributes and formulas are what was written");
   }
 
   private static void readMembers(OpenOutline open, List<DefaultMember> members) {
@@ -64,6 +66,7 @@ final class CompareAct implements Act {
       expect("name", "member " + i, plan.name, member.getName());
       expect("number of children", plan.name, (long) plan.children.size(), member.getChildCount());
       expect("comment", plan.name, plan.comment, member.getComment());
+      expect("category", plan.name, plan.category, member.getDimensionCategory());
       expect("consolidation", plan.name, plan.consolidation, member.getConsolidation());
       if (!member.getHeldExceptions().isEmpty()) {
         throw new DifferenceException(member.getHeldExceptions().get(0).getMessage());
@@ -100,13 +103,28 @@ final class CompareAct implements Act {
         results.size());
     for (int i = 0; i < planned.size(); i++) {
       PlannedMember plan = planned.get(i);
-      List<String> wanted =
-          plan.attribute == null
-              ? Collections.<String>emptyList()
-              : Collections.singletonList(plan.attribute);
-      expect("attributes", plan.name, wanted, results.get(i).getData());
+      expect("attributes", plan.name, listOf(plan.attribute), results.get(i).getData());
     }
     return results.size();
+  }
+
+  private static int compareFormulas(
+      List<PlannedMember> planned, List<DefaultMember> members, OpenOutline open) {
+    List<MemberRequestResult> results = new ArrayList<>();
+    check("read the formulas",
+        OutlineJni.getMemberFormulaBlock(open.instance(), open.handle(), members, results));
+    expect("number of members with formulas read", "the outline", planned.size(), results.size());
+    for (int i = 0; i < planned.size(); i++) {
+      PlannedMember plan = planned.get(i);
+      expect("formula", plan.name, listOf(plan.formula), results.get(i).getData());
+    }
+    return results.size();
+  }
+
+  private static List<String> listOf(String textOrNull) {
+    return textOrNull == null
+        ? Collections.<String>emptyList()
+        : Collections.singletonList(textOrNull);
   }
 
   private static void expect(String what, String of, Object wanted, Object found) {

@@ -26,6 +26,7 @@ import picocli.CommandLine.Spec;
       "Examples:",
       "  outline demo",
       "  outline demo --store world --countries 20",
+      "  outline demo --act search",
       ""
     },
     mixinStandardHelpOptions = true)
@@ -39,6 +40,13 @@ public final class DemoCommand implements Callable<Integer> {
       paramLabel = "N",
       description = "Take only the first N countries by name (default: all).")
   private int countries = Integer.MAX_VALUE;
+
+  @Option(
+      names = "--act",
+      paramLabel = "NAME",
+      description = "Play this act alone, after building: compare, browse, reading, editing, life"
+          + " or search (default: all).")
+  private Chapter only;
 
   @Option(
       names = "--data",
@@ -61,7 +69,11 @@ public final class DemoCommand implements Callable<Integer> {
     OutlinePlan plan = new OutlinePlan(IsoCodes.read(data), countries);
     try (StandinSession session = options.open()) {
       Tour tour = new Tour(session, plan, page, progress);
-      for (Act act : new Act[] {new BuildAct(), new CompareAct(), new BrowseAct()}) {
+      for (Chapter chapter : Chapter.values()) {
+        if (only != null && chapter != only && chapter != Chapter.BUILD) {
+          continue;
+        }
+        Act act = chapter.act();
         tour.say(act.title() + " ...");
         tour.print("");
         tour.print("%s", act.title());

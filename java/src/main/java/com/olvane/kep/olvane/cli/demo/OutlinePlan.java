@@ -2,6 +2,7 @@ package com.olvane.kep.olvane.cli.demo;
 
 import com.olvane.kep.olvane.defs.outline.Consolidation;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import com.olvane.kep.olvane.defs.outline.DimensionCategory;
 import java.text.Normalizer;
 import java.time.LocalDate;
 import java.time.Month;
@@ -18,8 +19,9 @@ import java.util.Set;
 import java.util.stream.Collectors;
 
 /**
- * The outline that the demo builds: the world by initial, country and subdivision, the currencies
- * and a year. Members are named by their codes, which never clash; what people read are aliases.
+ * The outline that the demo builds: the world by initial, country and subdivision, the currencies,
+ * a year and a few measures. Members are named by their codes, which never clash; what people read
+ * are aliases.
  */
 final class OutlinePlan {
   /** The alias tables: the default table, which speaks English, then one per language. */
@@ -45,6 +47,7 @@ final class OutlinePlan {
     planGeography(codes, countries);
     planCurrencies(codes);
     planYear();
+    planMeasures();
     for (PlannedMember dimension : dimensions) {
       collect(dimension);
     }
@@ -112,6 +115,7 @@ final class OutlinePlan {
 
   private void planYear() {
     PlannedMember year = dimension("Year", "Calendar year", "Année civile", "Kalenderjahr", "暦年");
+    year.category = DimensionCategory.TIME;
     for (int quarter = 1; quarter <= 4; quarter++) {
       PlannedMember parent = member("Qtr" + quarter, year);
       Month first = Month.of(3 * quarter - 2);
@@ -129,6 +133,25 @@ final class OutlinePlan {
         }
       }
     }
+  }
+
+  private void planMeasures() {
+    PlannedMember measures = dimension("Measures", "Key figures", "Indicateurs", "Kennzahlen", "指標");
+    measures.category = DimensionCategory.ACCOUNTS;
+    PlannedMember profit =
+        measure("Profit", measures, "Operating profit", "Bénéfice", "Betriebsgewinn", "営業利益");
+    profit.formula = "Sales - Costs;";
+    measure("Sales", profit, "Net sales", "Chiffre d'affaires", "Umsatz", "売上高");
+    measure("Costs", profit, "Total costs", "Coûts", "Gesamtkosten", "費用");
+    PlannedMember margin =
+        measure("Margin", measures, "Profit margin", "Marge", "Gewinnspanne", "利益率");
+    margin.formula = "Profit / Sales * 100;";
+  }
+
+  private PlannedMember measure(String name, PlannedMember parent, String... aliases) {
+    PlannedMember measure = member(name, parent);
+    System.arraycopy(aliases, 0, measure.aliases, 0, aliases.length);
+    return measure;
   }
 
   private PlannedMember dimension(String name, String... aliases) {
@@ -158,6 +181,7 @@ final class OutlinePlan {
 
   /** Makes each alias of a member one of its kind, or drops it where that is impossible. */
   private void settleAliases(PlannedMember member) {
+    System.arraycopy(member.aliases, 0, member.plainAliases, 0, TABLES.length);
     for (int table = 0; table < TABLES.length; table++) {
       String alias = member.aliases[table];
       member.aliases[table] = null;
@@ -209,6 +233,11 @@ final class OutlinePlan {
    */
   PlannedMember find(String name) {
     return byName.get(name);
+  }
+
+  /** {@return the countries in outline order} */
+  List<PlannedMember> countries() {
+    return countries;
   }
 
   /**

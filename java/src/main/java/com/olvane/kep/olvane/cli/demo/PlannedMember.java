@@ -17,11 +17,20 @@ final class PlannedMember {
   /** The aliases by the position of their table in {@link OutlinePlan#TABLES}; null for none. */
   final String[] aliases = new String[OutlinePlan.TABLES.length];
 
+  /** The aliases as they were planned, before those that would clash were changed. */
+  final String[] plainAliases = new String[OutlinePlan.TABLES.length];
+
   /** The user-defined attribute, or null. */
   String attribute;
 
   /** The comment, or null. */
   String comment;
+
+  /** The formula, or null. */
+  String formula;
+
+  /** The category code of a dimension. */
+  short category;
 
   /** The consolidation code. */
   short consolidation;

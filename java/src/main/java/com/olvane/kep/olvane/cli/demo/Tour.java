@@ -1,5 +1,8 @@
 package com.olvane.kep.olvane.cli.demo;
 
+import static com.olvane.kep.olvane.standin.StandinSession.check;
+
+import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.PrintWriter;
@@ -48,7 +51,64 @@ final class Tour {
 
   /** {@return the demo's outline, opened for browsing; the caller closes it} */
   OpenOutline browse() {
-    return OpenOutline.query(session, APPLICATION, DATABASE);
+    return browse(DATABASE);
+  }
+
+  /**
+   * Opens an outline for browsing.
+   *
+   * @param database a database of the demo's application
+   * @return the outline, which the caller closes
+   */
+  OpenOutline browse(String database) {
+    return OpenOutline.query(session, APPLICATION, database);
+  }
+
+  /**
+   * Opens an outline for editing.
+   *
+   * @param database a database of the demo's application
+   * @return the outline, which the caller closes
+   */
+  OpenOutline edit(String database) {
+    return OpenOutline.edit(session, APPLICATION, database);
+  }
+
+  /**
+   * Saves the demo's outline as the one of another database, which is created if need be and
+   * restructured.
+   *
+   * @param database the other database of the demo's application
+   */
+  void saveAs(String database) {
+    try (OpenOutline open = edit(DATABASE)) {
+      saveAs(open, database);
+    }
+  }
+
+  /**
+   * Saves an open outline as the one of another database, which is created if need be and
+   * restructured.
+   *
+   * @param open the outline, opened for editing
+   * @param database the other database of the demo's application
+   */
+  void saveAs(OpenOutline open, String database) {
+    create(database);
+    check("save the outline as " + APPLICATION + "." + database,
+        OutlineJni.saveAsObject(open.instance(), session.context(), open.handle(),
+            session.context(), APPLICATION, database));
+  }
+
+  /**
+   * Creates a database unless it is there from an earlier run, and makes it active.
+   *
+   * @param database a database of the demo's application
+   */
+  void create(String database) {
+    if (!session.activateIfExists(APPLICATION, database)) {
+      session.createDatabase(APPLICATION, database);
+    }
   }
 
   /**
@@ -71,6 +131,11 @@ final class Tour {
     progress.flush();
   }
 
+  /** {@return a new line for the progress of a step; the caller closes it} */
+  ProgressLine progress() {
+    return new ProgressLine(progress);
+  }
+
   /**
    * Runs a step and notes how long it took.
    *
@@ -83,13 +148,13 @@ final class Tour {
     double micros = (System.nanoTime() - start) / 1e3;
     times.add(
         String.format(
-            Locale.ROOT, "  %-34s %,9d %9.1f %9.2f", name, count, micros / 1e3,
+            Locale.ROOT, "  %-40s %,9d %9.1f %9.2f", name, count, micros / 1e3,
             micros / Math.max(1, count)));
   }
 
   /** Prints what the stop-watch has noted. */
   void printTimes() {
-    print("  %-34s %9s %9s %9s", "step", "count", "ms", "µs each");
+    print("  %-40s %9s %9s %9s", "step", "count", "ms", "µs each");
     times.forEach(line -> print("%s", line));
   }
 

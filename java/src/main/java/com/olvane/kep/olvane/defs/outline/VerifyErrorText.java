@@ -10,7 +10,6 @@ final class VerifyErrorText {
     "has more than one time dimension",
     "has more than one accounts dimension",
     "has more than one country dimension",
-    "has dynamic time series enabled but no time dimension",
     "has two alias tables of one name",
   };
 
@@ -32,7 +31,7 @@ final class VerifyErrorText {
   };
 
   private static final String[] MEMBER_EXTENDED = {
-    "has an alias that stands for an earlier member in the same table",
+    "has an alias that another member has in the same table",
     "has an alias that is another member's name",
     "has an alias that begins with a character that formulas read as syntax",
     "names a generation or level twice, or like a member",
