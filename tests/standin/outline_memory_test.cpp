@@ -22,7 +22,13 @@ thread_local long allocations_left = -1;
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }
+[[gnu::noinline]] void* operator new(size_t bytes, const std::nothrow_t&) noexcept {
+  return std::malloc(bytes == 0 ? 1 : bytes);
+}
 [[gnu::noinline]] void operator delete(void* block) noexcept {
+  std::free(block);
+}
+[[gnu::noinline]] void operator delete(void* block, const std::nothrow_t&) noexcept {
   std::free(block);
 }
 [[gnu::noinline]] void operator delete(void* block, size_t) noexcept {

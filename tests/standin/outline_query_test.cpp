@@ -65,6 +65,24 @@ TEST_F(Queries, PagesCoverEveryMatchOnce) {
   }
 }
 
+TEST_F(Queries, PagesSeeEveryChangeBetweenThem) {
+  const HMember top = dimension("Top");
+  for (const char* text : {"a", "b", "c", "d", "e"}) child(top, text);
+  const auto page = [&](uint32_t first) {
+    return names(query(kQueryChildren, top, 0, nullptr, nullptr, nullptr, first, 2).members);
+  };
+  EXPECT_EQ(page(2), (Names{"c", "d"}));
+  EXPECT_EQ(page(1), (Names{"b", "c"}));
+  remove(find("b"));
+  EXPECT_EQ(page(1), (Names{"c", "d"}));
+  EXPECT_EQ(try_child(top, "first"), 0);
+  EXPECT_EQ(page(1), (Names{"a", "c"}));
+  EXPECT_EQ(OlvOtlSortChildren(h_, top, kSortDescending, 0, 0), 0);
+  EXPECT_EQ(page(1), (Names{"e", "d"}));
+  EXPECT_EQ(OlvOtlMoveMember(h_, find("e"), 0, find("c")), 0);
+  EXPECT_EQ(page(1), (Names{"d", "c"}));
+}
+
 TEST_F(Queries, SearchesNamesAndAliasesInPreOrder) {
   EXPECT_EQ(search("qtr?"), (Names{"Qtr1", "Qtr2"}));
   EXPECT_EQ(search("*COLA"), (Names{"Cola", "Diet Cola"}));

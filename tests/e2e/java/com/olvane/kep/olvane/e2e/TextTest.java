@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.e2e;
 import static com.olvane.kep.olvane.standin.StandinSession.check;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertNotEquals;
+import static org.junit.Assert.assertNull;
 import static org.junit.Assert.assertTrue;
 
 import com.olvane.kep.olvane.api.InstanceHandle;
@@ -121,7 +122,7 @@ public class TextTest {
       DefaultMember read = StoreRule.children(open, "Texts").get(0);
       assertEquals(fits, read.getName());
       assertEquals(new String(comment), read.getComment());
-      assertEquals("", read.getCurrencyMember());
+      assertNull(read.getCurrencyMember());
     }
   }
 }
