@@ -1,0 +1,22 @@
+// Other processes: the sqlite3 shell as a yardstick, and children whose memory is looked at.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace bench {
+
+// Runs the sqlite3 shell on a database file with the commands in the file `script`; its output
+// goes to the file `output`. CPU seconds that it took. Throws std::runtime_error when it fails.
+double run_sqlite_shell(const std::string& database, const std::string& script,
+                        const std::string& output);
+
+// Whether there is an sqlite3 shell of this program's width.
+bool has_sqlite_shell();
+
+// Bytes by which a child process that calls work() grows at its peak. Call it before this process
+// has opened a store. Throws std::runtime_error when the child fails.
+int64_t peak_memory_of(const std::function<void()>& work);
+
+}  // namespace bench
