@@ -22,7 +22,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev
 )
 # The leading number counts changes to what this script does with the packages.
-recipe="1 $codename ${packages[*]}"
+recipe="2 $codename ${packages[*]}"
 stamp=$tree/.laid-from
 is_laid() { [[ -f $stamp && $(<"$stamp") == "$recipe" ]]; }
 if is_laid; then exit 0; fi
@@ -72,6 +72,13 @@ done < <(find "$work/kept" -type l -lname '/*' -print0)
 
 # An empty cache keeps the 32-bit loader from reading the machine's, which names other libraries.
 : >"$work/kept/etc/ld.so.cache"
+
+# Emulated programs load the remedy for a fault of the emulator; without one nobody reads this.
+gcc -m32 --sysroot="$work/kept" -O2 -Wall -Wextra -Werror -shared -fPIC \
+  "$(dirname "$0")/emulated_threads.c" -o "$work/kept/lib/emulated_threads.so" ||
+  fail "gcc could not compile tools/emulated_threads.c with -m32; the lines above say why." \
+    "Run './dev setup', which installs gcc's 32-bit parts, and try again."
+echo /lib/emulated_threads.so >"$work/kept/etc/ld.so.preload"
 
 [[ -e $work/kept/usr/lib/jvm/default-java/lib/server/libjvm.so ]] || fail \
   "the unpacked packages hold no 32-bit Java virtual machine." "Report this with $log."

@@ -22,13 +22,17 @@ install() {
     as_root=(sudo -n)
   fi
   say "installing ${missing[*]}"
+  local log=build/apt.log
+  mkdir -p build
   # A fresh image has no package lists, an old one stale ones.
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=600 update ||
-    fail "apt-get update failed; the lines above say why." "Check the network and apt's sources."
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=600 \
-    -o Dpkg::Use-Pty=0 --no-install-recommends install "${missing[@]}" ||
-    fail "apt-get could not install the packages; the lines above say why." \
-      "Put that right and run the command again."
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -ec '
+    apt-get -o DPkg::Lock::Timeout=600 update
+    apt-get -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 -y --no-install-recommends install "$@"
+  ' install "${missing[@]}" >"$log" 2>&1 </dev/null || {
+    tail -n 20 "$log" >&2
+    fail "apt-get could not install the packages; the lines above and $log say why." \
+      "Put that right (mostly it's the network or apt's sources) and run the command again."
+  }
 }
 
 # The folder with the country codes and their translations. Minimal images tell dpkg to leave out
@@ -44,7 +48,8 @@ iso_codes_folder() {
     local work
     mkdir -p build
     work=$(mktemp -d build/iso-codes.XXXXXX)
-    if ! (cd "$work" && apt-get -q download iso-codes >&2 && dpkg-deb -x iso-codes_*.deb all); then
+    if ! (cd "$work" && apt-get -q -o APT::Sandbox::User=root download iso-codes >&2 &&
+      dpkg-deb -x iso-codes_*.deb all); then
       rm -rf "$work"
       fail "the package iso-codes could not be fetched; the lines above say why." \
         "Check the network, run 'apt-get update' as root and try again."
