@@ -1,20 +1,12 @@
-# Runs a Java command and judges it: cmake -DWORK=FOLDER -P run_junit.cmake -- COMMAND ARG...
+# Runs a Java command and judges it:
+#   cmake -DWORK=FOLDER -DCOMMAND_FILE=FILE -P run_junit.cmake
+# COMMAND_FILE holds the command, one word a line.
 # The tests report to standard error; standard output is the virtual machine's, whose warnings
 # about JNI calls fail the run. Two kinds follow from the small set of JNI functions that the
 # library keeps to: missing exception checks, and many local references. WORK is the folder that
 # the tests work in; it is made empty before and removed after.
 
-set(command "")
-set(in_command FALSE)
-math(EXPR last "${CMAKE_ARGC} - 1")
-foreach(i RANGE ${last})
-  if(in_command)
-    list(APPEND command "${CMAKE_ARGV${i}}")
-  elseif(CMAKE_ARGV${i} STREQUAL "--")
-    set(in_command TRUE)
-  endif()
-endforeach()
-
+file(STRINGS "${COMMAND_FILE}" command)
 file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}")
 set(output "${WORK}.output")
