@@ -77,9 +77,9 @@ class OutlineDump {
     AttributeSpecRecord* spec = nullptr;
     ASSERT_EQ(OlvOtlGetAttributeSpecifications(h_, &spec), 0);
     bytes(spec, offsetof(AttributeSpecRecord, reserved10) + sizeof spec->reserved10);
-    for (const char* name : {spec->trueName, spec->falseName, spec->calcDimensionName,
-                             spec->sumName, spec->countName, spec->averageName,
-                             spec->minimumName, spec->maximumName}) {
+    for (const char* name :
+         {spec->trueName, spec->falseName, spec->calcDimensionName, spec->sumName, spec->countName,
+          spec->averageName, spec->minimumName, spec->maximumName}) {
       text("spec", name);
     }
     EXPECT_EQ(OlvOtlFreeStructure(h_, 1, kStructureAttributeSpec, spec), 0);
@@ -103,9 +103,8 @@ class OutlineDump {
     taken_text("formula", [&](char** to) { return OlvOtlGetMemberFormula(h_, member, to); });
     taken_text("comment", [&](char** to) { return OlvOtlGetMemberCommentEx(h_, member, to); });
     for (const std::string& table : tables_) {
-      taken_text("alias", [&](char** to) {
-        return OlvOtlGetMemberAlias(h_, member, table.c_str(), to);
-      });
+      taken_text("alias",
+                 [&](char** to) { return OlvOtlGetMemberAlias(h_, member, table.c_str(), to); });
     }
     uint16_t count = 0;
     char* udas = nullptr;
@@ -153,6 +152,8 @@ class OutlineDump {
   std::ostringstream out_;
 };
 
-inline std::string dump(HOutline h) { return OutlineDump(h).text(); }
+inline std::string dump(HOutline h) {
+  return OutlineDump(h).text();
+}
 
 }  // namespace standin_test

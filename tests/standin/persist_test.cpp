@@ -114,8 +114,7 @@ void Persist::build_rich_outline() {
   ASSERT_EQ(OlvOtlCreateAliasTable(h_, "a"), 0);
   ASSERT_EQ(OlvOtlRenameAliasTable(h_, kLatin1, "a"), 0);
   for (const HMember member : children(second)) {
-    ASSERT_EQ(OlvOtlSetMemberAlias(h_, member, "Long names", ("Alias " + name(member)).c_str()),
-              0);
+    ASSERT_EQ(OlvOtlSetMemberAlias(h_, member, "Long names", ("Alias " + name(member)).c_str()), 0);
   }
   ASSERT_EQ(OlvOtlSetMemberAlias(h_, sub, nullptr, kLatin1), 0);
   ASSERT_EQ(OlvOtlSetGenName(h_, "Product", 2, "Families"), 0);

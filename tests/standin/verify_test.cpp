@@ -81,8 +81,8 @@ TEST_F(Verify, RepeatedNames) {
   const HMember beside = child(one, "b");
   ASSERT_EQ(rename(repeated, "COLA"), 0);
   ASSERT_EQ(rename(beside, "cola"), 0);
-  EXPECT_EQ(verify(), (Found{{repeated, {kErrorNameElsewhere, 0}},
-                             {beside, {kErrorNameSibling, 0}}}));
+  EXPECT_EQ(verify(),
+            (Found{{repeated, {kErrorNameElsewhere, 0}}, {beside, {kErrorNameSibling, 0}}}));
   share(repeated, kShareShared);
   ASSERT_EQ(remove(beside), 0);
   EXPECT_EQ(verify(), Found{});
