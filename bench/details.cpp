@@ -23,23 +23,23 @@ using BlockCall = jint(JNICALL*)(JNIEnv*, jclass, jobject, jobject, jobject, job
 using SingleCall = jint (*)(JNIEnv*, jobject inst, jobject outline, jint member, jobject target);
 
 jint single_formula(JNIEnv* env, jobject inst, jobject outline, jint member, jobject target) {
-  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberFormula(
-      env, nullptr, inst, outline, nullptr, member, target);
+  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberFormula(env, nullptr, inst, outline,
+                                                                        nullptr, member, target);
 }
 
 jint single_aliases(JNIEnv* env, jobject inst, jobject outline, jint member, jobject target) {
-  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAliases(env, nullptr, inst,
-                                                                       outline, member, target);
+  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAliases(env, nullptr, inst, outline,
+                                                                        member, target);
 }
 
 jint single_attributes(JNIEnv* env, jobject inst, jobject outline, jint member, jobject target) {
-  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAttributes(
-      env, nullptr, inst, outline, member, target);
+  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAttributes(env, nullptr, inst,
+                                                                           outline, member, target);
 }
 
 jint single_udas(JNIEnv* env, jobject inst, jobject outline, jint member, jobject target) {
-  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberUDAS(
-      env, nullptr, inst, outline, nullptr, member, target);
+  return Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberUDAS(env, nullptr, inst, outline,
+                                                                     nullptr, member, target);
 }
 
 constexpr const char* kList = "java/util/ArrayList";
@@ -53,15 +53,13 @@ const Kind kKinds[] = {
     {"Formulas (every tenth member has one)",
      Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberFormulaBlock, single_formula,
      "com/olvane/kep/olvane/defs/outline/Formula"},
-    {"Aliases in two tables",
-     Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAliasesBlock, single_aliases,
-     kList},
+    {"Aliases in two tables", Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAliasesBlock,
+     single_aliases, kList},
     {"Attributes (every member has one)",
      Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberAttributesBlock, single_attributes,
      kList},
     {"UDAs (every fifth member has two)",
-     Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberUDASBlock, single_udas,
-     kList},
+     Java_com_olvane_kep_olvane_api_jni_OutlineJni_getMemberUDASBlock, single_udas, kList},
 };
 
 // A list of requests for the first `count` members, by handle.
@@ -84,8 +82,9 @@ int run(int argc, char** argv) {
   const int64_t largest = report.largest(kSizes);
   const Jvm jvm(largest * kBytesPerMember * 5 / 4);
   report.note(jvm.description());
-  report.note("Single calls are made from C++ in a frame of local references each; a Java client "
-              "pays its own call on top.");
+  report.note(
+      "Single calls are made from C++ in a frame of local references each; a Java client "
+      "pays its own call on top.");
   const bench::TempFolder folder;
   const bench::Store store(folder.path());
   const bench::OpenOutline outline(store, "Details");

@@ -21,7 +21,8 @@ constexpr int64_t kBytesPerCall = 200;
 
 // ---- Copying ----
 
-// Fills an empty outline with a tree of `count` members and returns its root, which is no dimension.
+// Fills an empty outline with a tree of `count` members and returns its root, which is no
+// dimension.
 using Fill = HMember (*)(const OpenOutline& outline, int64_t count);
 
 HMember fill_wide(const OpenOutline& outline, int64_t count) {
@@ -55,8 +56,7 @@ class CopyBench {
     const HMember source = fill(outline, count);
     const HMember target = outline.add_dimension("Target");
     jobject joutline = jvm_.outline_handle(static_cast<jint>(outline.handle()));
-    jobject request =
-        jvm_.keep(jvm_.make("com/olvane/kep/olvane/api/outline/CopyRequest", "()V"));
+    jobject request = jvm_.keep(jvm_.make("com/olvane/kep/olvane/api/outline/CopyRequest", "()V"));
     const double seconds = jvm_.time_call(count * kBytesPerCall, [&](JNIEnv*) {
       jvm_.call([&](JNIEnv* env) {
         bench::require(Java_com_olvane_kep_olvane_api_jni_OutlineJni_copyMember(
@@ -156,11 +156,11 @@ class AssignBench {
   }
 
   void add_all(bench::Report& report) const {
-    jobject code =
-        jvm_.make("com/olvane/kep/olvane/defs/outline/Consolidation", "()V");
+    jobject code = jvm_.make("com/olvane/kep/olvane/defs/outline/Consolidation", "()V");
     jvm_.set(code, "setValue", "(S)V", jshort{2});
     code = jvm_.keep(code);
-    add(report, "assignMemberConsolidation against reading and writing the record",
+    add(
+        report, "assignMemberConsolidation against reading and writing the record",
         [code](JNIEnv* env, jobject inst, jobject outline, jint member) {
           return Java_com_olvane_kep_olvane_api_jni_OutlineJni_assignMemberConsolidation(
               env, nullptr, inst, outline, member, code);
@@ -170,18 +170,19 @@ class AssignBench {
                                [](MemberInfoRecord& info) { info.consolidation = 2; });
         });
     jstring comment = text(kComment);
-    add(report, "assignMemberComment against reading and writing the record",
+    add(
+        report, "assignMemberComment against reading and writing the record",
         [comment](JNIEnv* env, jobject inst, jobject outline, jint member) {
           return Java_com_olvane_kep_olvane_api_jni_OutlineJni_assignMemberComment(
               env, nullptr, inst, outline, member, comment);
         },
         [](HOutline outline, HMember member) {
-          return update_record(outline, member, [](MemberInfoRecord& info) {
-            std::strcpy(info.comment, kComment);
-          });
+          return update_record(outline, member,
+                               [](MemberInfoRecord& info) { std::strcpy(info.comment, kComment); });
         });
     jstring formula = text(kFormula);
-    add(report, "updateMemberFormula against the one API call",
+    add(
+        report, "updateMemberFormula against the one API call",
         [formula](JNIEnv* env, jobject inst, jobject outline, jint member) {
           return Java_com_olvane_kep_olvane_api_jni_OutlineJni_updateMemberFormula(
               env, nullptr, inst, outline, member, formula);
@@ -191,7 +192,8 @@ class AssignBench {
         });
     jstring alias = text(kAlias);
     jstring table = text("Default");
-    add(report, "assignMemberAlias against the one API call",
+    add(
+        report, "assignMemberAlias against the one API call",
         [table, alias](JNIEnv* env, jobject inst, jobject outline, jint member) {
           return Java_com_olvane_kep_olvane_api_jni_OutlineJni_assignMemberAlias(
               env, nullptr, inst, outline, member, table, alias);

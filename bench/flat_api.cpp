@@ -60,7 +60,9 @@ HMember add_flat_parent(uint32_t children, HMember* first) {
   return parent;
 }
 
-const MemberInfoRecord& flat_leaf_record(HMember leaf) { return records()[leaf % kRecords]; }
+const MemberInfoRecord& flat_leaf_record(HMember leaf) {
+  return records()[leaf % kRecords];
+}
 
 }  // namespace bench
 
@@ -98,9 +100,13 @@ int OlvOtlGetMemberInfo(HOutline, HMember member, MemberInfoRecord** info) {
   return kStatusOk;
 }
 
-int OlvOtlFreeStructure(HOutline, uint32_t, uint32_t, const void*) { return kStatusOk; }
+int OlvOtlFreeStructure(HOutline, uint32_t, uint32_t, const void*) {
+  return kStatusOk;
+}
 
-int OlvOtlFindMember(HOutline, const char*, HMember*) { return bench::kNotHere; }
+int OlvOtlFindMember(HOutline, const char*, HMember*) {
+  return bench::kNotHere;
+}
 
 int OlvOtlQueryMembers(HOutline, HMember, const MemberQuery*, MemberQueryCounts*, HMember**) {
   return bench::kNotHere;
@@ -111,6 +117,8 @@ int OlvOtlQueryMembersByName(HOutline, const char*, const MemberQuery*, MemberQu
   return bench::kNotHere;
 }
 
-int OlvOtlFreeMembers(HOutline, uint32_t, const HMember*) { return kStatusOk; }
+int OlvOtlFreeMembers(HOutline, uint32_t, const HMember*) {
+  return kStatusOk;
+}
 
 }  // extern "C"

@@ -20,8 +20,8 @@ constexpr int64_t kBytesPerMember = 1600;
 
 int run(int argc, char** argv) {
   bench::Report report(argc, argv, "Listing children through the library and through JNA");
-  const Jvm jvm(report.largest(kSizes) * kBytesPerMember * 5 / 4,
-                BENCH_JNA_CLASS_PATH, {"-Djna.library.path=" BENCH_LIBRARY_FOLDER});
+  const Jvm jvm(report.largest(kSizes) * kBytesPerMember * 5 / 4, BENCH_JNA_CLASS_PATH,
+                {"-Djna.library.path=" BENCH_LIBRARY_FOLDER});
   report.note(jvm.description());
   const bench::TempFolder folder;
   const bench::Store store(folder.path());
@@ -56,14 +56,13 @@ int run(int argc, char** argv) {
       outline.add_member(static_cast<HMember>(parent), "Product", number++);
     }
     add("getChildrenEx", size, [joutline, parent](JNIEnv* frame, jobject list) {
-      bench::require(
-          Java_com_olvane_kep_olvane_api_jni_OutlineJni_getChildrenEx(
-              frame, nullptr, nullptr, joutline, nullptr, parent, list),
-          "getChildrenEx");
+      bench::require(Java_com_olvane_kep_olvane_api_jni_OutlineJni_getChildrenEx(
+                         frame, nullptr, nullptr, joutline, nullptr, parent, list),
+                     "getChildrenEx");
     });
     add("JNA", size, [=, &outline](JNIEnv* frame, jobject list) {
-      frame->CallStaticVoidMethod(listing, list_through_jna,
-                                  static_cast<jint>(outline.handle()), parent, list);
+      frame->CallStaticVoidMethod(listing, list_through_jna, static_cast<jint>(outline.handle()),
+                                  parent, list);
     });
   }
   return report.run();

@@ -10,12 +10,14 @@ namespace {
 
 constexpr int64_t kMegabyte = 1 << 20;
 
-std::string megabytes(int64_t bytes) { return std::to_string(bytes / kMegabyte) + "m"; }
+std::string megabytes(int64_t bytes) {
+  return std::to_string(bytes / kMegabyte) + "m";
+}
 
 std::string property(JNIEnv* env, const char* name) {
   jclass system = env->FindClass("java/lang/System");
-  jmethodID get = env->GetStaticMethodID(system, "getProperty",
-                                         "(Ljava/lang/String;)Ljava/lang/String;");
+  jmethodID get =
+      env->GetStaticMethodID(system, "getProperty", "(Ljava/lang/String;)Ljava/lang/String;");
   jstring key = env->NewStringUTF(name);
   auto value = static_cast<jstring>(env->CallStaticObjectMethod(system, get, key));
   if (value == nullptr) return "?";
@@ -36,10 +38,9 @@ Jvm::Jvm(int64_t young_bytes, const std::string& class_path,
   const std::string young = megabytes(young_bytes);
   const std::string heap = megabytes(young_bytes + old_bytes_);
   std::vector<std::string> words = more_options;
-  words.insert(words.end(),
-               {"-Djava.class.path=" BENCH_KEPOTL_JAR ":" + class_path, "-XX:+UseSerialGC",
-                "-XX:+AlwaysPreTouch", "-XX:SurvivorRatio=30", "-Xms" + heap, "-Xmx" + heap,
-                "-Xmn" + young});
+  words.insert(words.end(), {"-Djava.class.path=" BENCH_KEPOTL_JAR ":" + class_path,
+                             "-XX:+UseSerialGC", "-XX:+AlwaysPreTouch", "-XX:SurvivorRatio=30",
+                             "-Xms" + heap, "-Xmx" + heap, "-Xmn" + young});
   std::vector<JavaVMOption> options;
   for (std::string& word : words) options.push_back({word.data(), nullptr});
   JavaVMInitArgs arguments = {};
@@ -56,8 +57,7 @@ Jvm::Jvm(int64_t young_bytes, const std::string& class_path,
                  "; serial collector, fixed heap of " + heap + ", " + young + " of it young";
 
   runtime_class_ = static_cast<jclass>(keep(env_->FindClass("java/lang/Runtime")));
-  jmethodID get =
-      env_->GetStaticMethodID(runtime_class_, "getRuntime", "()Ljava/lang/Runtime;");
+  jmethodID get = env_->GetStaticMethodID(runtime_class_, "getRuntime", "()Ljava/lang/Runtime;");
   runtime_ = keep(env_->CallStaticObjectMethod(runtime_class_, get));
   check("Runtime.getRuntime");
 }

@@ -66,8 +66,7 @@ double run_sqlite_shell(const std::string& database, const std::string& script,
   posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(),
                                    O_WRONLY | O_CREAT | O_TRUNC, 0600);
   std::string words[] = {"sqlite3", "-batch", "-bail", database};
-  char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
-                       nullptr};
+  char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
   pid_t child = 0;
   const int failed = posix_spawnp(&child, "sqlite3", &actions, nullptr, arguments, environ);
   posix_spawn_file_actions_destroy(&actions);
@@ -75,7 +74,9 @@ double run_sqlite_shell(const std::string& database, const std::string& script,
   return wait_for(child, "sqlite3");
 }
 
-bool has_sqlite_shell() { return sizeof(void*) == 8; }
+bool has_sqlite_shell() {
+  return sizeof(void*) == 8;
+}
 
 int64_t peak_memory_of(const std::function<void()>& work) {
   int ends[2];

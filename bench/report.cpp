@@ -15,7 +15,7 @@ namespace bench {
 namespace {
 
 constexpr int64_t kQuickLargest = 10'000;
-constexpr int64_t kGrowthFrom = 10'000;   // growth is told from this size on
+constexpr int64_t kGrowthFrom = 10'000;    // growth is told from this size on
 constexpr int64_t kUnitsPerTurn = 50'000;  // small sizes run several times a turn
 constexpr int kTurns = 9;
 constexpr int kTurnsOfLarge = 5;
@@ -41,7 +41,9 @@ std::string fixed(double value, int digits) {
 }
 
 // Three significant digits at least, and none behind the point that mean nothing.
-std::string duration(double nanoseconds) { return fixed(nanoseconds, nanoseconds < 100 ? 1 : 0); }
+std::string duration(double nanoseconds) {
+  return fixed(nanoseconds, nanoseconds < 100 ? 1 : 0);
+}
 
 using Row = std::vector<std::string>;
 
@@ -181,9 +183,9 @@ void Table::print() const {
     }
     for (size_t i = 1; i < ways_.size(); ++i) cell(ratio(size, ways_[i]), 2);
     for (size_t i = 0; growth && i < ways_.size(); ++i) {
-      cell(size < base->first ? std::numeric_limits<double>::quiet_NaN()
-                              : nanoseconds_per_unit(size, ways_[i]) /
-                                    nanoseconds_per_unit(base->first, ways_[i]),
+      cell(size < base->first
+               ? std::numeric_limits<double>::quiet_NaN()
+               : nanoseconds_per_unit(size, ways_[i]) / nanoseconds_per_unit(base->first, ways_[i]),
            2);
     }
     rows.push_back(std::move(row));
@@ -204,8 +206,9 @@ Report::Report(int argc, char** argv, const std::string& subject)
       smoke_ = true;
       largest_ = 0;
     } else {
-      std::fprintf(stderr, "%s: unknown option '%s'.\nOptions: --quick (sizes up to 10,000), "
-                           "--smoke (the smallest sizes, once).\n",
+      std::fprintf(stderr,
+                   "%s: unknown option '%s'.\nOptions: --quick (sizes up to 10,000), "
+                   "--smoke (the smallest sizes, once).\n",
                    command_.c_str(), option.c_str());
       std::exit(2);
     }
@@ -235,8 +238,9 @@ int Report::run() {
   if (smoke_) {
     std::printf("A smoke run: each work once, so the figures mean nothing.\n");
   } else {
-    std::printf("CPU time; medians of %d turns, %d from %s on. In each turn all ways run side by side.\n",
-                kTurns, kTurnsOfLarge, grouped(kLarge).c_str());
+    std::printf(
+        "CPU time; medians of %d turns, %d from %s on. In each turn all ways run side by side.\n",
+        kTurns, kTurnsOfLarge, grouped(kLarge).c_str());
   }
   std::fflush(stdout);
 
@@ -251,7 +255,9 @@ int Report::run() {
           name.c_str(), [&ways](benchmark::State& state) { Collector::take_turn(state, ways); })
           ->UseManualTime()
           ->Iterations(smoke_ ? 1 : std::max<int64_t>(1, kUnitsPerTurn / size))
-          ->Repetitions(smoke_ ? 1 : size < kLarge ? kTurns : kTurnsOfLarge);
+          ->Repetitions(smoke_          ? 1
+                        : size < kLarge ? kTurns
+                                        : kTurnsOfLarge);
     }
   }
   // The turns of all sizes mix, so that growth is not what else the machine did meanwhile.

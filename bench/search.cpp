@@ -192,10 +192,10 @@ int run(int argc, char** argv) {
 
   std::vector<bench::Table*> searches;
   for (const Search& search : kSearches) searches.push_back(&report.table(search.title, "member"));
-  bench::Table& exporting = report.table(
-      "exportAliasTable, against copying the file line by line with stdio", "line");
-  bench::Table& importing = report.table(
-      "importAliasTable, against copying the file line by line with stdio", "line");
+  bench::Table& exporting =
+      report.table("exportAliasTable, against copying the file line by line with stdio", "line");
+  bench::Table& importing =
+      report.table("importAliasTable, against copying the file line by line with stdio", "line");
   std::vector<std::unique_ptr<OpenOutline>> outlines;
   std::vector<std::unique_ptr<AliasFiles>> files;
   for (const int64_t size : report.sizes(kSizes)) {
@@ -222,8 +222,8 @@ int run(int argc, char** argv) {
       });
     }
 
-    const AliasFiles& file = *files.emplace_back(std::make_unique<AliasFiles>(
-        jvm, jinst, joutline, folder.path() + "/" + name + ".alt"));
+    const AliasFiles& file = *files.emplace_back(
+        std::make_unique<AliasFiles>(jvm, jinst, joutline, folder.path() + "/" + name + ".alt"));
     file.time_export();  // makes the file
     exporting.add(size, "export", [&file] { return file.time_export(); });
     exporting.add(size, "copy", [&file] { return file.time_copy(); });

@@ -47,8 +47,8 @@ class ShellYardstick {
     text.replace(text.find("schema.sql"), 10, folder_ + "/schema.sql");
     write_script("dump.sql", text);
     shell(outline_file_, "dump.sql", "dump.txt");
-    write_script("import.sql", "BEGIN;\n.read " + folder_ + "/schema.sql\n" + import_commands +
-                                   "COMMIT;\n");
+    write_script("import.sql",
+                 "BEGIN;\n.read " + folder_ + "/schema.sql\n" + import_commands + "COMMIT;\n");
     write_script("read.sql", read_commands);
   }
 
@@ -129,8 +129,8 @@ void measure_memory(bench::Report& report) {
       const bench::Store store(folder.path());
       const bench::OpenOutline outline(store, kStored);
     });
-    rows.push_back({bench::grouped(size), std::to_string(built / size),
-                    std::to_string(opened / size)});
+    rows.push_back(
+        {bench::grouped(size), std::to_string(built / size), std::to_string(opened / size)});
   }
   report.figures("Peak memory of a process with the outline (bytes per member)", std::move(rows));
 }
@@ -140,8 +140,9 @@ int run(int argc, char** argv) {
   measure_memory(report);
   const bench::TempFolder folder;
   const bench::Store store(folder.path() + "/store");
-  report.note("Each member has one or two aliases and an attribute, every tenth a formula, every "
-              "fifth two UDAs.");
+  report.note(
+      "Each member has one or two aliases and an attribute, every tenth a formula, every "
+      "fifth two UDAs.");
   if (!bench::has_sqlite_shell()) {
     report.note("Not compared with the sqlite3 shell, which this machine has for 64 bits only.");
   }
@@ -161,8 +162,7 @@ int run(int argc, char** argv) {
       return bench::cpu_seconds([&] { fixture.outline.write(store, fixture.name.c_str()); });
     });
     opening.add(size, "open", [&] { return time_opening(store, fixture.name); });
-    verifying.add(size, "verify",
-                  [&] { return time_verifying(store, fixture.outline.handle()); });
+    verifying.add(size, "verify", [&] { return time_verifying(store, fixture.outline.handle()); });
     if (!fixture.shell) continue;
     writing.add(size, "sqlite3", [&] { return fixture.shell->write_rows(); });
     opening.add(size, "sqlite3", [&] { return fixture.shell->read_rows(); });

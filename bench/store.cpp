@@ -100,7 +100,9 @@ Store::Store(const std::string& folder) : folder_(folder) {
   if (created != standin::kDatabaseExists) require_ok(created, "create a database");
 }
 
-Store::~Store() { OlvStandinTerminate(instance_); }
+Store::~Store() {
+  OlvStandinTerminate(instance_);
+}
 
 ObjectDefinitionRecord Store::object(const char* name) const {
   return {context_, kObjectTypeOutline, kApplication, kDatabase, name};
@@ -132,8 +134,7 @@ HMember OpenOutline::add_member(HMember parent, const char* prefix, uint32_t num
   MemberInfoRecord record = blank(numbered(prefix, number));
   record.consolidation = static_cast<int16_t>(number % 4);
   HMember added = 0;
-  require_ok(OlvOtlAddMemberEx(handle_, &record, parent, 0, &added, kMemberOption),
-             "add a member");
+  require_ok(OlvOtlAddMemberEx(handle_, &record, parent, 0, &added, kMemberOption), "add a member");
   return added;
 }
 

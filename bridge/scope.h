@@ -147,6 +147,7 @@ class ApiBlock {
   explicit operator bool() const { return block_ != nullptr; }
   T* get() const { return block_; }
   T* operator->() const { return block_; }
+  T& operator*() const { return *block_; }
   T& operator[](size_t index) const { return block_[index]; }
 
  private:

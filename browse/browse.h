@@ -98,7 +98,7 @@ int for_each_record(HOutline outline, const HandleArray& members, int status, Vi
   for (uint32_t i = 0; i < members.size(); ++i) {
     MemberRecord record(outline);
     status = record.read(members[i]);
-    if (status == kStatusOk) visit(members[i], *record.get());
+    if (status == kStatusOk) visit(members[i], *record);
   }
   return status;
 }

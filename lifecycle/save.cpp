@@ -147,7 +147,7 @@ char* getLocalPathCandidate(INST inst, HCTX local, char name[kScratchNameSize]) 
     if (OlvGetObjectInfo(local, kObjectTypeOutline, kScratchApplication, kScratchDatabase,
                          candidate, info.out()) != kStatusOk) {
       info.forget();
-      std::strcpy(name, candidate);
+      std::memcpy(name, candidate, sizeof candidate);
       return name;
     }
   }

@@ -27,7 +27,7 @@ struct PathSearch {
       alias.forget();
     }
     MemberRecord record(outline);
-    const bool by_alias = alias && *alias.get() != '\0';
+    const bool by_alias = alias && *alias != '\0';
     if (!by_alias) {
       const int read = record.read(member);
       if (read != kStatusOk) {

@@ -17,7 +17,7 @@ jint update_info(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
     info.forget();
     return status;
   }
-  change(*info.get());
+  change(*info);
   return OlvOtlSetOutlineInfoEx(outline, info.get());
 }
 
@@ -35,7 +35,7 @@ jint update_specs(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
     specs.forget();
     return status;
   }
-  [[maybe_unused]] const auto kept = change(text, *specs.get());
+  [[maybe_unused]] const auto kept = change(text, *specs);
   return OlvOtlSetAttributeSpecifications(outline, specs.get());
 }
 

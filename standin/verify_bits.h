@@ -44,11 +44,11 @@ inline constexpr uint32_t kExtendedTooDeep = 1u << 5;
 
 // ---- The global word ----
 
-inline constexpr uint32_t kGlobalNoDimension = 1u << 0;   // no dimension but attribute dimensions
-inline constexpr uint32_t kGlobalTwoTime = 1u << 1;       // more than one time dimension
-inline constexpr uint32_t kGlobalTwoAccounts = 1u << 2;   // more than one accounts dimension
-inline constexpr uint32_t kGlobalTwoCountry = 1u << 3;    // more than one country dimension
-inline constexpr uint32_t kGlobalAliasTables = 1u << 4;   // two alias tables of one name
+inline constexpr uint32_t kGlobalNoDimension = 1u << 0;  // no dimension but attribute dimensions
+inline constexpr uint32_t kGlobalTwoTime = 1u << 1;      // more than one time dimension
+inline constexpr uint32_t kGlobalTwoAccounts = 1u << 2;  // more than one accounts dimension
+inline constexpr uint32_t kGlobalTwoCountry = 1u << 3;   // more than one country dimension
+inline constexpr uint32_t kGlobalAliasTables = 1u << 4;  // two alias tables of one name
 
 // ---- Names ----
 

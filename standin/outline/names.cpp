@@ -12,7 +12,7 @@ namespace {
 
 // What differs between generations and levels.
 struct Kind {
-  std::map<uint16_t, std::string> DimensionNames::* names;
+  std::map<uint16_t, std::string> DimensionNames::*names;
   uint16_t first;      // the lowest number
   const char* prefix;  // of generated names
 };
@@ -137,7 +137,9 @@ int delete_name(HOutline h, const char* dimension, const Kind& kind, uint16_t nu
 }
 
 // The plain listings know one option; the extended ones serve both.
-bool known_option(uint32_t option, uint32_t highest) { return option <= highest; }
+bool known_option(uint32_t option, uint32_t highest) {
+  return option <= highest;
+}
 
 }  // namespace
 }  // namespace standin

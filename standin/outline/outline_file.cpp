@@ -68,7 +68,9 @@ void Checksum::add(std::string_view text) {
   }
 }
 
-void OutlineFile::Closer::operator()(sqlite3* connection) const { sqlite3_close(connection); }
+void OutlineFile::Closer::operator()(sqlite3* connection) const {
+  sqlite3_close(connection);
+}
 
 OutlineFile::OutlineFile(const std::string& path, int flags) {
   sqlite3* connection = nullptr;
@@ -118,7 +120,7 @@ int64_t OutlineFile::number(const char* sql) {
 void OutlineFile::close() {
   const int result = sqlite3_close(connection());
   check(connection(), result);
-  connection_.release();
+  (void)connection_.release();
 }
 
 void RowStatement::Finalizer::operator()(sqlite3_stmt* statement) const {

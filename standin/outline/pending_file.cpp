@@ -4,12 +4,12 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <charconv>
 #include <cstdio>
 #include <memory>
@@ -98,8 +98,7 @@ bool same_file(const struct stat& a, const struct stat& b) {
 
 }  // namespace
 
-PendingFile::PendingFile(const std::string& target)
-    : target_(target), folder_(folder_of(target)) {
+PendingFile::PendingFile(const std::string& target) : target_(target), folder_(folder_of(target)) {
   static std::atomic<unsigned> counter{0};
   remove_leftovers(folder_, name_of(target));
   path_ = target + "." + std::to_string(getpid()) + "." + std::to_string(counter++) +
@@ -112,9 +111,13 @@ PendingFile::~PendingFile() {
   if (!published_) unlink(path_.c_str());
 }
 
-void PendingFile::publish() { replace(nullptr); }
+void PendingFile::publish() {
+  replace(nullptr);
+}
 
-bool PendingFile::publish_over(const struct stat& seen) { return replace(&seen); }
+bool PendingFile::publish_over(const struct stat& seen) {
+  return replace(&seen);
+}
 
 bool PendingFile::replace(const struct stat* seen) {
   Descriptor(path_, O_RDONLY).sync();

@@ -185,7 +185,7 @@ class OutlineWriter {
 
   const Outline& outline_;
   OutlineFile& file_;
-  std::vector<MemberId> order_;     // members in pre-order
+  std::vector<MemberId> order_;    // members in pre-order
   std::vector<uint32_t> numbers_;  // place in that order from 1, by member; 0 for the root
 };
 

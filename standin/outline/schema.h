@@ -98,7 +98,7 @@ void visit_codes(Properties& properties, Visit&& visit) {
 // The tables that hold one text for each of some members.
 struct TextTable {
   const char* name;
-  std::string MemberExtras::* text;
+  std::string MemberExtras::*text;
   size_t longest;
 };
 inline constexpr TextTable kTextTables[] = {
@@ -111,7 +111,7 @@ inline constexpr TextTable kTextTables[] = {
 // The two tables of generation and level names.
 struct NumberedNameTable {
   const char* name;
-  std::map<uint16_t, std::string> DimensionNames::* names;
+  std::map<uint16_t, std::string> DimensionNames::*names;
   uint16_t first;  // the lowest number there is
 };
 inline constexpr NumberedNameTable kNumberedNameTables[] = {

@@ -41,7 +41,8 @@ class Verifier {
     if (list == nullptr) return kNoMemory;
     for (MemberId id = first(); id != kNoMember; id = outline_.next_in_subtree(id, kRoot)) {
       const auto entry = found_.find(id);
-      if (entry != found_.end()) list[(*count)++] = {id, entry->second.error, entry->second.extended};
+      if (entry != found_.end())
+        list[(*count)++] = {id, entry->second.error, entry->second.extended};
     }
     *errors = list;
     return kStatusOk;

@@ -48,7 +48,7 @@ class AliasFileTest : public NativeTest {
     return api().member(member).aliases[table];
   }
 
-  const std::string path = testing::TempDir() + "kepotl_alias_file_test.alt";
+  const std::string path = temporary_path("aliases.alt");
   std::string wanted;
   std::string used;
 };

@@ -73,7 +73,7 @@ TEST_F(DepthTest, PathSearchReachesTheDeepestMember) {
 
 TEST_F(DepthTest, AliasExportWritesTheDeepestMember) {
   api().member(deepest).aliases["Default"] = "needle";
-  const std::string path = testing::TempDir() + "kepotl_depth_test.alt";
+  const std::string path = temporary_path("depth.alt");
   on_small_stack([&](JNIEnv* env) {
     JavaObjects objects(env);
     JniProbe probe(env);

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <jni.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <set>
@@ -21,6 +22,11 @@
 
 // The exported function of a native method.
 #define NATIVE(method) Java_com_olvane_kep_olvane_api_jni_OutlineJni_##method
+
+// A path for a file of this process, as several may run the tests at once.
+inline std::string temporary_path(const std::string& name) {
+  return testing::TempDir() + "kepotl_" + std::to_string(getpid()) + '_' + name;
+}
 
 // Keeps a parameter out of template argument deduction.
 template <typename T>

@@ -3,6 +3,7 @@
 #include "tests/native/sweep.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <set>
 
 namespace {
@@ -30,6 +31,13 @@ struct Outcome {
 class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCase> {
  protected:
   void TearDown() override { env_->PopLocalFrame(nullptr); }
+
+  // The files that the entries of alias exports and imports leave.
+  static void TearDownTestSuite() {
+    for (const char* file : {"sweep_export.alt", "sweep_import.alt"}) {
+      std::remove(temporary_path(file).c_str());
+    }
+  }
 
   // Runs the entry on a fresh sample outline and checks what must hold whatever happens.
   Outcome run(const Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false) {

@@ -126,8 +126,8 @@ std::vector<SweepCase> search_cases() {
 }
 
 std::vector<SweepCase> file_cases() {
-  const std::string exported = testing::TempDir() + "kepotl_sweep_export.alt";
-  const std::string imported = testing::TempDir() + "kepotl_sweep_import.alt";
+  const std::string exported = temporary_path("sweep_export.alt");
+  const std::string imported = temporary_path("sweep_import.alt");
   return {
       with_wrappers("exportAliasTable", NATIVE(exportAliasTable),
                     [=](JavaObjects& java) {
