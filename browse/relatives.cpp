@@ -1,6 +1,30 @@
 // A member's ancestors, child count and level.
 #include "browse/browse.h"
 
+namespace {
+
+// Adds to the collection what create(record) makes of the member's record.
+template <typename Create>
+jint add_of_record(JNIEnv* env, jobject jinst, jobject joutline, jstring jname, jint handle,
+                   jobject collection, Create create) {
+  TextContext text;
+  JavaText name;
+  RetrieveINST(env, jinst);
+  const HOutline outline = RetrieveHOutline(env, joutline);
+  if (outline == 0) return kStatusOk;
+  HMember member = 0;
+  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
+  if (status != kStatusOk || member == 0) return status;
+  MemberRecord record(outline);
+  status = record.read(member);
+  if (status != kStatusOk) return status;
+  jobject object = create(*record);
+  if (object != nullptr) CallCollectionAddObject(env, collection, object);
+  return status;
+}
+
+}  // namespace
+
 KEPOTL_NATIVE(jint, getMemberAncestors)
 (JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
  jobject collection) {
@@ -25,39 +49,15 @@ KEPOTL_NATIVE(jint, getMemberAncestors)
 KEPOTL_NATIVE(jint, getMemberChildCount)
 (JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
  jobject collection) {
-  TextContext text;
-  JavaText name;
-  RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HMember member = 0;
-  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
-  if (status != kStatusOk || member == 0) return status;
-  MemberRecord record(outline);
-  status = record.read(member);
-  if (status == kStatusOk) {
-    jobject count = CreateJavaLong(env, record->childCount);
-    if (count != nullptr) CallCollectionAddObject(env, collection, count);
-  }
-  return status;
+  return add_of_record(
+      env, jinst, joutline, jname, handle, collection,
+      [&](const MemberInfoRecord& info) { return CreateJavaLong(env, info.childCount); });
 }
 
 KEPOTL_NATIVE(jint, getMemberLevel)
 (JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jname, jint handle,
  jobject collection) {
-  TextContext text;
-  JavaText name;
-  RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HMember member = 0;
-  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
-  if (status != kStatusOk || member == 0) return status;
-  MemberRecord record(outline);
-  status = record.read(member);
-  if (status == kStatusOk) {
-    jobject level = CreateJavaShort(env, record->level);
-    if (level != nullptr) CallCollectionAddObject(env, collection, level);
-  }
-  return status;
+  return add_of_record(
+      env, jinst, joutline, jname, handle, collection,
+      [&](const MemberInfoRecord& info) { return CreateJavaShort(env, info.level); });
 }

@@ -57,6 +57,29 @@ TEST_F(OpenOutlines, TheLockBelongsToTheEditor) {
   EXPECT_EQ(OlvOtlOpenOutline(context_, &outside, 1, 1, &opened), standin::kBadObjectName);
 }
 
+TEST_F(OpenOutlines, NothingOfADeletedMemberIsWritten) {
+  const HMember market = dimension("Market");
+  const HMember colour = dimension("Colour", kCategoryAttribute);
+  const HMember east = child(market, "East");
+  const HMember red = child(colour, "Red");
+  EXPECT_EQ(OlvOtlAssociateAttributeDimension(h_, market, colour), 0);
+  EXPECT_EQ(OlvOtlAssociateAttributeMember(h_, east, red), 0);
+  EXPECT_EQ(OlvOtlSetMemberAlias(h_, red, nullptr, "Rouge"), 0);
+  EXPECT_EQ(OlvOtlSetUserAttribute(h_, red, "Warm"), 0);
+  EXPECT_EQ(OlvOtlSetMemberAlias(h_, east, nullptr, "Est"), 0);
+  EXPECT_EQ(OlvOtlSetGenName(h_, "Colour", 2, "Colours"), 0);
+  EXPECT_EQ(remove(colour), 0);
+  const ObjectDefinitionRecord basic = object();
+  ASSERT_EQ(OlvOtlWriteOutline(h_, &basic), 0);
+  HOutline read = 0;
+  ASSERT_EQ(open_edit(&read), 0);
+  std::swap(h_, read);
+  EXPECT_EQ(names(children(0)), Names{"Market"});
+  EXPECT_EQ(alias(find("East")), "Est");
+  EXPECT_EQ(info(find("East")).isAttributed, 0);
+  EXPECT_EQ(OlvOtlCloseOutline(read), 0);
+}
+
 TEST_F(OpenOutlines, LocalObjectsNeedNoLock) {
   dimension("Year");
   const HCTX local = session_->local_context();

@@ -1,8 +1,10 @@
 // Random edits on an outline and on a plain model of it, which have to agree at every step.
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <random>
 
+#include "tests/standin/outline_dump.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -209,3 +211,44 @@ TEST_P(RandomEdits, AgreeWithAPlainModel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sequences, RandomEdits, testing::Values(1U, 2U, 3U, 4U));
+
+// Short sequences on small outlines: everything is checked after every step, and what is saved in
+// the end is what opens again.
+class ShortSequences : public RandomEdits {
+ protected:
+  // A thousand, or as many as a long run asks for.
+  static unsigned count() {
+    const char* wanted = std::getenv("KEPOTL_SEQUENCES");
+    return wanted == nullptr ? 1000 : static_cast<unsigned>(std::strtoul(wanted, nullptr, 10));
+  }
+  void start(unsigned number) {
+    for (const HMember top : children(0)) ASSERT_EQ(OutlineTest::remove(top), 0);
+    random_.seed(number);
+    model_ = {};
+  }
+  void save_and_reopen() {
+    const ObjectDefinitionRecord basic = object();
+    ASSERT_EQ(OlvOtlWriteOutline(h_, &basic), 0);
+    ASSERT_EQ(OlvSetActive(context_, "Sample", "Basic", &access_), 0);
+    HOutline stored = 0;
+    ASSERT_EQ(OlvOtlOpenOutlineQuery(context_, &basic, &stored), 0);
+    EXPECT_EQ(OutlineDump(stored).text(), OutlineDump(h_).text());
+    ASSERT_EQ(OlvOtlCloseOutline(stored), 0);
+  }
+
+ private:
+  uint16_t access_ = 0;
+};
+
+TEST_P(ShortSequences, KeepEveryInvariant) {
+  for (unsigned number = 1; number <= count() && !HasFailure(); ++number) {
+    ASSERT_NO_FATAL_FAILURE(start(number));
+    for (int round = 0; round < 30; ++round) {
+      ASSERT_NO_FATAL_FAILURE(step()) << "sequence " << number << ", step " << round;
+      ASSERT_NO_FATAL_FAILURE(check()) << "sequence " << number << ", step " << round;
+    }
+    ASSERT_NO_FATAL_FAILURE(save_and_reopen()) << "sequence " << number;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ShortSequences, testing::Values(1U));

@@ -199,6 +199,28 @@ TEST_F(OutlineRules, FormulasCommentsAliasesAndUdas) {
   EXPECT_EQ(udas(jan_), Names{"Old"});
 }
 
+TEST_F(OutlineRules, TimeSeriesEndWithTheirDimension) {
+  const auto enabled = [&] {
+    uint16_t count = 0;
+    DtsEntry* entries = nullptr;
+    EXPECT_EQ(OlvOtlGetEnabledDTSMembers(h_, &count, &entries), 0);
+    EXPECT_EQ(OlvFree(session_->instance(), entries), 0);
+    return count;
+  };
+  EXPECT_EQ(OlvOtlEnableDTSMember(h_, "Q-T-D", 2, 1), 0);
+  EXPECT_EQ(remove(market_), 0);
+  EXPECT_EQ(enabled(), 1);
+  MemberInfoRecord record = info(year_);
+  record.dimensionCategory = kCategoryNone;
+  EXPECT_EQ(set_info(year_, record), 0);
+  EXPECT_EQ(enabled(), 0);
+  record.dimensionCategory = kCategoryTime;
+  EXPECT_EQ(set_info(year_, record), 0);
+  EXPECT_EQ(OlvOtlEnableDTSMember(h_, "Q-T-D", 2, 1), 0);
+  EXPECT_EQ(remove(year_), 0);
+  EXPECT_EQ(enabled(), 0);
+}
+
 TEST_F(OutlineRules, WhatIsGoneOrNeverWasIsRefused) {
   EXPECT_EQ(remove(q1_), 0);
   HMember other = 0;
