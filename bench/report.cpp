@@ -17,9 +17,8 @@ namespace {
 constexpr int64_t kQuickLargest = 10'000;
 constexpr int64_t kGrowthFrom = 10'000;    // growth is told from this size on
 constexpr int64_t kUnitsPerTurn = 50'000;  // small sizes run several times a turn
-constexpr int kTurns = 9;
-constexpr int kTurnsOfLarge = 5;
-constexpr int64_t kLarge = 1'000'000;
+constexpr int64_t kLarge = 1'000'000;      // from here on half the turns have to do
+constexpr int kMostTurns = 999;
 
 double thread_cpu_now() {
   timespec now{};
@@ -46,6 +45,14 @@ std::string duration(double nanoseconds) {
 }
 
 using Row = std::vector<std::string>;
+
+bool valid_turns(const char* text, int* turns) {
+  char* end = nullptr;
+  const long number = std::strtol(text, &end, 10);
+  if (end == text || *end != '\0' || number < 1 || number > kMostTurns) return false;
+  *turns = static_cast<int>(number);
+  return true;
+}
 
 // Right-aligned columns, two blanks apart.
 void print_rows(const std::vector<Row>& rows) {
@@ -202,17 +209,24 @@ Report::Report(int argc, char** argv, const std::string& subject)
     command_ += " " + option;
     if (option == "--quick") {
       largest_ = kQuickLargest;
+    } else if (option.rfind("--turns=", 0) == 0 && valid_turns(option.c_str() + 8, &turns_)) {
+      continue;
     } else if (option == "--smoke") {
       smoke_ = true;
+      turns_ = 1;
       largest_ = 0;
     } else {
       std::fprintf(stderr,
                    "%s: unknown option '%s'.\nOptions: --quick (sizes up to 10,000), "
-                   "--smoke (the smallest sizes, once).\n",
+                   "--smoke (the smallest sizes, once), --turns=N (1 to 999; 9 unless told).\n",
                    command_.c_str(), option.c_str());
       std::exit(2);
     }
   }
+}
+
+int Report::turns(int64_t size) const {
+  return size < kLarge ? turns_ : (turns_ + 1) / 2;
 }
 
 std::vector<int64_t> Report::sizes(const std::vector<int64_t>& all) const {
@@ -240,7 +254,7 @@ int Report::run() {
   } else {
     std::printf(
         "CPU time; medians of %d turns, %d from %s on. In each turn all ways run side by side.\n",
-        kTurns, kTurnsOfLarge, grouped(kLarge).c_str());
+        turns_, turns(kLarge), grouped(kLarge).c_str());
   }
   std::fflush(stdout);
 
@@ -255,9 +269,7 @@ int Report::run() {
           name.c_str(), [&ways](benchmark::State& state) { Collector::take_turn(state, ways); })
           ->UseManualTime()
           ->Iterations(smoke_ ? 1 : std::max<int64_t>(1, kUnitsPerTurn / size))
-          ->Repetitions(smoke_          ? 1
-                        : size < kLarge ? kTurns
-                                        : kTurnsOfLarge);
+          ->Repetitions(turns(size));
     }
   }
   // The turns of all sizes mix, so that growth is not what else the machine did meanwhile.

@@ -50,7 +50,7 @@ class Table {
 class Report {
  public:
   // Takes the options of the command line: --quick (sizes up to 10,000), --smoke (the smallest
-  // sizes, once). Ends the program with a message and status 2 when one is not known.
+  // sizes, once), --turns=N. Ends the program with a message and status 2 when one is not known.
   Report(int argc, char** argv, const std::string& subject);
 
   // The sizes among `all` that the options allow; at least the first.
@@ -71,10 +71,13 @@ class Report {
   int run();
 
  private:
+  int turns(int64_t size) const;
+
   std::string command_;
   std::string subject_;
   int64_t largest_;
   bool smoke_ = false;
+  int turns_ = 9;
   std::vector<std::string> notes_;
   std::deque<Table> tables_;
   std::vector<std::pair<std::string, std::vector<std::vector<std::string>>>> figures_;

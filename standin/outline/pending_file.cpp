@@ -9,8 +9,8 @@
 
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string_view>

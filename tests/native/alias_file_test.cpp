@@ -21,8 +21,8 @@ class AliasFileTest : public NativeTest {
   }
 
   jint write(const char* table, HOutline outline = kOutline) {
-    return call(NATIVE(exportAliasTable), java.instance(), java.outline(outline),
-                java.text(table), java.text(path.c_str()));
+    return call(NATIVE(exportAliasTable), java.instance(), java.outline(outline), java.text(table),
+                java.text(path.c_str()));
   }
   std::string content() const {
     std::ostringstream text;

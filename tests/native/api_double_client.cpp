@@ -19,7 +19,9 @@ std::vector<std::string> object_arguments(HCTX ctx, uint32_t type, const char* a
   return {handle_name(ctx), std::to_string(type), needed(app), needed(db), needed(object)};
 }
 
-bool is_context(HCTX ctx) { return ctx == kContext || ctx == kLocalContext; }
+bool is_context(HCTX ctx) {
+  return ctx == kContext || ctx == kLocalContext;
+}
 
 }  // namespace
 

@@ -45,25 +45,24 @@ TEST_F(BrowseTest, BothBuildersSendTheSameSettersInOrder) {
   info.shareOption = -3;
   info.attributeType = 4;
   info.dimensionCategory = kCategoryAccounts;
-  const std::vector<std::string> expected = {
-      "setHoldExceptions(true)",
-      "setHandle(" + number("Costs") + ")",
-      "setName(\"Costs\")",
-      "setDimensionName(\"Measures\")",
-      "setDimensionHandle(" + number("Measures") + ")",
-      "setGeneration(2)",
-      "setConsolidation(1)",
-      "setTwoPassCalculation(true)",
-      "setCurrencyConversionType(3)",
-      "setExpenseMember(true)",
-      "setCurrencyMember(\"USD\")",
-      "setTimeBalanceOption(2)",
-      "setTimeBalanceSkipOption(3)",
-      "setShare(-3)",
-      "setDimensionCategory(1)",
-      "setComment(\"What it costs\")",
-      "setAttributeType(4)",
-      "setHoldExceptions(false)"};
+  const std::vector<std::string> expected = {"setHoldExceptions(true)",
+                                             "setHandle(" + number("Costs") + ")",
+                                             "setName(\"Costs\")",
+                                             "setDimensionName(\"Measures\")",
+                                             "setDimensionHandle(" + number("Measures") + ")",
+                                             "setGeneration(2)",
+                                             "setConsolidation(1)",
+                                             "setTwoPassCalculation(true)",
+                                             "setCurrencyConversionType(3)",
+                                             "setExpenseMember(true)",
+                                             "setCurrencyMember(\"USD\")",
+                                             "setTimeBalanceOption(2)",
+                                             "setTimeBalanceSkipOption(3)",
+                                             "setShare(-3)",
+                                             "setDimensionCategory(1)",
+                                             "setComment(\"What it costs\")",
+                                             "setAttributeType(4)",
+                                             "setHoldExceptions(false)"};
   EXPECT_EQ(setters("Costs", false), expected);
   EXPECT_EQ(setters("Costs", true), expected);
 }
@@ -138,27 +137,25 @@ TEST_F(BrowseTest, MemberInfoSendsTheWholePropertySet) {
   EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), java.text("Costs"), properties), 0);
   std::vector<std::string> lines = java_calls();
   for (std::string& line : lines) line = line.substr(line.find('.') + 1);
-  EXPECT_THAT(lines,
-              ElementsAre("setName(\"Costs\")", "setLevel(0)", "setGeneration(2)",
-                          "setConsolidation(1)", "setTwoPass(true)", "setExpense(true)",
-                          "setConversion(3)", "setCurrencyMember(\"USD\")", "setTimeBalance(2)",
-                          "setSkip(3)", "setShare(0)", "setStorage(0)", "setCategory(0)",
-                          "setStorageCategory(4)", "setComment(\"What it costs\")",
-                          "setChildCount(0)", "setDimension(\"Measures\")",
-                          "setAttributes(false)"));
+  EXPECT_THAT(
+      lines, ElementsAre("setName(\"Costs\")", "setLevel(0)", "setGeneration(2)",
+                         "setConsolidation(1)", "setTwoPass(true)", "setExpense(true)",
+                         "setConversion(3)", "setCurrencyMember(\"USD\")", "setTimeBalance(2)",
+                         "setSkip(3)", "setShare(0)", "setStorage(0)", "setCategory(0)",
+                         "setStorageCategory(4)", "setComment(\"What it costs\")",
+                         "setChildCount(0)", "setDimension(\"Measures\")", "setAttributes(false)"));
   EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), java.text("Nowhere"), properties), 0);
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvOtlQueryMembers(outline, 0, {type=11 options=1 "
-                          "pattern1=\"Nowhere\"}, {})",
-                          "OlvOtlFreeMembers(outline, 0, query result)"));
+  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlQueryMembers(outline, 0, {type=11 options=1 "
+                                       "pattern1=\"Nowhere\"}, {})",
+                                       "OlvOtlFreeMembers(outline, 0, query result)"));
 }
 
 TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
   api().member("Jan").info.childCount = 0xFFFFFFFF;
   EXPECT_THAT(setters("Jan", true), Contains("setChildCount(4294967295)"));
-  EXPECT_EQ(call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0,
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0, list),
+      0);
   EXPECT_EQ(java.elements(list), "[4294967295]");
 }
 
@@ -167,9 +164,8 @@ TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
 TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
   EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), list), 0);
   EXPECT_EQ(live_strings, 0);
-  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Qtr1"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Qtr1"), list), 0);
   EXPECT_EQ(java.elements(list), "[Year, Measures, Product, Pack, Jan, Feb]");
   EXPECT_THAT(api_calls(),
               testing::AllOf(Contains("OlvOtlQueryMembers(outline, 0, {type=1}, {})"),
@@ -178,12 +174,11 @@ TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
 }
 
 TEST_F(BrowseTest, AQueryThatFindsNothingAddsNothing) {
-  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Jan"),
-                 list),
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Jan"), list),
             0);
-  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Nowhere"),
-                 list),
-            kNoSuchMember);
+  EXPECT_EQ(
+      call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Nowhere"), list),
+      kNoSuchMember);
   EXPECT_EQ(java.elements(list), "[]");
 }
 
@@ -200,9 +195,9 @@ TEST_F(BrowseTest, UnreadableMembersAreSkippedAndTheLastReadDecides) {
 }
 
 TEST_F(BrowseTest, AliasTextsAreQuotedPieces) {
-  EXPECT_EQ(call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), java.text("Default"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), java.text("Default"), list),
+      0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_EQ(java.elements(list),
             "[\"Year\"\"Calendar\"\"Time\", \"Measures\"\"\"\"\", \"Product\"\"\"\"\", "
@@ -269,9 +264,9 @@ TEST_F(BrowseTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
                  java.handle("Qtr1"), list),
             0);
   EXPECT_THAT(java_calls(), Contains("DefaultMember.setHandle(" + number("Jan") + ")"));
-  EXPECT_EQ(call(NATIVE(getChildrenExQuery), java.outline(), java.text("Year"), java.text("Qtr1"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getChildrenExQuery), java.outline(), java.text("Year"), java.text("Qtr1"), list),
+      0);
   const std::vector<std::string> calls = java_calls();
   EXPECT_EQ(calls[calls.size() - 2], "DefaultMember.setHandle(0)");
   EXPECT_EQ(calls.back(), "ArrayList.add(DefaultMember)");
@@ -289,23 +284,23 @@ TEST_F(BrowseTest, ChildrenAreWalkedFromTheGivenHandleOrTheName) {
   EXPECT_EQ(children("Nowhere", 0), kNoSuchMember);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlFindMember(outline, \"Nowhere\")"));
   EXPECT_EQ(children("Measures", 0), 0);
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvOtlFindMember(outline, \"Measures\")",
-                          "OlvOtlGetChild(outline, Measures)", "OlvOtlGetMemberInfo(outline, Sales)",
-                          "OlvOtlGetParent(outline, Sales)", "OlvOtlGetParent(outline, Measures)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
-                          "OlvOtlGetNextSibling(outline, Sales)",
-                          "OlvOtlGetMemberInfo(outline, Costs)", "OlvOtlGetParent(outline, Costs)",
-                          "OlvOtlGetParent(outline, Measures)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
-                          "OlvOtlGetNextSibling(outline, Costs)"));
+  EXPECT_THAT(
+      api_calls(),
+      ElementsAre("OlvOtlFindMember(outline, \"Measures\")", "OlvOtlGetChild(outline, Measures)",
+                  "OlvOtlGetMemberInfo(outline, Sales)", "OlvOtlGetParent(outline, Sales)",
+                  "OlvOtlGetParent(outline, Measures)",
+                  "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                  "OlvOtlGetNextSibling(outline, Sales)", "OlvOtlGetMemberInfo(outline, Costs)",
+                  "OlvOtlGetParent(outline, Costs)", "OlvOtlGetParent(outline, Measures)",
+                  "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                  "OlvOtlGetNextSibling(outline, Costs)"));
 }
 
 TEST_F(BrowseTest, ListingsLookTheClassUpOncePerCall) {
   for (int i = 0; i < 50; ++i) api().add("Child" + std::to_string(i), api().find("Qtr2"));
   JniProbe probe(env_);
-  NATIVE(getChildrenEx)(&probe, nullptr, java.instance(), java.outline(), nullptr,
-                        java.handle("Qtr2"), list);
+  NATIVE(getChildrenEx)
+  (&probe, nullptr, java.instance(), java.outline(), nullptr, java.handle("Qtr2"), list);
   EXPECT_EQ(probe.count("FindClass"), 1);
   EXPECT_EQ(probe.count("NewObject"), 50);
   // 24 of the class, getValue, and one add per member.
@@ -323,9 +318,9 @@ TEST_F(BrowseTest, FailedWalksKeepWhatWasAdded) {
 // ---- Relatives ----
 
 TEST_F(BrowseTest, AncestorsComeNearestFirst) {
-  EXPECT_EQ(call(NATIVE(getMemberAncestors), java.instance(), java.outline(), java.text("Jan"), 0,
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberAncestors), java.instance(), java.outline(), java.text("Jan"), 0, list),
+      0);
   std::vector<std::string> names;
   for (const std::string& line : java_calls()) {
     if (line.find("setName") != std::string::npos) names.push_back(line);
@@ -339,12 +334,11 @@ TEST_F(BrowseTest, AncestorsComeNearestFirst) {
 }
 
 TEST_F(BrowseTest, LevelAndChildCountAreBoxed) {
-  EXPECT_EQ(call(NATIVE(getMemberLevel), java.instance(), java.outline(), java.text("Year"), 0,
-                 list),
-            0);
-  EXPECT_EQ(call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0,
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberLevel), java.instance(), java.outline(), java.text("Year"), 0, list), 0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0, list),
+      0);
   EXPECT_THAT(java_calls(), ElementsAre("new Short(2)", "ArrayList.add(Short 2)", "new Long(0)",
                                         "ArrayList.add(Long 0)"));
 }

@@ -19,8 +19,8 @@ class CopyTest : public NativeTest {
   }
   jint go_on() { return call(NATIVE(copyContinue), java.instance(), java.outline(), request); }
   bool finished() {
-    return env_->CallBooleanMethod(request, env_->GetMethodID(env_->GetObjectClass(request),
-                                                              "isFinished", "()Z")) != 0;
+    return env_->CallBooleanMethod(
+               request, env_->GetMethodID(env_->GetObjectClass(request), "isFinished", "()Z")) != 0;
   }
   // The calls of one function among those so far.
   std::vector<std::string> calls_of(const std::string& function) {
@@ -54,21 +54,21 @@ TEST_F(CopyTest, AMemberIsAddedUnderATemporaryNameThenRenamedAndItsDetailsFollow
   });
   ASSERT_GE(calls.end() - added, 16);
   // Reserved bytes come along with the source's record; the ten behind attributeType are cleared.
-  EXPECT_THAT(std::vector<std::string>(added, added + 14),
-              ElementsAre("OlvOtlAddMemberEx(outline, {name=\"KEPTempNameForCopy\" "
-                          "dimensionName=\"Product\" reserved530=changed reserved546=changed}, "
-                          "0, Tea, 3)",
-                          "OlvOtlRenameMemberEx(outline, KEPTempNameForCopy, \"Cola\", 3)",
-                          "OlvOtlGetAssociatedAttributes(outline, Cola)",
-                          "OlvOtlAssociateAttributeMember(outline, Cola, Can)",
-                          "OlvFree(inst, associated attributes)",
-                          "OlvOtlGetUserAttributes(outline, Cola)",
-                          "OlvOtlSetUserAttribute(outline, Cola, \"Cold\")",
-                          "OlvOtlSetUserAttribute(outline, Cola, \"Sweet\")",
-                          "OlvFree(inst, UDAs)", "OlvOtlGetMemberCommentEx(outline, Cola)",
-                          "OlvOtlSetMemberCommentEx(outline, Cola, \"A long story\")",
-                          "OlvFree(inst, comment)", "OlvOtlGetMemberFormula(outline, Cola)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_THAT(
+      std::vector<std::string>(added, added + 14),
+      ElementsAre("OlvOtlAddMemberEx(outline, {name=\"KEPTempNameForCopy\" "
+                  "dimensionName=\"Product\" reserved530=changed reserved546=changed}, "
+                  "0, Tea, 3)",
+                  "OlvOtlRenameMemberEx(outline, KEPTempNameForCopy, \"Cola\", 3)",
+                  "OlvOtlGetAssociatedAttributes(outline, Cola)",
+                  "OlvOtlAssociateAttributeMember(outline, Cola, Can)",
+                  "OlvFree(inst, associated attributes)", "OlvOtlGetUserAttributes(outline, Cola)",
+                  "OlvOtlSetUserAttribute(outline, Cola, \"Cold\")",
+                  "OlvOtlSetUserAttribute(outline, Cola, \"Sweet\")", "OlvFree(inst, UDAs)",
+                  "OlvOtlGetMemberCommentEx(outline, Cola)",
+                  "OlvOtlSetMemberCommentEx(outline, Cola, \"A long story\")",
+                  "OlvFree(inst, comment)", "OlvOtlGetMemberFormula(outline, Cola)",
+                  "OlvOtlFreeStructure(outline, 1, 65, member record)"));
   EXPECT_THAT(api().children_of(api().find("Product")), ElementsAre("Cola", "Tea", "Cola"));
   const HMember made = api().member("Product").children[2];
   EXPECT_THAT(api().member(made).udas, ElementsAre("Cold", "Sweet"));
@@ -89,11 +89,10 @@ TEST_F(CopyTest, TheRequestIsSetUpInOrder) {
   for (const std::string& line : java_calls()) {
     if (line.rfind("CopyRequest", 0) == 0) calls.push_back(line.substr(line.find('.') + 1));
   }
-  EXPECT_THAT(calls,
-              ElementsAre("getCount()", "setCount(1)", "getTotal()", "setTotal(2)",
-                          "setLastSourceHandle(" + source + ")",
-                          "setLastTargetHandle(" + target + ")",
-                          "setFirstSourceHandle(" + source + ")"));
+  EXPECT_THAT(calls, ElementsAre("getCount()", "setCount(1)", "getTotal()", "setTotal(2)",
+                                 "setLastSourceHandle(" + source + ")",
+                                 "setLastTargetHandle(" + target + ")",
+                                 "setFirstSourceHandle(" + source + ")"));
 }
 
 TEST_F(CopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {

@@ -35,8 +35,8 @@ TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
                  target),
             0);
   EXPECT_THAT(java_calls(), ElementsAre("DefaultMember.setFormula(\"Costs*2;\")"));
-  EXPECT_EQ(call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(),
-                 java.text("Sales"), target),
+  EXPECT_EQ(call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(), java.text("Sales"),
+                 target),
             0);
   EXPECT_THAT(api_calls(),
               ElementsAre("OlvOtlQueryMembersByName(outline, null, {type=11 options=1 "
@@ -47,17 +47,14 @@ TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
 
 TEST_F(DetailsTest, QueryFormsWithoutANameAskNothing) {
   jobject target = java.make("defs/outline/DefaultMember");
-  EXPECT_EQ(call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(), java.text(""),
-                 target),
+  EXPECT_EQ(
+      call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(), java.text(""), target),
+      0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberAliasesQuery), java.instance(), java.outline(), java.text(""), list), 0);
+  EXPECT_EQ(call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(), java.text("")),
             0);
-  EXPECT_EQ(call(NATIVE(getMemberAliasesQuery), java.instance(), java.outline(), java.text(""),
-                 list),
-            0);
-  EXPECT_EQ(call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(),
-                 java.text("")),
-            0);
-  EXPECT_EQ(call(NATIVE(getMemberUDASQuery), java.instance(), java.outline(), java.text(""),
-                 list),
+  EXPECT_EQ(call(NATIVE(getMemberUDASQuery), java.instance(), java.outline(), java.text(""), list),
             0);
   EXPECT_THAT(api_calls(), IsEmpty());
 }
@@ -65,9 +62,8 @@ TEST_F(DetailsTest, QueryFormsWithoutANameAskNothing) {
 // ---- Aliases ----
 
 TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
-  EXPECT_EQ(call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"), list), 0);
   EXPECT_THAT(java_calls(),
               ElementsAre("new MemberAlias()", "MemberAlias.setTableName(\"Default\")",
                           "MemberAlias.setAliasName(\"January\")", "ArrayList.add(MemberAlias)",
@@ -76,68 +72,64 @@ TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
                           "ArrayList.add(MemberAlias)", "new MemberAlias()",
                           "MemberAlias.setTableName(\"Codes\")", "ArrayList.add(MemberAlias)"));
   api().fail_function("OlvOtlGetMemberAlias", 77, 3);
-  EXPECT_EQ(call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"),
-                 list),
-            77);
+  EXPECT_EQ(
+      call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"), list),
+      77);
   EXPECT_EQ(java.number(list, "size"), 6);
 }
 
 TEST_F(DetailsTest, WithoutTablesNothingComes) {
   api().alias_tables.clear();
-  EXPECT_EQ(call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"), list), 0);
   EXPECT_EQ(block(NATIVE(getMemberAliasesBlock), {java.request("Jan")}), 0);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
 TEST_F(DetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
-  jobject names = java.list({java.text("Jan"), java.text(""), java.text("Nowhere"), nullptr,
-                             java.text("Year")});
+  jobject names = java.list(
+      {java.text("Jan"), java.text(""), java.text("Nowhere"), nullptr, java.text("Year")});
   EXPECT_EQ(call(NATIVE(getMemberAliasesForTable), java.instance(), java.outline(),
                  java.text("Long Names"), names, list, jboolean{JNI_FALSE}),
             0);
   EXPECT_EQ(java.number(list, "size"), 2);
   api_calls();
   EXPECT_EQ(call(NATIVE(getMemberAliasesForTable), java.instance(), java.outline(),
-                 java.text("Long Names"), java.list({java.text("Jan")}), list,
-                 jboolean{JNI_TRUE}),
+                 java.text("Long Names"), java.list({java.text("Jan")}), list, jboolean{JNI_TRUE}),
             0);
-  EXPECT_THAT(all_calls(),
-              testing::AllOf(Contains("OlvOtlGetMemberAlias(outline, Jan, null)"),
-                             Contains("MemberAlias.setAliasName(\"January\")"),
-                             Not(Contains(HasSubstr("setTableName"))),
-                             Not(Contains("chars(\"Long Names\")"))));
+  EXPECT_THAT(all_calls(), testing::AllOf(Contains("OlvOtlGetMemberAlias(outline, Jan, null)"),
+                                          Contains("MemberAlias.setAliasName(\"January\")"),
+                                          Not(Contains(HasSubstr("setTableName"))),
+                                          Not(Contains("chars(\"Long Names\")"))));
 }
 
 // ---- Attributes ----
 
 TEST_F(DetailsTest, AttributesGoBackAsAPlainBlock) {
-  EXPECT_EQ(call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Cola"),
-                 list),
-            0);
-  EXPECT_THAT(all_calls(),
-              ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
-                          "OlvOtlGetMemberInfo(outline, Cola)",
-                          "OlvOtlGetAssociatedAttributes(outline, Cola)",
-                          "OlvOtlGetMemberInfo(outline, Can)", "new MemberAttribute()",
-                          "MemberAttribute.setDimension(\"Pack\")",
-                          "MemberAttribute.setMemberName(\"Can\")",
-                          "ArrayList.add(MemberAttribute)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
-                          "OlvFree(inst, associated attributes)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
-  EXPECT_EQ(call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Tea"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Cola"), list),
+      0);
+  EXPECT_THAT(all_calls(), ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
+                                       "OlvOtlGetMemberInfo(outline, Cola)",
+                                       "OlvOtlGetAssociatedAttributes(outline, Cola)",
+                                       "OlvOtlGetMemberInfo(outline, Can)", "new MemberAttribute()",
+                                       "MemberAttribute.setDimension(\"Pack\")",
+                                       "MemberAttribute.setMemberName(\"Can\")",
+                                       "ArrayList.add(MemberAttribute)",
+                                       "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                                       "OlvFree(inst, associated attributes)",
+                                       "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_EQ(
+      call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Tea"), list),
+      0);
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Associated"))));
 }
 
 TEST_F(DetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
   for (const char* name : {"Cola", "Product"}) {
-    EXPECT_EQ(call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(),
-                   java.text(name)),
-              0);
+    EXPECT_EQ(
+        call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(), java.text(name)),
+        0);
   }
   EXPECT_THAT(api_calls(),
               testing::AllOf(Contains("OlvOtlQueryAttributes(outline, {usage=1 member=Cola "
@@ -155,13 +147,12 @@ TEST_F(DetailsTest, UdasAreReadEntryByEntry) {
             0);
   EXPECT_EQ(java.elements(list), '[' + std::string(80, 'u') + ", , Sweet]");
   jobject of_dimension = java.list();
-  EXPECT_EQ(call(NATIVE(getDimensionUDAS), java.instance(), java.outline(), java.text("Product"),
-                 0, of_dimension),
+  EXPECT_EQ(call(NATIVE(getDimensionUDAS), java.instance(), java.outline(), java.text("Product"), 0,
+                 of_dimension),
             0);
   EXPECT_EQ(java.elements(of_dimension), java.elements(list));
-  EXPECT_THAT(api_calls(),
-              Contains("OlvOtlGetDimensionUserAttributes(outline, {type=16 "
-                       "dimension=\"Product\"}, {})"));
+  EXPECT_THAT(api_calls(), Contains("OlvOtlGetDimensionUserAttributes(outline, {type=16 "
+                                    "dimension=\"Product\"}, {})"));
 }
 
 TEST_F(DetailsTest, RecursiveUdasComeInPreOrderAndPassFailures) {
@@ -186,18 +177,15 @@ TEST_F(DetailsTest, BlockResultsCarryHandlesAndOnlyNamesThatWereGiven) {
             0);
   EXPECT_THAT(
       java_calls(),
-      ElementsAre("ArrayList.size()", "ArrayList.get(0)", "MemberRequest.getHandle()",
-                  "new MemberRequestResult()",
-                  "MemberRequestResult.setHandle(" + number("Sales") + ")",
-                  "MemberRequestResult.addData(\"Costs*2;\")",
-                  "ArrayList.add(MemberRequestResult)", "ArrayList.get(1)",
-                  "MemberRequest.getHandle()", "MemberRequest.getName()", "ArrayList.get(2)",
-                  "MemberRequest.getHandle()", "MemberRequest.getName()", "ArrayList.get(3)",
-                  "MemberRequest.getHandle()", "MemberRequest.getName()",
-                  "new MemberRequestResult()",
-                  "MemberRequestResult.setHandle(" + number("Costs") + ")",
-                  "MemberRequestResult.setName(\"Costs\")",
-                  "ArrayList.add(MemberRequestResult)"));
+      ElementsAre(
+          "ArrayList.size()", "ArrayList.get(0)", "MemberRequest.getHandle()",
+          "new MemberRequestResult()", "MemberRequestResult.setHandle(" + number("Sales") + ")",
+          "MemberRequestResult.addData(\"Costs*2;\")", "ArrayList.add(MemberRequestResult)",
+          "ArrayList.get(1)", "MemberRequest.getHandle()", "MemberRequest.getName()",
+          "ArrayList.get(2)", "MemberRequest.getHandle()", "MemberRequest.getName()",
+          "ArrayList.get(3)", "MemberRequest.getHandle()", "MemberRequest.getName()",
+          "new MemberRequestResult()", "MemberRequestResult.setHandle(" + number("Costs") + ")",
+          "MemberRequestResult.setName(\"Costs\")", "ArrayList.add(MemberRequestResult)"));
 }
 
 TEST_F(DetailsTest, BlockKeepsTheLookUpsStatusWhenNothingFollows) {
@@ -224,11 +212,10 @@ TEST_F(DetailsTest, LightMembersCarryTheGivenParentName) {
   EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
                  jboolean{JNI_FALSE}, java.text("x"), list),
             0);
-  EXPECT_THAT(java_calls(),
-              ElementsAre("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)",
-                          "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)",
-                          "new MemberInfo(\"Feb\", \"Qtr1\", 0, 0, false)",
-                          "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)"));
+  EXPECT_THAT(java_calls(), ElementsAre("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)",
+                                        "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)",
+                                        "new MemberInfo(\"Feb\", \"Qtr1\", 0, 0, false)",
+                                        "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)"));
   EXPECT_EQ(live_strings, 0);
 }
 
@@ -240,31 +227,29 @@ TEST_F(DetailsTest, LightMembersOfAttributeDimensionsCarryTheirType) {
   EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Pack"),
                  jboolean{JNI_FALSE}, nullptr, list),
             0);
-  EXPECT_THAT(java_calls(),
-              ElementsAre("new MemberInfo(\"Pack\", null, 65535, 2, false)",
-                          "MemberInfo.setGenValue(1)", "MemberInfo.setStorage(0)",
-                          "ArrayList.add(MemberInfo)",
-                          "new MemberInfo(\"Can\", \"Pack\", 6, 0, false)",
-                          "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
-                          "ArrayList.add(MemberInfo)",
-                          "new MemberInfo(\"Bottle\", \"Pack\", 6, 0, false)",
-                          "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
-                          "ArrayList.add(MemberInfo)"));
+  EXPECT_THAT(
+      java_calls(),
+      ElementsAre("new MemberInfo(\"Pack\", null, 65535, 2, false)", "MemberInfo.setGenValue(1)",
+                  "MemberInfo.setStorage(0)", "ArrayList.add(MemberInfo)",
+                  "new MemberInfo(\"Can\", \"Pack\", 6, 0, false)",
+                  "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
+                  "ArrayList.add(MemberInfo)", "new MemberInfo(\"Bottle\", \"Pack\", 6, 0, false)",
+                  "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
+                  "ArrayList.add(MemberInfo)"));
 }
 
 TEST_F(DetailsTest, ListedMembersAreRenamedToTheirAliases) {
   EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
                  jboolean{JNI_TRUE}, java.text("dEFAULT"), list),
             0);
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvOtlQueryMembersByName(outline, \"Qtr1\", {type=1 "
-                          "dimension=\"Qtr1\"}, {})",
-                          "OlvOtlGetMemberInfo(outline, Jan)",
-                          "OlvOtlGetMemberAlias(outline, Jan, null)", "OlvFree(inst, alias)",
-                          "OlvFree(inst, member record)", "OlvOtlGetMemberInfo(outline, Feb)",
-                          "OlvOtlGetMemberAlias(outline, Feb, null)",
-                          "OlvFree(inst, member record)",
-                          "OlvOtlFreeMembers(outline, 2, query result)"));
+  EXPECT_THAT(
+      api_calls(),
+      ElementsAre("OlvOtlQueryMembersByName(outline, \"Qtr1\", {type=1 "
+                  "dimension=\"Qtr1\"}, {})",
+                  "OlvOtlGetMemberInfo(outline, Jan)", "OlvOtlGetMemberAlias(outline, Jan, null)",
+                  "OlvFree(inst, alias)", "OlvFree(inst, member record)",
+                  "OlvOtlGetMemberInfo(outline, Feb)", "OlvOtlGetMemberAlias(outline, Feb, null)",
+                  "OlvFree(inst, member record)", "OlvOtlFreeMembers(outline, 2, query result)"));
 }
 
 TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
@@ -285,10 +270,8 @@ TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
                           "OlvOtlQueryMembersByName(outline, \"Jan\", {type=7}, {})",
                           "OlvOtlGetMemberInfo(outline, Qtr1)",
                           "OlvOtlGetMemberAlias(outline, Qtr1, \"Long Names\")",
-                          "OlvFree(0, alias)",
-                          "OlvOtlGetMemberAlias(outline, Jan, \"Long Names\")",
-                          "OlvFree(0, alias)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvFree(0, alias)", "OlvOtlGetMemberAlias(outline, Jan, \"Long Names\")",
+                          "OlvFree(0, alias)", "OlvOtlFreeStructure(outline, 1, 65, member record)",
                           "OlvOtlFreeMembers(outline, 1, query result)",
                           "OlvOtlFreeStructure(outline, 1, 65, member record)",
                           "OlvOtlFreeMembers(outline, 1, query result)"));

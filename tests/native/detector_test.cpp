@@ -46,9 +46,9 @@ TEST_F(DetectorTest, WrongCodeFunctionOrCount) {
   OlvOtlFreeStructure(kOutline, 1, kStructureAttributeSpec, info);
   OlvOtlFreeStructure(kOutline, 2, kStructureMemberInfo, info);
   OlvOtlFreeStructure(kOutline, 1, 66, info);
-  EXPECT_THAT(faults(),
-              ElementsAre(HasSubstr("wrong function or code"), HasSubstr("wrong count"),
-                          HasSubstr("unknown structure code"), HasSubstr("wrong function or code")));
+  EXPECT_THAT(faults(), ElementsAre(HasSubstr("wrong function or code"), HasSubstr("wrong count"),
+                                    HasSubstr("unknown structure code"),
+                                    HasSubstr("wrong function or code")));
   OlvOtlFreeStructure(kOutline, 1, kStructureMemberInfo, info);
 
   MemberQuery query = {};
@@ -183,8 +183,7 @@ TEST_F(DetectorTest, NullAndForeignReferences) {
 
 TEST_F(DetectorTest, UnexpectedWarningOfTheVirtualMachine) {
   call(calls_with_exception_pending, java.text("planted"));
-  EXPECT_THAT(faults(),
-              ElementsAre(HasSubstr("JNI call made with exception pending")));
+  EXPECT_THAT(faults(), ElementsAre(HasSubstr("JNI call made with exception pending")));
 }
 
 TEST_F(DetectorTest, AcceptedWarningsAreThoseOfTheThirteenFunctions) {

@@ -61,8 +61,8 @@ TEST_F(EditTest, NewDimensionIsPlacedBehindItsSibling) {
                                       "consolidation=5 shareOption=5 storageType=1 "
                                       "dimensionCategory=6 storageCategory=12 attributeType=10}, "
                                       "Pack, 0)")));
-  EXPECT_THAT(api().children_of(0), ElementsAre("First", "Year", "Measures", "Third", "Product",
-                                                "Pack", "Ounces"));
+  EXPECT_THAT(api().children_of(0),
+              ElementsAre("First", "Year", "Measures", "Third", "Product", "Pack", "Ounces"));
 }
 
 TEST_F(EditTest, NewAttributeMemberGetsTheAttributeDefaults) {
@@ -84,12 +84,12 @@ TEST_F(EditTest, ANameInUseIsAddedUnderATemporaryNameAndRenamed) {
   const std::string defaults =
       " consolidation=5 shareOption=5 storageType=1 dimensionCategory=6 storageCategory=12 "
       "attributeType=255}, Pack, 0, 3)";
-  EXPECT_THAT(changes,
-              ElementsAre("OlvOtlAddMemberEx(outline, {name=\"Sales\"" + defaults,
-                          "OlvOtlAddMemberEx(outline, {name=\"KEPTempNameForDuplicateAdd\"" +
-                              defaults,
-                          "OlvOtlRenameMemberEx(outline, KEPTempNameForDuplicateAdd, \"Sales\", "
-                          "3)"));
+  EXPECT_THAT(
+      changes,
+      ElementsAre("OlvOtlAddMemberEx(outline, {name=\"Sales\"" + defaults,
+                  "OlvOtlAddMemberEx(outline, {name=\"KEPTempNameForDuplicateAdd\"" + defaults,
+                  "OlvOtlRenameMemberEx(outline, KEPTempNameForDuplicateAdd, \"Sales\", "
+                  "3)"));
   EXPECT_EQ(java.number(list, "size"), 1);
 }
 
@@ -190,11 +190,10 @@ TEST_F(EditTest, EachPropertyChangesItsOwnFieldOnly) {
 
 TEST_F(EditTest, RecordsAreReadChangedWrittenAndReleased) {
   EXPECT_EQ(on("Jan", NATIVE(assignMemberShare), java.code("Share", 1)), 0);
-  EXPECT_THAT(all_calls(),
-              ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
-                          "OlvOtlGetMemberInfo(outline, Jan)", "Share.getValue()",
-                          "OlvOtlSetMemberInfoEx(outline, Jan, {shareOption=1}, 3)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)"));
+  EXPECT_THAT(all_calls(), ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
+                                       "OlvOtlGetMemberInfo(outline, Jan)", "Share.getValue()",
+                                       "OlvOtlSetMemberInfoEx(outline, Jan, {shareOption=1}, 3)",
+                                       "OlvOtlFreeStructure(outline, 1, 65, member record)"));
   EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), java.text("x")), 0);
   EXPECT_THAT(journal().lines(Entry::kText), ElementsAre("chars(\"x\")", "release(\"x\")"));
   EXPECT_EQ(journal().all_lines().front(), "chars(\"x\")");

@@ -41,9 +41,13 @@ jobject JavaObjects::outline(HOutline value) {
   return wrapper;
 }
 
-jstring JavaObjects::text(const char* utf) { return env_->NewStringUTF(utf); }
+jstring JavaObjects::text(const char* utf) {
+  return env_->NewStringUTF(utf);
+}
 
-jobject JavaObjects::list() { return construct("java/util/ArrayList", "()V"); }
+jobject JavaObjects::list() {
+  return construct("java/util/ArrayList", "()V");
+}
 
 jobject JavaObjects::list(std::initializer_list<jobject> items) {
   jobject result = list();
@@ -96,7 +100,9 @@ std::string JavaObjects::string(jobject object, const char* getter) {
   return text;
 }
 
-std::string JavaObjects::elements(jobject list) { return string(list, "toString"); }
+std::string JavaObjects::elements(jobject list) {
+  return string(list, "toString");
+}
 
 bool JavaObjects::is(jobject object, const char* class_name) {
   return object != nullptr && env_->IsInstanceOf(object, type(kPackage + class_name));

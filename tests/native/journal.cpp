@@ -7,7 +7,9 @@ void Journal::add(Entry kind, std::string line) {
   if (recording) lines_.push_back({kind, std::move(line)});
 }
 
-void Journal::fault(std::string what) { faults_.push_back(std::move(what)); }
+void Journal::fault(std::string what) {
+  faults_.push_back(std::move(what));
+}
 
 void Journal::clear() {
   lines_.clear();
@@ -28,7 +30,9 @@ std::vector<std::string> Journal::all_lines() const {
   return result;
 }
 
-std::vector<std::string> Journal::take_faults() { return std::exchange(faults_, {}); }
+std::vector<std::string> Journal::take_faults() {
+  return std::exchange(faults_, {});
+}
 
 Journal& journal() {
   static Journal instance;

@@ -29,7 +29,9 @@ jint JNICALL receive_output(FILE* file, const char* format, va_list arguments) {
   return length;
 }
 
-bool starts_with(const std::string& text, const char* prefix) { return text.rfind(prefix, 0) == 0; }
+bool starts_with(const std::string& text, const char* prefix) {
+  return text.rfind(prefix, 0) == 0;
+}
 
 }  // namespace
 
@@ -58,7 +60,9 @@ void start_jvm() {
   take_jni_warnings();
 }
 
-JavaVM* jvm() { return the_jvm; }
+JavaVM* jvm() {
+  return the_jvm;
+}
 
 JNIEnv* real_env() {
   void* env = nullptr;

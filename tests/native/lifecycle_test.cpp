@@ -34,8 +34,8 @@ TEST_F(LifecycleTest, QueryOpensWithAnEmptyRecordAndCloses) {
   EXPECT_EQ(call(NATIVE(closeOutlineQuery), outline), 0);
   EXPECT_EQ(java.number(outline, "getValue"), 0);
   EXPECT_EQ(call(NATIVE(closeOutlineQuery), outline), 0);
-  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlOpenOutlineQuery(context, {})",
-                                       "OlvOtlCloseOutline(opened)"));
+  EXPECT_THAT(api_calls(),
+              ElementsAre("OlvOtlOpenOutlineQuery(context, {})", "OlvOtlCloseOutline(opened)"));
 }
 
 TEST_F(LifecycleTest, EditOpensTheNamedObjectWithinTheFrame) {
@@ -44,23 +44,22 @@ TEST_F(LifecycleTest, EditOpensTheNamedObjectWithinTheFrame) {
                  java.text("Object"), outline),
             0);
   EXPECT_EQ(java.number(outline, "getValue"), static_cast<jint>(kOpenedOutline));
-  EXPECT_THAT(
-      all_calls(),
-      ElementsAre("chars(\"App\")", "chars(\"Db2\")", "chars(\"Object\")",
-                  "ContextHandle.getValue()",
-                  "OlvOtlOpenOutline(context, {context=context type=1 application=\"App\" "
-                  "database=\"Db2\" object=\"Object\"}, 1, 1)",
-                  "OutlineHandle.setValue(-1879048190)", "release(\"Object\")",
-                  "release(\"Db2\")", "release(\"App\")"));
+  EXPECT_THAT(all_calls(),
+              ElementsAre("chars(\"App\")", "chars(\"Db2\")", "chars(\"Object\")",
+                          "ContextHandle.getValue()",
+                          "OlvOtlOpenOutline(context, {context=context type=1 application=\"App\" "
+                          "database=\"Db2\" object=\"Object\"}, 1, 1)",
+                          "OutlineHandle.setValue(-1879048190)", "release(\"Object\")",
+                          "release(\"Db2\")", "release(\"App\")"));
   expected_locks.insert("App/Db2/Object");
   expected_outlines.insert(kOpenedOutline);
 }
 
 TEST_F(LifecycleTest, EditCloseUnlocksTheDatabasesOwnObjectFirst) {
   jobject outline = java.outline();
-  EXPECT_EQ(call(NATIVE(closeOutlineEdit), java.context(), outline, java.text("App"),
-                 java.text("Db")),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(closeOutlineEdit), java.context(), outline, java.text("App"), java.text("Db")),
+      0);
   EXPECT_EQ(java.number(outline, "getValue"), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvUnlockObject(context, 1, \"App\", \"Db\", \"Db\")",
                                        "OlvOtlCloseOutline(outline)"));
@@ -91,32 +90,28 @@ TEST_F(LifecycleTest, FailedCloseKeepsTheHandle) {
 // ---- Verification ----
 
 TEST_F(LifecycleTest, VerificationHandsOverTheGlobalErrorFirst) {
-  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(),
-                 java.list()),
+  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(), java.list()),
             0);
   const std::string jan = std::to_string(static_cast<jint>(api().find("Jan")));
   const std::string cola = std::to_string(static_cast<jint>(api().find("Cola")));
-  EXPECT_THAT(java_calls(),
-              ElementsAre("new GlobalVerifyError()", "GlobalVerifyError.setValue(2147483649)",
-                          "ArrayList.add(GlobalVerifyError)", "new MemberVerifyError()",
-                          "MemberVerifyError.setName(\"Jan\")",
-                          "MemberVerifyError.setHandle(" + jan + ")",
-                          "MemberVerifyError.setErrorPortion(1)",
-                          "MemberVerifyError.setExtendedPortion(2147483648)",
-                          "ArrayList.add(MemberVerifyError)", "new MemberVerifyError()",
-                          "MemberVerifyError.setName(\"Cola\")",
-                          "MemberVerifyError.setHandle(" + cola + ")",
-                          "MemberVerifyError.setErrorPortion(4)",
-                          "MemberVerifyError.setExtendedPortion(0)",
-                          "ArrayList.add(MemberVerifyError)"));
+  EXPECT_THAT(
+      java_calls(),
+      ElementsAre(
+          "new GlobalVerifyError()", "GlobalVerifyError.setValue(2147483649)",
+          "ArrayList.add(GlobalVerifyError)", "new MemberVerifyError()",
+          "MemberVerifyError.setName(\"Jan\")", "MemberVerifyError.setHandle(" + jan + ")",
+          "MemberVerifyError.setErrorPortion(1)",
+          "MemberVerifyError.setExtendedPortion(2147483648)", "ArrayList.add(MemberVerifyError)",
+          "new MemberVerifyError()", "MemberVerifyError.setName(\"Cola\")",
+          "MemberVerifyError.setHandle(" + cola + ")", "MemberVerifyError.setErrorPortion(4)",
+          "MemberVerifyError.setExtendedPortion(0)", "ArrayList.add(MemberVerifyError)"));
 }
 
 TEST_F(LifecycleTest, VerificationOfAMemberThatCannotBeReadGivesItsErrorWords) {
   api().global_errors = 0;
   api().member_errors.resize(1);
   api().fail_function("OlvOtlGetMemberInfo", 77);
-  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(0), nullptr, java.outline(),
-                 java.list()),
+  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(0), nullptr, java.outline(), java.list()),
             0);
   EXPECT_THAT(java_calls(),
               ElementsAre("new MemberVerifyError()", "MemberVerifyError.setErrorPortion(1)",
@@ -127,8 +122,7 @@ TEST_F(LifecycleTest, VerificationOfAMemberThatCannotBeReadGivesItsErrorWords) {
 TEST_F(LifecycleTest, VerificationWithoutErrorsFreesNothing) {
   api().global_errors = 0;
   api().member_errors.clear();
-  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(),
-                 java.list()),
+  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(), java.list()),
             0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlVerifyOutline(outline)"));
 }
@@ -136,12 +130,10 @@ TEST_F(LifecycleTest, VerificationWithoutErrorsFreesNothing) {
 // ---- Saving ----
 
 TEST_F(LifecycleTest, WriteNamesTheDatabasesOutlineAndTakesNoLock) {
-  EXPECT_EQ(call(NATIVE(write), java.context(), java.outline(), java.text("App"),
-                 java.text("Db")),
+  EXPECT_EQ(call(NATIVE(write), java.context(), java.outline(), java.text("App"), java.text("Db")),
             0);
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvOtlWriteOutline(outline, {context=context type=1 "
-                          "application=\"App\" database=\"Db\" object=\"Db\"})"));
+  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlWriteOutline(outline, {context=context type=1 "
+                                       "application=\"App\" database=\"Db\" object=\"Db\"})"));
 }
 
 TEST_F(LifecycleTest, SaveAsObjectLocksWritesActivatesRestructuresWaitsUnlocks) {
@@ -181,17 +173,16 @@ TEST_F(LifecycleTest, SaveAsFileTakesTheLowestFreeName) {
   EXPECT_EQ(java.string(file, "getLocation"), "/scratch/E2");
   EXPECT_EQ(java.number(file, "getFileSize"), 4096);
   const std::string scratch = "(local, 1, \"KEPOTL\", \"OTLTEMP\", ";
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvCreateLocalContext(inst, 0, 0)",
-                          "OlvGetLocalPath" + scratch + "\"E0\", 1)", "OlvFree(inst, path)",
-                          "OlvGetObjectInfo" + scratch + "\"E0\")", "OlvFree(inst, object info)",
-                          "OlvGetObjectInfo" + scratch + "\"E1\")", "OlvFree(inst, object info)",
-                          "OlvGetObjectInfo" + scratch + "\"E2\")",
-                          "OlvOtlWriteOutline(outline, {context=local type=1 "
-                          "application=\"KEPOTL\" database=\"OTLTEMP\" object=\"E2\"})",
-                          "OlvGetLocalPath" + scratch + "\"E2\", 0)", "OlvFree(inst, path)",
-                          "OlvGetObjectInfo" + scratch + "\"E2\")",
-                          "OlvFree(inst, object info)"));
+  EXPECT_THAT(
+      api_calls(),
+      ElementsAre("OlvCreateLocalContext(inst, 0, 0)", "OlvGetLocalPath" + scratch + "\"E0\", 1)",
+                  "OlvFree(inst, path)", "OlvGetObjectInfo" + scratch + "\"E0\")",
+                  "OlvFree(inst, object info)", "OlvGetObjectInfo" + scratch + "\"E1\")",
+                  "OlvFree(inst, object info)", "OlvGetObjectInfo" + scratch + "\"E2\")",
+                  "OlvOtlWriteOutline(outline, {context=local type=1 "
+                  "application=\"KEPOTL\" database=\"OTLTEMP\" object=\"E2\"})",
+                  "OlvGetLocalPath" + scratch + "\"E2\", 0)", "OlvFree(inst, path)",
+                  "OlvGetObjectInfo" + scratch + "\"E2\")", "OlvFree(inst, object info)"));
 
   api().scratch_objects = {"E1"};
   EXPECT_EQ(call(NATIVE(saveAsFileBegin), java.instance(), java.context(), java.outline(), file),
@@ -240,11 +231,16 @@ TEST_F(LifecycleTest, AFailingPollIsRestructuresAnswerButNotTheSaves) {
 // ---- Database state ----
 
 TEST_F(LifecycleTest, CellCountIsTruncatedAndKeptInRange) {
-  const std::pair<double, jint> counts[] = {
-      {12.9, 12},           {-3.7, -3},     {0, 0},
-      {2147483647.0, 2147483647}, {2147483647.9, 2147483647}, {2147483648.0, INT32_MIN},
-      {5e9, INT32_MIN},     {-2147483648.9, INT32_MIN}, {-1e300, INT32_MIN},
-      {std::numeric_limits<double>::quiet_NaN(), INT32_MIN}};
+  const std::pair<double, jint> counts[] = {{12.9, 12},
+                                            {-3.7, -3},
+                                            {0, 0},
+                                            {2147483647.0, 2147483647},
+                                            {2147483647.9, 2147483647},
+                                            {2147483648.0, INT32_MIN},
+                                            {5e9, INT32_MIN},
+                                            {-2147483648.9, INT32_MIN},
+                                            {-1e300, INT32_MIN},
+                                            {std::numeric_limits<double>::quiet_NaN(), INT32_MIN}};
   for (const auto& [cells, expected] : counts) {
     api().cell_count = cells;
     jobject holder = java.make("api/IntHolder");
@@ -266,13 +262,12 @@ TEST_F(LifecycleTest, DataLoadedAndLockState) {
   EXPECT_EQ(call(NATIVE(getLockedState), java.instance(), java.context(), java.text("App"),
                  java.text("Db")),
             255);
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvGetDatabaseInfo(context, \"App\", \"Db\")",
-                          "OlvFree(inst, database info)",
-                          "OlvGetDatabaseInfo(context, \"App\", \"Db\")",
-                          "OlvFree(inst, database info)",
-                          "OlvGetObjectInfo(context, 1, \"App\", \"Db\", \"Db\")",
-                          "OlvFree(inst, object info)"));
+  EXPECT_THAT(
+      api_calls(),
+      ElementsAre("OlvGetDatabaseInfo(context, \"App\", \"Db\")", "OlvFree(inst, database info)",
+                  "OlvGetDatabaseInfo(context, \"App\", \"Db\")", "OlvFree(inst, database info)",
+                  "OlvGetObjectInfo(context, 1, \"App\", \"Db\", \"Db\")",
+                  "OlvFree(inst, object info)"));
 }
 
 TEST_F(LifecycleTest, CurrencyDatabaseIsDerivedWrittenRestructuredAndClosed) {

@@ -43,11 +43,10 @@ TEST_F(NamesTest, PlainListsAskForOptionZeroAndExtendedOnesForOne) {
               ElementsAre("OlvOtlGetGenNames(outline, \"Year\", 0)", "OlvFree(inst, names)",
                           "OlvOtlGetLevelNames(outline, \"Year\", 0)", "OlvFree(inst, names)"));
   names(NATIVE(getActualGenerations));
-  EXPECT_THAT(all_calls(),
-              testing::AllOf(Contains("OlvOtlGetGenNamesEx(outline, \"Year\", 1)"),
-                             Contains("new GenerationOrLevel(0, \"None\")"),
-                             Contains("new GenerationOrLevel(1, \"Years\")"),
-                             Contains("new GenerationOrLevel(2, \"Quarters\")")));
+  EXPECT_THAT(all_calls(), testing::AllOf(Contains("OlvOtlGetGenNamesEx(outline, \"Year\", 1)"),
+                                          Contains("new GenerationOrLevel(0, \"None\")"),
+                                          Contains("new GenerationOrLevel(1, \"Years\")"),
+                                          Contains("new GenerationOrLevel(2, \"Quarters\")")));
   names(NATIVE(getActualLevels));
   EXPECT_THAT(all_calls(), testing::AllOf(Contains("OlvOtlGetLevelNamesEx(outline, \"Year\", 1)"),
                                           Contains("new GenerationOrLevel(0, \"Months\")")));
@@ -55,18 +54,23 @@ TEST_F(NamesTest, PlainListsAskForOptionZeroAndExtendedOnesForOne) {
 
 TEST_F(NamesTest, ListsOfAllDimensionsSkipGenerationZeroAndKeepLevelZero) {
   api().generations["Pack"] = {{3, "Sizes"}};
-  const std::vector<std::string> generations = {
-      "DefinedGeneration.setDimension(\"Year\")", "DefinedGeneration.setName(\"Years\")",
-      "DefinedGeneration.setNumber(1)",           "DefinedGeneration.setDimension(\"Year\")",
-      "DefinedGeneration.setName(\"Quarters\")",  "DefinedGeneration.setNumber(2)",
-      "DefinedGeneration.setDimension(\"Pack\")", "DefinedGeneration.setName(\"Sizes\")",
-      "DefinedGeneration.setNumber(3)"};
+  const std::vector<std::string> generations = {"DefinedGeneration.setDimension(\"Year\")",
+                                                "DefinedGeneration.setName(\"Years\")",
+                                                "DefinedGeneration.setNumber(1)",
+                                                "DefinedGeneration.setDimension(\"Year\")",
+                                                "DefinedGeneration.setName(\"Quarters\")",
+                                                "DefinedGeneration.setNumber(2)",
+                                                "DefinedGeneration.setDimension(\"Pack\")",
+                                                "DefinedGeneration.setName(\"Sizes\")",
+                                                "DefinedGeneration.setNumber(3)"};
   EXPECT_EQ(defined(NATIVE(getAllGenerations)), generations);
   EXPECT_EQ(defined(NATIVE(getAllGenerationsQuery)), generations);
-  const std::vector<std::string> levels = {
-      "DefinedLevel.setDimension(\"Year\")", "DefinedLevel.setName(\"Months\")",
-      "DefinedLevel.setNumber(0)",           "DefinedLevel.setDimension(\"Year\")",
-      "DefinedLevel.setName(\"Quarter level\")", "DefinedLevel.setNumber(1)"};
+  const std::vector<std::string> levels = {"DefinedLevel.setDimension(\"Year\")",
+                                           "DefinedLevel.setName(\"Months\")",
+                                           "DefinedLevel.setNumber(0)",
+                                           "DefinedLevel.setDimension(\"Year\")",
+                                           "DefinedLevel.setName(\"Quarter level\")",
+                                           "DefinedLevel.setNumber(1)"};
   EXPECT_EQ(defined(NATIVE(getAllLevels)), levels);
   EXPECT_EQ(defined(NATIVE(getAllLevelsQuery)), levels);
 }
@@ -117,14 +121,14 @@ TEST_F(NamesTest, EnabledEntriesComeWithTheirAliases) {
   api().time_series[0].generation = -2;
   EXPECT_EQ(call(NATIVE(getDTSMembersEx), java.instance(), java.outline(), java.list()), 0);
   EXPECT_EQ(live_strings, 0);
-  EXPECT_THAT(java_calls(),
-              ElementsAre("new DynamicTimeSeries()", "DynamicTimeSeries.setName(\"Q-T-D\")",
-                          "DynamicTimeSeries.setGeneration(-2)",
-                          "DynamicTimeSeries.setEnabled(true)",
-                          "DynamicTimeSeries.setAlias(\"Default\", \"\")",
-                          "DynamicTimeSeries.setAlias(\"Long Names\", \"Quarter to date\")",
-                          "DynamicTimeSeries.setAlias(\"Codes\", \"\")",
-                          "ArrayList.add(DynamicTimeSeries)"));
+  EXPECT_THAT(
+      java_calls(),
+      ElementsAre("new DynamicTimeSeries()", "DynamicTimeSeries.setName(\"Q-T-D\")",
+                  "DynamicTimeSeries.setGeneration(-2)", "DynamicTimeSeries.setEnabled(true)",
+                  "DynamicTimeSeries.setAlias(\"Default\", \"\")",
+                  "DynamicTimeSeries.setAlias(\"Long Names\", \"Quarter to date\")",
+                  "DynamicTimeSeries.setAlias(\"Codes\", \"\")",
+                  "ArrayList.add(DynamicTimeSeries)"));
   api().fail_function("OlvOtlGetDTSMemberAlias", 77, 3);
   EXPECT_EQ(call(NATIVE(getDTSMembersEx), java.instance(), java.outline(), java.list()), 0);
   EXPECT_THAT(java_calls(), Not(Contains(HasSubstr("Codes"))));
@@ -135,14 +139,14 @@ TEST_F(NamesTest, EnablingDisablesTheSameEntryWhereverItStands) {
   EXPECT_EQ(enable("New", 4, JNI_TRUE), 0);
   EXPECT_EQ(enable("Y-T-D", 1, JNI_FALSE), 0);
   EXPECT_EQ(enable("", 1, JNI_TRUE), 0);
-  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlGetEnabledDTSMembers(outline)",
-                                       "OlvOtlEnableDTSMember(outline, \"Q-T-D\", 2, 0)",
-                                       "OlvFree(inst, time series)",
-                                       "OlvOtlEnableDTSMember(outline, \"Q-T-D\", 3, 1)",
-                                       "OlvOtlGetEnabledDTSMembers(outline)",
-                                       "OlvFree(inst, time series)",
-                                       "OlvOtlEnableDTSMember(outline, \"New\", 4, 1)",
-                                       "OlvOtlEnableDTSMember(outline, \"Y-T-D\", 1, 0)"));
+  EXPECT_THAT(
+      api_calls(),
+      ElementsAre("OlvOtlGetEnabledDTSMembers(outline)",
+                  "OlvOtlEnableDTSMember(outline, \"Q-T-D\", 2, 0)", "OlvFree(inst, time series)",
+                  "OlvOtlEnableDTSMember(outline, \"Q-T-D\", 3, 1)",
+                  "OlvOtlGetEnabledDTSMembers(outline)", "OlvFree(inst, time series)",
+                  "OlvOtlEnableDTSMember(outline, \"New\", 4, 1)",
+                  "OlvOtlEnableDTSMember(outline, \"Y-T-D\", 1, 0)"));
 }
 
 TEST_F(NamesTest, AliasCallsSwapTheirSecondAndThirdText) {
@@ -166,9 +170,9 @@ TEST_F(NamesTest, AliasCallsSwapTheirSecondAndThirdText) {
 
 TEST_F(NamesTest, LatestMembersAreAskedForByPattern) {
   jobject list = java.list();
-  EXPECT_EQ(call(NATIVE(listDTSLatestMembers), java.instance(), java.outline(), java.text("Year"),
-                 list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(listDTSLatestMembers), java.instance(), java.outline(), java.text("Year"), list),
+      0);
   EXPECT_EQ(java.elements(list), "[Jan, Feb, Qtr2]");
   EXPECT_EQ(live_strings, 0);
   const std::vector<std::string> calls = api_calls();

@@ -13,12 +13,12 @@
 #include <string>
 #include <vector>
 
+#include "com_olvane_kep_olvane_api_jni_OutlineJni.h"
 #include "tests/native/api_double.h"
 #include "tests/native/java_objects.h"
 #include "tests/native/jni_probe.h"
 #include "tests/native/journal.h"
 #include "tests/native/jvm.h"
-#include "com_olvane_kep_olvane_api_jni_OutlineJni.h"
 
 // The exported function of a native method.
 #define NATIVE(method) Java_com_olvane_kep_olvane_api_jni_OutlineJni_##method

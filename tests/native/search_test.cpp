@@ -52,19 +52,20 @@ TEST_F(FindTest, PropertiesAreReadInOrderAndProgressWrittenAtTheEnd) {
   find();
   std::vector<std::string> calls = java_calls();
   for (std::string& line : calls) line = line.substr(line.find('.') + 1);
-  EXPECT_THAT(calls,
-              ElementsAre("getDimensionScope()", "getAliasTableUsage()", "getMatchWordsOnly()",
-                          "getMatchCaseOnly()", "getSearchMemberNames()", "getSearchFormulas()",
-                          "getSearchUDAS()", "getMatchesFound()", "getMembersProcessed()",
-                          "getText()", "getDimensionName()", "getAliasTable()",
-                          "getMaximumMatchesPerBatch()", "getMaximumMatchesTotal()",
-                          "getMaximumMembersPerBatch()", "getLastHandle()", "setLastHandle(0)",
-                          "setMembersProcessed(14)", "setMatchesFound(0)"));
+  EXPECT_THAT(
+      calls,
+      ElementsAre("getDimensionScope()", "getAliasTableUsage()", "getMatchWordsOnly()",
+                  "getMatchCaseOnly()", "getSearchMemberNames()", "getSearchFormulas()",
+                  "getSearchUDAS()", "getMatchesFound()", "getMembersProcessed()", "getText()",
+                  "getDimensionName()", "getAliasTable()", "getMaximumMatchesPerBatch()",
+                  "getMaximumMatchesTotal()", "getMaximumMembersPerBatch()", "getLastHandle()",
+                  "setLastHandle(0)", "setMembersProcessed(14)", "setMatchesFound(0)"));
 }
 
 TEST_F(FindTest, TheWholeOutlineIsWalkedInPreOrder) {
   set_text("setText", "a");
-  EXPECT_THAT(find(), ElementsAre("Year", "Jan", "Measures", "Sales", "Cola", "Tea", "Pack", "Can"));
+  EXPECT_THAT(find(),
+              ElementsAre("Year", "Jan", "Measures", "Sales", "Cola", "Tea", "Pack", "Can"));
   EXPECT_EQ(progress(), "0 14 8");
   set_flag("setMatchCaseOnly", true);
   set_text("setText", "T");
@@ -197,9 +198,8 @@ class PathTest : public NativeTest {
                                  bool match_case = false, bool whole_word = false) {
     journal().clear();
     status = call(NATIVE(findMemberQuery), java.outline(), java.text(text),
-                  table == nullptr ? nullptr : java.text(table),
-                  static_cast<jboolean>(match_case), static_cast<jboolean>(whole_word),
-                  java.list());
+                  table == nullptr ? nullptr : java.text(table), static_cast<jboolean>(match_case),
+                  static_cast<jboolean>(whole_word), java.list());
     std::vector<std::string> found;
     std::string path;
     for (const std::string& line : journal().lines(Entry::kJava)) {

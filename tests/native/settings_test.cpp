@@ -26,9 +26,9 @@ class SettingsTest : public NativeTest {
 TEST_F(SettingsTest, OlderReaderSendsWholeBytesAndReleasesWithoutInstance) {
   api().info.configureFlags = 2;
   api().info.outlineType = -5;
-  EXPECT_EQ(call(NATIVE(getOutlineInfo), java.outline(),
-                 java.make("defs/outline/OutlineInformation")),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getOutlineInfo), java.outline(), java.make("defs/outline/OutlineInformation")),
+      0);
   // Whatever bit is set, Java sees true.
   EXPECT_THAT(journal().lines(Entry::kJava),
               ElementsAre("OutlineHandle.getValue()", "OutlineInformation.setAutoConfigure(2)",
@@ -47,22 +47,22 @@ TEST_F(SettingsTest, NewerReaderSeparatesFlagsAndMarksTheDefaultTable) {
   EXPECT_EQ(call(NATIVE(getSettings), java.instance(), java.outline(),
                  java.make("defs/outline/OutlineSettings")),
             0);
-  EXPECT_THAT(java_calls(),
-              ElementsAre("OutlineSettings.setAutoConfigure(false)", HasSubstr("setProvideWarnings("),
-                          "OutlineSettings.setCaseSensitive(false)", "new OutlineType()",
-                          "OutlineType.setValue(1)", "OutlineSettings.setOutlineType(OutlineType)",
-                          "new AliasTable()", "AliasTable.setDefaultTable(true)",
-                          "AliasTable.setName(\"Default\")",
-                          "OutlineSettings.addAliasTable(AliasTable)", "new AliasTable()",
-                          "AliasTable.setName(\"" + std::string(30, 't') + "\")",
-                          "OutlineSettings.addAliasTable(AliasTable)"));
+  EXPECT_THAT(
+      java_calls(),
+      ElementsAre("OutlineSettings.setAutoConfigure(false)", HasSubstr("setProvideWarnings("),
+                  "OutlineSettings.setCaseSensitive(false)", "new OutlineType()",
+                  "OutlineType.setValue(1)", "OutlineSettings.setOutlineType(OutlineType)",
+                  "new AliasTable()", "AliasTable.setDefaultTable(true)",
+                  "AliasTable.setName(\"Default\")", "OutlineSettings.addAliasTable(AliasTable)",
+                  "new AliasTable()", "AliasTable.setName(\"" + std::string(30, 't') + "\")",
+                  "OutlineSettings.addAliasTable(AliasTable)"));
 }
 
 TEST_F(SettingsTest, WithoutAliasTablesNoneIsAdded) {
   api().alias_tables.clear();
-  EXPECT_EQ(call(NATIVE(getOutlineInfo), java.outline(),
-                 java.make("defs/outline/OutlineInformation")),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(getOutlineInfo), java.outline(), java.make("defs/outline/OutlineInformation")),
+      0);
   EXPECT_EQ(call(NATIVE(getSettings), java.instance(), java.outline(),
                  java.make("defs/outline/OutlineSettings")),
             0);
@@ -75,13 +75,12 @@ TEST_F(SettingsTest, SpecificationsGoThroughSettersInOrderAndNullNamesAreSkipped
             0);
   std::vector<std::string> calls = java_calls();
   for (std::string& line : calls) line = line.substr(line.find('.') + 1);
-  EXPECT_THAT(calls,
-              ElementsAre("setUseNameOf(2)", "setGenNameBy(1)", "setNameDelimiter(-3)",
-                          "setCalcDimensionName(\"Attribute Calculations\")",
-                          "setCalcSumName(\"Sum\")", "setCalcCountName(\"Count\")",
-                          "setCalcMinimumName(\"Min\")", "setCalcAverageName(\"Avg\")",
-                          "setBooleanNameTrue(\"True\")", "setBooleanNameFalse(\"False\")",
-                          "setDateMemberName(4)", "setNumericBound(5)"));
+  EXPECT_THAT(calls, ElementsAre("setUseNameOf(2)", "setGenNameBy(1)", "setNameDelimiter(-3)",
+                                 "setCalcDimensionName(\"Attribute Calculations\")",
+                                 "setCalcSumName(\"Sum\")", "setCalcCountName(\"Count\")",
+                                 "setCalcMinimumName(\"Min\")", "setCalcAverageName(\"Avg\")",
+                                 "setBooleanNameTrue(\"True\")", "setBooleanNameFalse(\"False\")",
+                                 "setDateMemberName(4)", "setNumericBound(5)"));
   EXPECT_EQ(call(NATIVE(getAttributeSpecs), java.outline(),
                  java.make("defs/outline/AttributeSpecification")),
             0);
@@ -105,22 +104,20 @@ TEST_F(SettingsTest, SpecificationObjectsComeBeforeTheTexts) {
             0);
   EXPECT_THAT(
       java_calls(),
-      ElementsAre("new LongNameConstructor()", "LongNameConstructor.setValue(1)",
-                  "new LongNameSource()", "LongNameSource.setValue(2)", "new LongNameDelimiter()",
-                  "LongNameDelimiter.setValue(-3)", "new AttributeDateFormat()",
-                  "AttributeDateFormat.setValue(4)", "new BucketingType()",
-                  "BucketingType.setValue(5)",
-                  "AttributeSettings.setLongNameConstructor(LongNameConstructor)",
-                  "AttributeSettings.setLongNameSource(LongNameSource)",
-                  "AttributeSettings.setLongNameDelimiter(LongNameDelimiter)",
-                  "AttributeSettings.setDateFormat(AttributeDateFormat)",
-                  "AttributeSettings.setBucketingType(BucketingType)",
-                  "AttributeSettings.setTrueText(\"True\")",
-                  "AttributeSettings.setFalseText(\"False\")",
-                  "AttributeSettings.setCalculationDimension(\"Attribute Calculations\")",
-                  "AttributeSettings.setSum(\"Sum\")", "AttributeSettings.setCount(\"Count\")",
-                  "AttributeSettings.setAverage(\"Avg\")",
-                  "AttributeSettings.setMinimum(\"Min\")"));
+      ElementsAre(
+          "new LongNameConstructor()", "LongNameConstructor.setValue(1)", "new LongNameSource()",
+          "LongNameSource.setValue(2)", "new LongNameDelimiter()", "LongNameDelimiter.setValue(-3)",
+          "new AttributeDateFormat()", "AttributeDateFormat.setValue(4)", "new BucketingType()",
+          "BucketingType.setValue(5)",
+          "AttributeSettings.setLongNameConstructor(LongNameConstructor)",
+          "AttributeSettings.setLongNameSource(LongNameSource)",
+          "AttributeSettings.setLongNameDelimiter(LongNameDelimiter)",
+          "AttributeSettings.setDateFormat(AttributeDateFormat)",
+          "AttributeSettings.setBucketingType(BucketingType)",
+          "AttributeSettings.setTrueText(\"True\")", "AttributeSettings.setFalseText(\"False\")",
+          "AttributeSettings.setCalculationDimension(\"Attribute Calculations\")",
+          "AttributeSettings.setSum(\"Sum\")", "AttributeSettings.setCount(\"Count\")",
+          "AttributeSettings.setAverage(\"Avg\")", "AttributeSettings.setMinimum(\"Min\")"));
 }
 
 // ---- Changing ----
@@ -167,8 +164,7 @@ TEST_F(SettingsTest, EachSpecificationUpdateChangesItsOwnField) {
                           "{longNameDelimiter=0})", "{longNameDelimiter=-1})", "{dateFormat=14})",
                           "{bucketingType=15})", "{trueName=\"a\"})", "{falseName=\"b\"})",
                           "{calcDimensionName=\"c\"})", "{sumName=\"\"})", "{countName=\"e\"})",
-                          "{averageName=\"f\"})", "{minimumName=\"g\"})",
-                          "{maximumName=\"h\"})"));
+                          "{averageName=\"f\"})", "{minimumName=\"g\"})", "{maximumName=\"h\"})"));
 }
 
 TEST_F(SettingsTest, UpdatesReadTheValueOnlyAfterTheRecord) {

@@ -12,8 +12,8 @@ constexpr int kInjected = 4242;
 
 std::vector<SweepCase> all_cases() {
   std::vector<SweepCase> all;
-  for (std::vector<SweepCase> family : {lifecycle_cases(), browse_cases(), settings_cases(),
-                                        edit_cases(), other_cases()}) {
+  for (std::vector<SweepCase> family :
+       {lifecycle_cases(), browse_cases(), settings_cases(), edit_cases(), other_cases()}) {
     all.insert(all.end(), family.begin(), family.end());
   }
   return all;
@@ -135,7 +135,8 @@ INSTANTIATE_TEST_SUITE_P(Natives, SweepTest, testing::ValuesIn(all_cases()),
 
 TEST(SweepTable, HoldsEveryNativeMethodOnce) {
   std::set<std::string> names;
-  for (const SweepCase& entry : all_cases()) names.insert(entry.name.substr(0, entry.name.find('_')));
+  for (const SweepCase& entry : all_cases())
+    names.insert(entry.name.substr(0, entry.name.find('_')));
   EXPECT_EQ(names.size(), 116u);
 }
 

@@ -14,7 +14,7 @@
 #include "tests/native/native_test.h"
 
 // What a method answers when a call that it makes fails.
-inline constexpr long kPassedOn = 1L << 20;     // the failing call's status
+inline constexpr long kPassedOn = 1L << 20;        // the failing call's status
 inline constexpr long kSwallowed = kPassedOn + 1;  // what it answers without the failure
 
 // A change to one argument of a good call.
@@ -58,7 +58,9 @@ struct SweepCase {
 };
 
 // How a failure names the entry.
-inline void PrintTo(const SweepCase& entry, std::ostream* out) { *out << entry.name; }
+inline void PrintTo(const SweepCase& entry, std::ostream* out) {
+  *out << entry.name;
+}
 
 // Replaces one argument; false when the kind does not apply to it. Overloads by parameter type.
 bool substitute(JNIEnv* env, JavaObjects& java, Substitution::Kind kind, jobject* argument);
@@ -96,9 +98,8 @@ SweepCase sweep_case(const char* name, Result(JNICALL* native)(JNIEnv*, jclass, 
   entry.run = [=](JNIEnv* probe, JavaObjects& java, const Substitution* substitution,
                   long* result) {
     Tuple values = arguments(java);
-    if (substitution != nullptr &&
-        !substitute_at(real_env(), java, *substitution, &values,
-                       std::index_sequence_for<Parameters...>())) {
+    if (substitution != nullptr && !substitute_at(real_env(), java, *substitution, &values,
+                                                  std::index_sequence_for<Parameters...>())) {
       return false;
     }
     *result = std::apply(
@@ -109,8 +110,9 @@ SweepCase sweep_case(const char* name, Result(JNICALL* native)(JNIEnv*, jclass, 
     Tuple values = arguments(java);
     size_t at = 0;
     bool found = false;
-    std::apply([&](auto... each) { ((found |= at++ == index && is_open_outline(java, each)), ...); },
-               values);
+    std::apply(
+        [&](auto... each) { ((found |= at++ == index && is_open_outline(java, each)), ...); },
+        values);
     return found;
   };
   return entry;

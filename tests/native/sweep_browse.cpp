@@ -122,8 +122,8 @@ std::vector<SweepCase> detail_cases() {
       block("getMemberAliasesBlock", NATIVE(getMemberAliasesBlock)),
       sweep_case("getMemberAliasesForTable", NATIVE(getMemberAliasesForTable),
                  [](JavaObjects& java) {
-                   jobject names = java.list({java.text("Jan"), java.text("Nowhere"),
-                                              java.text(""), java.text("Year")});
+                   jobject names = java.list(
+                       {java.text("Jan"), java.text("Nowhere"), java.text(""), java.text("Year")});
                    return std::make_tuple(java.instance(), java.outline(), java.text("Default"),
                                           names, java.list(), jboolean{JNI_FALSE});
                  })

@@ -115,9 +115,8 @@ std::vector<SweepCase> copy_cases() {
     };
   };
   const std::initializer_list<const char*> details = {
-      "OlvOtlGetUserAttributes",       "OlvOtlSetUserAttribute",
-      "OlvOtlGetMemberCommentEx",      "OlvOtlSetMemberCommentEx",
-      "OlvOtlGetMemberFormula",        "OlvOtlSetMemberFormula",
+      "OlvOtlGetUserAttributes",       "OlvOtlSetUserAttribute",        "OlvOtlGetMemberCommentEx",
+      "OlvOtlSetMemberCommentEx",      "OlvOtlGetMemberFormula",        "OlvOtlSetMemberFormula",
       "OlvOtlGetAssociatedAttributes", "OlvOtlAssociateAttributeMember"};
   const std::vector<long> failed = {kStatusCopyFailed};
   const std::vector<long> failed_or_swallowed = {kStatusCopyFailed, kSwallowed};
@@ -134,8 +133,8 @@ std::vector<SweepCase> copy_cases() {
   return {
       with_answers(sweep_case("copyMember", NATIVE(copyMember), copy("Product", "Cola", false))),
       // The search for a free name takes a failure for a name that is free.
-      with_answers(sweep_case("copyMember_AsDimension", NATIVE(copyMember),
-                              copy("Product", "Cola", true)))
+      with_answers(
+          sweep_case("copyMember_AsDimension", NATIVE(copyMember), copy("Product", "Cola", true)))
           .on("OlvOtlFindMember", failed_or_swallowed),
       with_answers(sweep_case("copyContinue", NATIVE(copyContinue),
                               [](JavaObjects& java) {

@@ -1,16 +1,14 @@
 // Sweep entries of opening, verifying, saving, restructuring and database state.
 #include "tests/native/sweep.h"
 
-
 std::vector<SweepCase> lifecycle_cases() {
   const auto app = [](JavaObjects& java) { return java.text("App"); };
   const auto db = [](JavaObjects& java) { return java.text("Db"); };
   const auto other_db = [](JavaObjects& java) { return java.text("Db2"); };
   return {
-      sweep_case("openOutlineQuery", NATIVE(openOutlineQuery),
-                 [](JavaObjects& java) {
-                   return std::make_tuple(java.context(), java.outline(0));
-                 }),
+      sweep_case(
+          "openOutlineQuery", NATIVE(openOutlineQuery),
+          [](JavaObjects& java) { return std::make_tuple(java.context(), java.outline(0)); }),
       sweep_case("closeOutlineQuery", NATIVE(closeOutlineQuery),
                  [](JavaObjects& java) { return std::make_tuple(java.outline()); }),
       sweep_case("openOutlineEdit", NATIVE(openOutlineEdit),

@@ -100,18 +100,17 @@ std::vector<SweepCase> search_cases() {
       sweep_case("listFindMembers", NATIVE(listFindMembers),
                  [](JavaObjects& java) {
                    return std::make_tuple(java.outline(), java.text("Year"), java.text("*"),
-                                          jboolean{JNI_TRUE}, java.text("Long Names"),
-                                          java.list());
+                                          jboolean{JNI_TRUE}, java.text("Long Names"), java.list());
                  })
           // The parent's failures end the walk unless the member's own alias can be read.
           .may_swallow({"OlvOtlGetMemberInfo", "OlvOtlGetMemberAlias"}),
-      sweep_case("findMember", NATIVE(findMember),
-                 [](JavaObjects& java) { return std::make_tuple(java.outline(), java.text("Jan")); })
+      sweep_case(
+          "findMember", NATIVE(findMember),
+          [](JavaObjects& java) { return std::make_tuple(java.outline(), java.text("Jan")); })
           .on("OlvOtlFindMember", {JNI_FALSE}),
-      with_wrappers("findRequest", NATIVE(findRequest),
-                    [](JavaObjects& java) {
-                      return std::make_tuple(wide_request(java), java.list());
-                    })
+      with_wrappers(
+          "findRequest", NATIVE(findRequest),
+          [](JavaObjects& java) { return std::make_tuple(wide_request(java), java.list()); })
           .swallows({"OlvOtlGetOutlineInfo", "OlvOtlGetFirstMember", "OlvOtlGetChild",
                      "OlvOtlGetParent", "OlvOtlGetNextSibling", "OlvOtlGetMemberInfo",
                      "OlvOtlGetMemberAlias", "OlvOtlGetUserAttributes", "OlvOtlGetMemberFormula"}),

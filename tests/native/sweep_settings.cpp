@@ -27,9 +27,8 @@ SweepCase text_update(const char* name, Native native) {
 
 template <typename Native>
 SweepCase code_update(const char* name, Native native, const char* class_name) {
-  return with_wrappers(name, native, [=](JavaObjects& java) {
-    return std::make_tuple(java.code(class_name, 7));
-  });
+  return with_wrappers(
+      name, native, [=](JavaObjects& java) { return std::make_tuple(java.code(class_name, 7)); });
 }
 
 template <typename Native>
@@ -50,8 +49,7 @@ std::vector<SweepCase> settings_cases() {
                     [](JavaObjects& java) {
                       return std::make_tuple(java.make("defs/outline/OutlineSettings"));
                     }),
-      reader("getAttributeSpecs", NATIVE(getAttributeSpecs),
-             "defs/outline/AttributeSpecification"),
+      reader("getAttributeSpecs", NATIVE(getAttributeSpecs), "defs/outline/AttributeSpecification"),
       with_wrappers("getAttributeSpecsEx", NATIVE(getAttributeSpecsEx),
                     [](JavaObjects& java) {
                       return std::make_tuple(java.make("defs/outline/AttributeSettings"));
@@ -61,8 +59,7 @@ std::vector<SweepCase> settings_cases() {
       code_update("updateLongnameConstructor", NATIVE(updateLongnameConstructor),
                   "LongNameConstructor"),
       code_update("updateLongnameSource", NATIVE(updateLongnameSource), "LongNameSource"),
-      code_update("updateLongnameDelimiter", NATIVE(updateLongnameDelimiter),
-                  "LongNameDelimiter"),
+      code_update("updateLongnameDelimiter", NATIVE(updateLongnameDelimiter), "LongNameDelimiter"),
       code_update("updateDateFormat", NATIVE(updateDateFormat), "AttributeDateFormat"),
       code_update("updateBucketingType", NATIVE(updateBucketingType), "BucketingType"),
       text_update("updateBooleanNameTrue", NATIVE(updateBooleanNameTrue)),
@@ -79,8 +76,7 @@ std::vector<SweepCase> settings_cases() {
       with_wrappers("renameAliasTable", NATIVE(renameAliasTable), two_tables),
       with_wrappers("copyAliasTable", NATIVE(copyAliasTable),
                     [=](JavaObjects& java) {
-                      return std::tuple_cat(two_tables(java),
-                                            std::make_tuple(jboolean{JNI_TRUE}));
+                      return std::tuple_cat(two_tables(java), std::make_tuple(jboolean{JNI_TRUE}));
                     }),
   };
 }
