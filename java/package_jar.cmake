@@ -1,6 +1,7 @@
 # Packs classes and native libraries into a jar whose bytes depend on nothing but its content:
 # entries in sorted order, all with one date. Arguments: JAR_TOOL, OUTPUT, CLASSES (folder),
-# CLASS_PATH (colon-separated jars), PLATFORM (folder name of the libraries), LIBRARIES (list).
+# CLASS_PATH (colon-separated jars), PLATFORM (folder name of the libraries), LIBRARIES (list),
+# STRIP (the tool).
 
 set(date 1980-01-01T00:00:02+00:00)
 get_filename_component(work ${OUTPUT} DIRECTORY)
@@ -13,7 +14,10 @@ set(index "")
 foreach(library IN LISTS LIBRARIES)
   get_filename_component(name ${library} NAME)
   file(COPY ${library} DESTINATION ${stage}/native/${PLATFORM} FOLLOW_SYMLINK_CHAIN)
-  file(SHA256 ${library} hash)
+  # Every start with the packed library checks its bytes: without debug information they are few.
+  set(packed ${stage}/native/${PLATFORM}/${name})
+  execute_process(COMMAND ${STRIP} --strip-debug ${packed} COMMAND_ERROR_IS_FATAL ANY)
+  file(SHA256 ${packed} hash)
   string(APPEND index "${hash}  ${name}\n")
 endforeach()
 if(index)

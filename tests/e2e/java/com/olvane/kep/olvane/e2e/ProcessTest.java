@@ -119,8 +119,12 @@ public class ProcessTest {
       return; // the emulator reads programs by itself and heeds no such option
     }
     Path folder = Settings.newFolder();
-    List<String> command = new ArrayList<>(Arrays.asList("unshare", "-rm", "sh", "-c",
-        "mount -t tmpfs -o noexec tmpfs \"$0\" || exit 77; exec \"$@\"", folder.toString()));
+    // As root in a mount namespace, or else as a user in one of its own.
+    List<String> command = new ArrayList<>(Arrays.asList("sh", "-c",
+        "for how in -m -rm; do unshare $how true 2>/dev/null && exec unshare $how sh -c "
+            + "'mount -t tmpfs -o noexec tmpfs \"$0\" || exit 77; exec \"$@\"' \"$0\" \"$@\"; done; "
+            + "echo no mount namespace can be made; exit 77",
+        folder.toString()));
     command.addAll(Settings.java("-Djava.library.path=", "-Dkepotl.tmpdir=" + folder,
         Peer.class.getName(), store.folder().toString(), StoreRule.DATABASE));
     Process process = new ProcessBuilder(command).redirectErrorStream(true).start();

@@ -33,7 +33,7 @@ final class PackedLibrary {
   static final String INDEX = "libraries.txt";
 
   private static final int MOST_COPIES = 1000;
-  private static final int LOCK_ATTEMPTS = 3000;
+  private static final int LOCK_ATTEMPTS = 12000;
   private static final int LOCK_PAUSE_MS = 10;
 
   private final String folder;
