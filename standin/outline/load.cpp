@@ -1,8 +1,6 @@
 // Reading an outline from its file, refusing one that is damaged.
 #include "standin/outline/persist.h"
 
-#include <set>
-
 #include "standin/guard.h"
 #include "standin/outline/outline_file.h"
 #include "standin/outline/schema.h"
@@ -113,15 +111,15 @@ class OutlineReader {
 
   void read_associations(const char* table, bool of_dimensions) {
     RowReader row(file_, table, 2);
-    std::set<std::pair<MemberId, MemberId>> seen;
     while (row.next()) {
       const MemberId base = member_of(row);
       const MemberId attribute = member_of(row);
-      demand(base != attribute && seen.emplace(base, attribute).second);
+      demand(base != attribute && !outline_.associated(base, attribute));
       demand(outline_.is_dimension(base) == of_dimensions);
       demand(outline_.is_dimension(attribute) == of_dimensions);
       demand(of_dimensions || outline_.associated(outline_.member(base).dimension,
                                                   outline_.member(attribute).dimension));
+      demand(of_dimensions || !outline_.carries_other(base, attribute));
       outline_.associate(base, attribute);
     }
   }

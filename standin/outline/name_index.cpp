@@ -13,10 +13,10 @@ bool equal_text(std::string_view a, std::string_view b, bool case_sensitive) {
 }
 
 // FNV-1a.
-uint32_t NameIndex::hash(std::string_view name) const {
+uint32_t hash_text(std::string_view text, bool case_sensitive) {
   uint32_t value = 2166136261U;
-  for (const char c : name) {
-    value ^= static_cast<unsigned char>(case_sensitive_ ? c : fold(c));
+  for (const char c : text) {
+    value ^= static_cast<unsigned char>(case_sensitive ? c : fold(c));
     value *= 16777619U;
   }
   return value;
@@ -101,6 +101,7 @@ MemberId NameIndex::find(std::string_view name) const {
 
 MemberId NameIndex::next_of_same_name(MemberId id) const {
   const MemberId next = nodes_[id].ring_next;
+  if (next == id) return kNoMember;  // most names: no look into the table
   return next == find_head(members_.at(id).name, nodes_[id].hash) ? kNoMember : next;
 }
 

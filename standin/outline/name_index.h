@@ -18,6 +18,9 @@ inline char fold(char c) {
 // True when two texts are equal, telling case or not.
 bool equal_text(std::string_view a, std::string_view b, bool case_sensitive);
 
+// A hash that equal texts share, telling case or not.
+uint32_t hash_text(std::string_view text, bool case_sensitive);
+
 class NameIndex {
  public:
   explicit NameIndex(const MemberArena& members) : members_(members) {}
@@ -49,7 +52,7 @@ class NameIndex {
     MemberId ring_previous = kNoMember;
   };
 
-  uint32_t hash(std::string_view name) const;
+  uint32_t hash(std::string_view name) const { return hash_text(name, case_sensitive_); }
   MemberId& bucket(uint32_t hash) { return buckets_[hash & (buckets_.size() - 1)]; }
   MemberId find_head(std::string_view name, uint32_t hash) const;
   MemberId* slot_of_head(MemberId head);

@@ -160,7 +160,13 @@ class Verifier {
   }
 
   void check_aliases(const AliasTable& table) {
-    std::unordered_map<std::string, MemberId> holders;
+    const bool case_sensitive = outline_.case_sensitive();
+    const auto hash = [=](std::string_view text) { return hash_text(text, case_sensitive); };
+    const auto equal = [=](std::string_view a, std::string_view b) {
+      return equal_text(a, b, case_sensitive);
+    };
+    std::unordered_map<std::string_view, MemberId, decltype(hash), decltype(equal)> holders(
+        table.aliases.size(), hash, equal);
     for (const auto& [id, alias] : table.aliases) {
       if (kForbiddenFirst.find(alias.front()) != std::string_view::npos) {
         extended(id, kExtendedAliasFirst);
@@ -170,7 +176,7 @@ class Verifier {
         extended(id, kExtendedAliasIsName);
       }
       if (shared(id)) continue;
-      const auto [holder, added] = holders.emplace(comparable(alias), id);
+      const auto [holder, added] = holders.emplace(alias, id);
       if (added) continue;
       extended(holder->second, kExtendedAliasTwice);
       extended(id, kExtendedAliasTwice);

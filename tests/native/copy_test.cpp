@@ -121,6 +121,9 @@ TEST_F(CopyTest, ASharedMembersCopyIsNotShared) {
   api().member("Tea").info.shareOption = 3;
   EXPECT_EQ(copy("Cola", "Tea", true), 0);
   EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), ElementsAre(HasSubstr("shareOption=3")));
+  api().member("Product").info.shareOption = kShareShared;
+  EXPECT_EQ(copy("Year", "Cola", true), 0);
+  EXPECT_THAT(calls_of("OlvOtlAddDimension"), ElementsAre(Not(HasSubstr("shareOption"))));
 }
 
 TEST_F(CopyTest, AssociationsFollowWithinOneRegularDimensionOnly) {

@@ -15,7 +15,7 @@ import java.util.Collection;
  * the outline itself and fills the member objects in Java. Direct mapping and one read per record
  * are the fastest that JNA offers.
  */
-public final class JnaListing {
+public final class JnaDirectListing {
   private static final int RECORD_SIZE = 556;
   private static final int RECORD_CODE = 65;
 
@@ -40,7 +40,7 @@ public final class JnaListing {
   private final IntByReference link = new IntByReference();
   private final PointerByReference block = new PointerByReference();
 
-  private JnaListing(int outline) {
+  private JnaDirectListing(int outline) {
     this.outline = outline;
   }
 
@@ -52,7 +52,7 @@ public final class JnaListing {
    * @param children receives the children
    */
   public static void list(int outline, int parent, Collection<DefaultMember> children) {
-    JnaListing listing = new JnaListing(outline);
+    JnaDirectListing listing = new JnaDirectListing(outline);
     int child = listing.follow(Api.OlvOtlGetChild(outline, parent, listing.link));
     while (child != 0) {
       children.add(listing.read(child));
