@@ -45,12 +45,17 @@ jboolean CallFindWholeWord(const char* search_text, const char* candidate, const
   if (search_text == nullptr || candidate == nullptr || *search_text == '\0') return JNI_FALSE;
   if (delimiters == nullptr || *delimiters == '\0') delimiters = " \n";
   const size_t length = std::strlen(search_text);
-  for (const char* at = std::strstr(candidate, search_text); at != nullptr;
-       at = std::strstr(at + 1, search_text)) {
+  const char* at = candidate;
+  while ((at = std::strstr(at, search_text)) != nullptr) {
     const bool starts = at == candidate || std::strchr(delimiters, at[-1]) != nullptr;
     // strchr finds the terminating NUL too: the end of the candidate ends a word.
     const bool ends = std::strchr(delimiters, at[length]) != nullptr;
     if (starts && ends) return JNI_TRUE;
+    // The next one that can be a word, overlapping or not, stands behind a delimiter. Trying those
+    // in between would take hours on a megabyte of one letter.
+    at = std::strpbrk(at, delimiters);
+    if (at == nullptr) return JNI_FALSE;
+    ++at;
   }
   return JNI_FALSE;
 }

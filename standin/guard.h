@@ -2,6 +2,7 @@
 // status before it could leave the library.
 #pragma once
 
+#include <cerrno>
 #include <exception>
 #include <new>
 
@@ -19,6 +20,12 @@ class StoreFailure : public std::exception {
  private:
   int status_;
 };
+
+// The status for an error number of the system: kNoSpace for a full disk, a quota and the largest
+// file size, kStoreError for any other.
+inline int status_of_error(int error) {
+  return error == ENOSPC || error == EDQUOT || error == EFBIG ? kNoSpace : kStoreError;
+}
 
 // Throws StoreFailure when `status` is not 0.
 inline void require(int status) {

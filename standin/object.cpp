@@ -32,7 +32,7 @@ void check_name(const char* name) {
 }
 
 [[noreturn]] void fail(int error) {
-  throw StoreFailure(error == ENOSPC || error == EDQUOT ? kNoSpace : kStoreError);
+  throw StoreFailure(status_of_error(error));
 }
 
 // False when there is nothing at `path`.

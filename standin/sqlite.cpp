@@ -1,12 +1,10 @@
 // The layer over SQLite.
 #include "standin/sqlite.h"
 
-#include <sqlite3.h>
-
-#include <cerrno>
 #include <new>
 
 #include "standin/guard.h"
+#include "standin/sqlite_error.h"
 
 namespace standin {
 namespace {
@@ -22,11 +20,8 @@ constexpr int kBusyTimeout = 10000;
       throw StoreFailure(kNoSpace);
     case SQLITE_NOTADB:
       throw StoreFailure(kNotAStore);
-    case SQLITE_IOERR: {
-      const int error = connection == nullptr ? 0 : sqlite3_system_errno(connection);
-      throw StoreFailure(error == ENOSPC || error == EDQUOT || error == EFBIG ? kNoSpace
-                                                                              : kStoreError);
-    }
+    case SQLITE_IOERR:
+      throw StoreFailure(status_of_io_error(connection));
     default:
       throw StoreFailure(kStoreError);
   }

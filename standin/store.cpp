@@ -44,8 +44,7 @@ PRAGMA user_version = 1;
 )";
 
 [[noreturn]] void fail(const std::error_code& error) {
-  const bool full = error == std::errc::no_space_on_device || error.value() == EDQUOT;
-  throw StoreFailure(full ? kNoSpace : kStoreError);
+  throw StoreFailure(status_of_error(error.value()));
 }
 
 // Makes the folder when there is none and answers its absolute path.

@@ -1,14 +1,12 @@
 // The SQLite file of one outline: connections, rows and their checksum.
 #include "standin/outline/outline_file.h"
 
-#include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <cerrno>
 #include <cstring>
 #include <new>
 
-#include "standin/guard.h"
+#include "standin/sqlite_error.h"
 
 namespace standin {
 namespace {
@@ -17,13 +15,6 @@ namespace {
 // than its writer's, and a written one never changes.
 constexpr const char* kFileSystem = "unix-none";
 
-// True when the last operation on the file that failed did so for want of space.
-bool out_of_space(sqlite3* connection) {
-  int error = 0;
-  sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
-  return error == ENOSPC || error == EDQUOT || error == EFBIG;
-}
-
 [[noreturn]] void fail_with(sqlite3* connection, int result) {
   switch (result & 0xff) {
     case SQLITE_NOMEM:
@@ -31,7 +22,7 @@ bool out_of_space(sqlite3* connection) {
     case SQLITE_FULL:
       throw StoreFailure(kNoSpace);
     case SQLITE_IOERR:
-      throw StoreFailure(out_of_space(connection) ? kNoSpace : kStoreError);
+      throw StoreFailure(status_of_io_error(connection));
     case SQLITE_PERM:
     case SQLITE_READONLY:
       throw StoreFailure(kStoreError);

@@ -23,8 +23,7 @@ namespace {
 constexpr std::string_view kSuffix = ".tmp";
 
 [[noreturn]] void fail() {
-  const bool full = errno == ENOSPC || errno == EDQUOT || errno == EFBIG;
-  throw StoreFailure(full ? kNoSpace : kStoreError);
+  throw StoreFailure(status_of_error(errno));
 }
 
 class Descriptor {

@@ -40,6 +40,30 @@ class CopyTest : public NativeTest {
     return below.empty() ? text : text + '(' + below + ')';
   }
 
+  // A subtree of thirteen members with details, below the dimension of the products.
+  static HMember add_subtree() {
+    const HMember root = api().add("Root", api().find("Product"));
+    for (int i = 0; i < 3; ++i) {
+      const HMember child = api().add("C" + std::to_string(i), root);
+      for (int k = 0; k < 3; ++k) api().add('D' + std::to_string(i * 3 + k), child);
+    }
+    for (const char* detailed : {"C1", "D0", "D8"}) {
+      api().member(detailed).udas = {"Cold", "Sweet"};
+      api().member(detailed).comment = "A long story";
+      api().member(detailed).formula = "1 + 1;";
+    }
+    return root;
+  }
+  // Members of the subtree of a handle.
+  static int size(HMember handle) {
+    int sum = 1;
+    for (const HMember child : api().member(handle).children) sum += size(child);
+    return sum;
+  }
+  // Fails the n-th call of batch number `batch` of a fresh copy, then lets the copy go on to its
+  // end. False when the batch has fewer calls.
+  bool fail_and_go_on(int batch, int n);
+
   jobject request = java.make("api/outline/CopyRequest");
   jobject results = java.list();
 };
@@ -205,11 +229,7 @@ TEST_F(CopyTest, ADimensionNameThatDoesNotFitIsRefused) {
 // ---- Subtrees ----
 
 TEST_F(CopyTest, ASubtreeComesInBatchesOfFiveAndKeepsItsShape) {
-  const HMember root = api().add("Root", api().find("Product"));
-  for (int i = 0; i < 3; ++i) {
-    const HMember child = api().add("C" + std::to_string(i), root);
-    for (int k = 0; k < 3; ++k) api().add('D' + std::to_string(i * 3 + k), child);
-  }
+  const HMember root = add_subtree();
   EXPECT_EQ(copy("Qtr2", "Root", false), 0);
   const HMember made = static_cast<HMember>(java.number(request, "getLastTargetHandle"));
   int batches = 0;
@@ -232,6 +252,50 @@ TEST_F(CopyTest, AFailedBatchKeepsTheLastPair) {
   EXPECT_EQ(java.number(request, "getLastSourceHandle"), java.handle("Jan"));
   EXPECT_EQ(java.number(request, "getCount"), 2);
   EXPECT_FALSE(finished());
+}
+
+bool CopyTest::fail_and_go_on(int batch, int n) {
+  api().reset();
+  journal().clear();
+  request = java.make("api/outline/CopyRequest");
+  const HMember root = add_subtree();
+  EXPECT_EQ(copy("Qtr2", "Root", false), 0);
+  const HMember made = static_cast<HMember>(java.number(request, "getLastTargetHandle"));
+  for (int i = 0; i < batch; ++i) EXPECT_EQ(go_on(), 0);
+
+  const size_t called = api().called().size();
+  api().fail_call(n, 77);
+  const int status = go_on();
+  if (api().called().size() < called + static_cast<size_t>(n)) return false;
+  const std::string failed = api().called()[called + static_cast<size_t>(n) - 1];
+  SCOPED_TRACE("batch " + std::to_string(batch) + ", call " + std::to_string(n) + ": " + failed);
+  EXPECT_EQ(api().find("KEPTempNameForCopy"), 0U);
+  EXPECT_EQ(java.number(request, "getCount"), size(made));
+  EXPECT_EQ(api().name_of(static_cast<HMember>(java.number(request, "getLastTargetHandle"))),
+            api().name_of(static_cast<HMember>(java.number(request, "getLastSourceHandle"))));
+  if (failed == "OlvOtlGetChild") {
+    EXPECT_EQ(status, 77);
+    EXPECT_TRUE(finished());
+    return true;
+  }
+  for (int i = 0; i < 3 && !finished(); ++i) EXPECT_EQ(go_on(), 0);
+  EXPECT_EQ(shape(made), shape(root));
+  check_balance();
+  return true;
+}
+
+TEST_F(CopyTest, AfterAnyFailureTheCopyGoesOnFromTheLastPair) {
+  int failures = 0;
+  for (int batch = 0; batch < 3; ++batch) {
+    bool called = true;
+    for (int n = 1; called; ++n) {
+      env_->PushLocalFrame(256);
+      called = fail_and_go_on(batch, n);
+      env_->PopLocalFrame(nullptr);
+      if (called) ++failures;
+    }
+  }
+  EXPECT_GT(failures, 100);
 }
 
 TEST_F(CopyTest, AFailedChildQueryFinishesTheCopy) {

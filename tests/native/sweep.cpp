@@ -10,6 +10,11 @@ namespace {
 
 constexpr int kInjected = 4242;
 
+// Longer than every fixed field, and a byte longer than a name.
+std::string too_long() {
+  return std::string(kMaxMemberName + 1, 'n');
+}
+
 std::vector<SweepCase> all_cases() {
   std::vector<SweepCase> all;
   for (std::vector<SweepCase> family :
@@ -37,6 +42,7 @@ class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCas
     for (const char* file : {"sweep_export.alt", "sweep_import.alt"}) {
       std::remove(temporary_path(file).c_str());
     }
+    std::remove(too_long().c_str());  // as the name of a file to export to
   }
 
   // Runs the entry on a fresh sample outline and checks what must hold whatever happens.
@@ -179,8 +185,7 @@ bool substitute(JNIEnv* env, JavaObjects&, Substitution::Kind kind, jstring* arg
       *argument = env->NewStringUTF("");
       return true;
     case Substitution::Kind::kLong:
-      // Longer than every fixed field, and a byte longer than a name.
-      *argument = env->NewStringUTF(std::string(kMaxMemberName + 1, 'n').c_str());
+      *argument = env->NewStringUTF(too_long().c_str());
       return true;
     default:
       return false;

@@ -88,6 +88,14 @@ TEST(TextMatch, LongTextsAreComparedWhole) {
   }
 }
 
+TEST(TextMatch, AMegabyteOfOneLetterTakesNoQuadraticTime) {
+  const std::string candidate(1 << 20, 'a');
+  const std::string search(1 << 19, 'a');
+  EXPECT_TRUE(contains(search.c_str(), candidate.c_str()));
+  EXPECT_FALSE(word(search.c_str(), candidate.c_str()));
+  EXPECT_TRUE(word(search.c_str(), (candidate + ' ' + search).c_str()));
+}
+
 TEST(TextMatch, CallersTextsAreNotChanged) {
   char search[] = "SALES";
   char candidate[] = "East SALES";

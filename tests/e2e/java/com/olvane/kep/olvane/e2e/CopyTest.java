@@ -10,18 +10,25 @@ import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.CopyRequest;
 import com.olvane.kep.olvane.api.outline.MemberRequest;
 import com.olvane.kep.olvane.cli.OpenOutline;
+import com.olvane.kep.olvane.defs.outline.Consolidation;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import com.olvane.kep.olvane.defs.outline.DimensionCategory;
 import com.olvane.kep.olvane.defs.outline.MemberRequestResult;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.Comparator;
 import java.util.List;
+import java.util.Random;
+import org.junit.Rule;
 import org.junit.Test;
 
 /** Copies of real subtrees. */
 public class CopyTest {
   private static final int COPY_FAILED = 1060013;
+  private static final int RANDOM_MEMBERS = 400;
+
+  @Rule public final StoreRule store = new StoreRule();
 
   /** The country with most subdivisions, by name. */
   private static String largestCountry(OpenOutline open) {
@@ -43,19 +50,82 @@ public class CopyTest {
       List<String> source = describe(open, open.find(country));
       assertTrue("a subtree worth copying", source.size() > 5);
 
-      CopyRequest request = new CopyRequest();
-      List<DefaultMember> copies = new ArrayList<>();
-      check("copy", OutlineJni.copyMember(open.instance(), open.handle(), "Geography", 0, country,
-          0, false, request, copies));
-      while (!request.isFinished()) {
-        int before = request.getCount();
-        check("copy", OutlineJni.copyContinue(open.instance(), open.handle(), request));
-        assertTrue("no more than five a call", request.getCount() - before <= 5);
-      }
-      assertEquals(source.size(), request.getCount());
-      assertEquals("first child of its target", copies.get(0).getHandle(),
+      int copy = copy(open, "Geography", open.find(country), false, source.size());
+      assertEquals("first child of its target", copy,
           StoreRule.children(open, "Geography").get(0).getHandle());
-      assertEquals(source, describe(open, copies.get(0).getHandle()));
+      assertEquals(source, describe(open, copy));
+    }
+  }
+
+  /** Copies a subtree to its end; gives the handle of the copy. */
+  private static int copy(
+      OpenOutline open, String target, int source, boolean asSibling, int members) {
+    CopyRequest request = new CopyRequest();
+    List<DefaultMember> copies = new ArrayList<>();
+    check("copy", OutlineJni.copyMember(open.instance(), open.handle(), target, 0, null, source,
+        asSibling, request, copies));
+    while (!request.isFinished()) {
+      int before = request.getCount();
+      check("copy", OutlineJni.copyContinue(open.instance(), open.handle(), request));
+      assertTrue("no more than five a call", request.getCount() - before <= 5);
+    }
+    assertEquals(members, request.getCount());
+    return copies.get(0).getHandle();
+  }
+
+  @Test
+  public void randomTreesEqualTheirSourcesMemberByMember() {
+    int members = Settings.scaled(RANDOM_MEMBERS);
+    try (OpenOutline open = store.edit()) {
+      Random random = new Random(20261124);
+      int product = StoreRule.create(open, 0, 0, "Product");
+      int colour = StoreRule.create(open, 0, product, "Colour");
+      check("make an attribute dimension", OutlineJni.assignMemberDimensionCategory(
+          open.instance(), open.handle(), colour,
+          new DimensionCategory(DimensionCategory.ATTRIBUTE), null));
+      check("associate the dimensions", OutlineJni.assignAttributeDimension(
+          open.instance(), open.handle(), product, colour));
+      StoreRule.create(open, colour, 0, "Red");
+      int top = StoreRule.create(open, product, 0, "Top");
+      List<Integer> tree = new ArrayList<>(Collections.singletonList(top));
+      for (int i = 1; i <= members; i++) {
+        // Half of them below one of the last few, so that the tree is deep as well as wide.
+        int parent = tree.get(random.nextBoolean() ? random.nextInt(tree.size())
+            : tree.size() - 1 - random.nextInt(Math.min(3, tree.size())));
+        int member = StoreRule.create(open, parent, 0, "Member " + i);
+        decorate(open, random, member);
+        tree.add(member);
+      }
+      List<String> source = describe(open, top);
+      assertEquals(tree.size(), source.size());
+      assertEquals(source, describe(open, copy(open, "Product", top, false, tree.size())));
+      assertEquals(source, describe(open, copy(open, "Top", top, true, tree.size())));
+      // A leaf as the target: its copy would be part of what is copied.
+      assertEquals(COPY_FAILED, OutlineJni.copyMember(open.instance(), open.handle(), null,
+          tree.get(tree.size() - 1), null, top, false, new CopyRequest(), new ArrayList<>()));
+      assertEquals("the source is as it was", source, describe(open, top));
+    }
+  }
+
+  /** Gives a member some of what a member can have. */
+  private static void decorate(OpenOutline open, Random random, int member) {
+    check("consolidation", OutlineJni.assignMemberConsolidation(open.instance(), open.handle(),
+        member, new Consolidation((short) random.nextInt(6))));
+    if (random.nextInt(3) == 0) {
+      check("comment", OutlineJni.assignMemberComment(
+          open.instance(), open.handle(), member, "comment " + random.nextInt()));
+    }
+    if (random.nextInt(3) == 0) {
+      check("formula", OutlineJni.updateMemberFormula(
+          open.instance(), open.handle(), member, random.nextInt() + ";"));
+    }
+    for (int i = random.nextInt(4); i > 0; i--) {
+      check("attribute", OutlineJni.setMemberUDA(
+          open.instance(), open.handle(), member, "attribute " + i));
+    }
+    if (random.nextInt(3) == 0) {
+      check("associate", OutlineJni.assignAttributeMember(
+          open.instance(), open.handle(), member, "Red"));
     }
   }
 
