@@ -65,6 +65,9 @@ class JavaText {
   JavaText& operator=(const JavaText&) = delete;
 
   bool is_null() const { return chars_ == nullptr; }
+  // True when the virtual machine had no memory for the characters of a string that is there. It
+  // reads as empty, too, which must not be taken for a wish to delete something.
+  bool lost() const { return string_ != nullptr && chars_ == nullptr; }
   bool empty() const { return chars_ == nullptr || *chars_ == '\0'; }
   // As Java spells it; never null.
   const char* java() const { return chars_ == nullptr ? "" : chars_; }
@@ -95,13 +98,15 @@ class MemberRecord {
   MemberRecord(const MemberRecord&) = delete;
   MemberRecord& operator=(const MemberRecord&) = delete;
 
-  // Reads the record of `member`, giving back the one held. Holds null after a failure.
+  // Reads the record of `member`, giving back the one held. Holds null after a failure, and only
+  // then: success without a record counts as kStatusRefused.
   int read(HMember member) {
     release();
     MemberInfoRecord* info = nullptr;
     const int status = OlvOtlGetMemberInfo(outline_, member, &info);
-    if (status == kStatusOk) info_ = info;
-    return status;
+    if (status != kStatusOk) return status;
+    info_ = info;
+    return info_ == nullptr ? kStatusRefused : kStatusOk;
   }
 
   void release() {

@@ -138,7 +138,10 @@ int removeAllAttributeAssociations(INST inst, HOutline outline, HMember dimensio
   uint16_t count = 0;
   ApiBlock<HMember> attributes(inst);
   const int status = OlvOtlGetAssociatedAttributes(outline, dimension, &count, attributes.out());
-  if (status != kStatusOk) return status;
+  if (status != kStatusOk) {
+    attributes.forget();
+    return status;
+  }
   for (uint16_t i = 0; attributes && i < count; ++i) {
     OlvOtlDisassociateAttributeDimension(outline, dimension, attributes[i]);
   }

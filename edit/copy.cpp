@@ -49,7 +49,9 @@ class CopyWalk {
       int status = OlvOtlGetNextSibling(outline_, source_, next);
       if (status != kStatusOk || *next != 0) return status;
       status = climb(&source_);
-      if (status == kStatusOk) status = climb(&target_);
+      if (status != kStatusOk) return status;
+      status = climb(&target_);
+      if (source_ == first_source_) break;  // complete, whatever lies above the copy
       if (status != kStatusOk) return status;
       if (source_ == 0 || target_ == 0) break;
     }
@@ -86,6 +88,13 @@ class CopyWalk {
   HMember target_dimension_ = 0;
 };
 
+// The given handle, or the member of a name that is not empty; 0 when there is none.
+HMember given_or_named(HOutline outline, jint handle, const JavaText& name) {
+  HMember member = static_cast<HMember>(handle);
+  if (member == 0 && !name.empty()) find_by_name(outline, name.api(), &member);
+  return member;
+}
+
 }  // namespace
 
 jboolean IsCopySourceAncestorOfTarget(HOutline outline, HMember target, HMember source) {
@@ -103,15 +112,13 @@ KEPOTL_NATIVE(jint, copyMember)
 (JNIEnv* env, jobject, jobject jinst, jobject joutline, jstring jtarget_name, jint jtarget,
  jstring jsource_name, jint jsource, jboolean as_sibling, jobject jrequest, jobject results) {
   TextContext text;
-  JavaText target_name;
-  JavaText source_name;
+  JavaText target_name(env, text, jtarget_name);
+  JavaText source_name(env, text, jsource_name);
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  HMember target = 0;
-  HMember source = 0;
-  find_by_handle_or_name(env, text, outline, jtarget, jtarget_name, &target_name, &target);
-  find_by_handle_or_name(env, text, outline, jsource, jsource_name, &source_name, &source);
+  const HMember target = given_or_named(outline, jtarget, target_name);
+  const HMember source = given_or_named(outline, jsource, source_name);
   if (target == 0 || source == 0) return kStatusCopyFailed;
   if (IsCopySourceAncestorOfTarget(outline, target, source)) return kStatusCopyFailed;
   if (target == source && !as_sibling) return kStatusCopyFailed;

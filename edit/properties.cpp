@@ -36,7 +36,7 @@ jint assign_text(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jstr
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0 || handle == 0) return kStatusOk;
-  if (std::strlen(value.api()) > limit) return kStatusRefused;
+  if (value.lost() || std::strlen(value.api()) > limit) return kStatusRefused;
   return update_member(outline, static_cast<HMember>(handle), [&](MemberInfoRecord& info) {
     store_text(info.*field, limit, value.api());
   });
@@ -108,6 +108,7 @@ KEPOTL_NATIVE(jint, updateMemberFormula)
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0 || handle == 0) return kStatusOk;
+  if (formula.lost()) return kStatusRefused;
   const HMember member = static_cast<HMember>(handle);
   if (formula.empty()) return OlvOtlDeleteMemberFormula(outline, member);
   return OlvOtlSetMemberFormula(outline, member, formula.api());
@@ -132,6 +133,7 @@ KEPOTL_NATIVE(jint, assignMemberAlias)
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0 || table.empty() || handle == 0) return kStatusOk;
+  if (alias.lost()) return kStatusRefused;
   const HMember member = static_cast<HMember>(handle);
   if (alias.empty()) return OlvOtlDeleteMemberAlias(outline, member, table.api());
   return OlvOtlSetMemberAlias(outline, member, table.api(), alias.api());

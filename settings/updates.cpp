@@ -53,7 +53,7 @@ jint update_name(JNIEnv* env, jobject jinst, jobject joutline, jstring value,
                  const char* AttributeSpecRecord::*field) {
   return update_specs(env, jinst, joutline, [&](int context, AttributeSpecRecord& specs) {
     JavaText name(env, context, value);
-    specs.*field = name.api();
+    if (!name.lost()) specs.*field = name.api();
     return name;
   });
 }

@@ -236,6 +236,18 @@ TEST_F(EditTest, EmptyFormulasAndAliasesAreRemoved) {
                                        "OlvOtlDeleteMemberAlias(outline, Jan, \"Codes\")"));
 }
 
+TEST_F(EditTest, ATextThatJavaHasNoMemoryForRemovesNothing) {
+  has_memory = false;
+  EXPECT_EQ(on("Jan", NATIVE(updateMemberFormula), java.text("1;")), kStatusRefused);
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), java.text("x")), kStatusRefused);
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberCategory), java.text("x")), kStatusRefused);
+  call(NATIVE(assignMemberAlias), java.instance(), java.outline(), java.handle("Jan"),
+       java.text("Codes"), java.text("x"));
+  EXPECT_THAT(api_calls(), IsEmpty());
+  EXPECT_EQ(call(NATIVE(updateSumMemberName), java.instance(), java.outline(), java.text("x")), 0);
+  EXPECT_THAT(api_calls(), Contains("OlvOtlSetAttributeSpecifications(outline, {})"));
+}
+
 // ---- Attribute associations ----
 
 TEST_F(EditTest, AssociationsNameBothSides) {

@@ -233,6 +233,7 @@ struct ProbeFunctions {
       journal().fault("GetStringUTFChars of a null reference");
       return nullptr;
     }
+    if (!probe(env)->has_memory) return nullptr;
     const char* chars = real->GetStringUTFChars(string, is_copy);
     if (chars != nullptr) probe(env)->chars_.push_back({chars, string});
     journal().add(Entry::kText, "chars(" + quoted(chars) + ')');

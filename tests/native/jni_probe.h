@@ -23,6 +23,9 @@ class JniProbe : public JNIEnv_ {
   // complained of as faults, and clears a pending exception.
   void finish();
 
+  // Whether the virtual machine has memory for the characters of strings.
+  bool has_memory = true;
+
   // Number of calls of an allowed function, by its name without the V of a
   // va_list variant.
   int count(const std::string& function) const;

@@ -60,6 +60,7 @@ class NativeTest : public testing::Test {
   Result call(Result(JNICALL* native)(JNIEnv*, jclass, Parameters...),
               typename AsGiven<Parameters>::type... arguments) {
     JniProbe probe(env_);
+    probe.has_memory = has_memory;
     const Result result = native(&probe, nullptr, arguments...);
     live_strings = probe.live_strings();
     probe.finish();
@@ -87,6 +88,8 @@ class NativeTest : public testing::Test {
   std::set<HOutline> expected_outlines = {kOutline};
   // Set by cases whose Java objects lack methods on purpose.
   bool exceptions_allowed = false;
+  // Whether the virtual machine gives out the characters of strings.
+  bool has_memory = true;
   // Java strings that the last call made and left to the frame.
   int live_strings = 0;
 

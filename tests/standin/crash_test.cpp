@@ -8,90 +8,13 @@
 
 #include <random>
 
-#include "api/olvotl.h"
-#include "tests/standin/outline_dump.h"
-#include "tests/standin/store_folder.h"
+#include "tests/standin/editor.h"
 
 using namespace standin_test;
 
 namespace {
 
-constexpr int kMembers = 400;
 constexpr int kRounds = 100;
-
-ObjectDefinitionRecord object(HCTX context) {
-  return {context, kObjectTypeOutline, "Sample", "Basic", "Basic"};
-}
-
-// A session with the outline open for edit, in whatever process makes it.
-struct Editor {
-  explicit Editor(const std::string& folder) : session(folder), context(session.login()) {
-    OlvStandinCreateDatabase(context, "Sample", "Basic");
-    uint16_t access = 0;
-    EXPECT_EQ(OlvSetActive(context, "Sample", "Basic", &access), 0);
-    const ObjectDefinitionRecord basic = object(context);
-    EXPECT_EQ(OlvOtlOpenOutline(context, &basic, 1, 1, &h), 0);
-  }
-
-  HMember dimension() const {
-    HMember first = 0;
-    EXPECT_EQ(OlvOtlGetFirstMember(h, &first), 0);
-    return first;
-  }
-  HMember add(HMember parent, const std::string& name) const {
-    MemberInfoRecord info{};
-    name.copy(info.name, kMaxMemberName);
-    HMember added = 0;
-    EXPECT_EQ(parent == 0 ? OlvOtlAddDimension(h, &info, 0, 0, &added)
-                          : OlvOtlAddMemberEx(h, &info, parent, 0, &added, kMemberOption),
-              0);
-    return added;
-  }
-  // Writes `version` into every member.
-  void set_version(int version) const {
-    HMember member = 0;
-    EXPECT_EQ(OlvOtlGetChild(h, dimension(), &member), 0);
-    for (; member != 0; OlvOtlGetNextSibling(h, member, &member)) {
-      EXPECT_EQ(OlvOtlSetMemberFormula(h, member, std::to_string(version).c_str()), 0);
-    }
-  }
-  int write() const {
-    const ObjectDefinitionRecord basic = object(context);
-    return OlvOtlWriteOutline(h, &basic);
-  }
-  int restructure() const {
-    const int status = OlvOtlRestructure(context, kRestructureSaveAs);
-    ProcessStateRecord state{};
-    while (OlvGetProcessState(context, &state) == 0 && state.state != 0) {
-    }
-    return status;
-  }
-  // The version in all members; -1 and a failure when they do not agree.
-  int version() const {
-    int count = 0;
-    int agreed = -1;
-    HMember member = 0;
-    EXPECT_EQ(OlvOtlGetChild(h, dimension(), &member), 0);
-    for (; member != 0; OlvOtlGetNextSibling(h, member, &member)) {
-      char* formula = nullptr;
-      EXPECT_EQ(OlvOtlGetMemberFormula(h, member, &formula), 0);
-      const int own = formula == nullptr ? -1 : std::stoi(formula);
-      EXPECT_EQ(OlvFree(0, formula), 0);
-      if (count++ == 0) agreed = own;
-      if (own != agreed) {
-        ADD_FAILURE() << "versions " << agreed << " and " << own << " in one outline";
-        return -1;
-      }
-    }
-    EXPECT_EQ(count, kMembers);
-    return agreed;
-  }
-  void close() { EXPECT_EQ(OlvOtlCloseOutline(h), 0); }
-
-  Session session;
-  HCTX context;
-  HOutline h = 0;
-};
 
 size_t temporary_files(const TempFolder& folder) {
   size_t count = 0;
@@ -99,15 +22,6 @@ size_t temporary_files(const TempFolder& folder) {
     if (entry.path().extension() == ".tmp") ++count;
   }
   return count;
-}
-
-void make_outline(const TempFolder& folder) {
-  Editor editor(folder.string());
-  const HMember dimension = editor.add(0, "Versions");
-  for (int i = 0; i < kMembers; ++i) editor.add(dimension, "m" + std::to_string(i));
-  editor.set_version(0);
-  ASSERT_EQ(editor.write(), 0);
-  editor.close();
 }
 
 // Saves versions above `version` one after the other and tells each one that is stored.
