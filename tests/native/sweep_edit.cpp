@@ -148,7 +148,7 @@ std::vector<SweepCase> copy_cases() {
                                 return std::make_tuple(java.instance(), java.outline(), request);
                               }))
           .on("OlvOtlGetChild", {kPassedOn})
-          .on("OlvOtlGetParent", {kStatusCopyFailed, kPassedOn})
+          .on("OlvOtlGetParent", {kStatusCopyFailed, kPassedOn, kSwallowed})
           .on("OlvOtlGetNextSibling", {kPassedOn, kSwallowed}),
   };
 }
