@@ -1,5 +1,5 @@
-// Changing an outline: copying subtrees in batches, and assigning properties against the API calls
-// that this takes.
+// Changing an outline: copying subtrees in batches, copying, renaming and clearing alias tables, and
+// assigning properties against the API calls that this takes.
 #include <jni.h>
 
 #include <cstring>
@@ -212,6 +212,62 @@ class AssignBench {
   jobject joutline_;
 };
 
+// ---- Alias tables ----
+
+// An outline in whose default table every member has an alias.
+class AliasTableBench {
+ public:
+  AliasTableBench(const Jvm& jvm, const bench::Store& store, int64_t count)
+      : jvm_(jvm), outline_(store, ("Aliases" + std::to_string(count)).c_str()) {
+    bench::fill_bushy(outline_, count, {true, false, false, false});
+    inst_ = jvm.instance_handle(static_cast<jint>(store.instance()));
+    joutline_ = jvm.outline_handle(static_cast<jint>(outline_.handle()));
+  }
+
+  double time_copying() const {
+    const double seconds = time([&](JNIEnv* env) { return copy(env); });
+    bench::require(OlvOtlDeleteAliasTable(outline_.handle(), kCopy), "OlvOtlDeleteAliasTable");
+    return seconds;
+  }
+  double time_renaming() const {
+    bench::require(copy(jvm_.env()), "copyAliasTable");
+    const double seconds = time([&](JNIEnv* env) {
+      return Java_com_olvane_kep_olvane_api_jni_OutlineJni_renameAliasTable(
+          env, nullptr, inst_, joutline_, env->NewStringUTF(kCopy), env->NewStringUTF(kOther));
+    });
+    bench::require(OlvOtlDeleteAliasTable(outline_.handle(), kOther), "OlvOtlDeleteAliasTable");
+    return seconds;
+  }
+  double time_clearing() const {
+    bench::require(copy(jvm_.env()), "copyAliasTable");
+    const double seconds = time([&](JNIEnv* env) {
+      return Java_com_olvane_kep_olvane_api_jni_OutlineJni_clearAliasTable(
+          env, nullptr, inst_, joutline_, env->NewStringUTF(kCopy));
+    });
+    bench::require(OlvOtlDeleteAliasTable(outline_.handle(), kCopy), "OlvOtlDeleteAliasTable");
+    return seconds;
+  }
+
+ private:
+  static constexpr const char* kCopy = "Copied";
+  static constexpr const char* kOther = "Renamed";
+
+  template <typename Native>
+  double time(Native native) const {
+    return jvm_.time_call(kBytesPerCall, [&](JNIEnv* env) { bench::require(native(env), "call"); });
+  }
+  jint copy(JNIEnv* env) const {
+    return Java_com_olvane_kep_olvane_api_jni_OutlineJni_copyAliasTable(
+        env, nullptr, inst_, joutline_, env->NewStringUTF("Default"), env->NewStringUTF(kCopy),
+        JNI_FALSE);
+  }
+
+  const Jvm& jvm_;
+  OpenOutline outline_;
+  jobject inst_;
+  jobject joutline_;
+};
+
 int run(int argc, char** argv) {
   bench::Report report(argc, argv, "Changing an outline");
   const std::vector<int64_t> sizes = {1'000, 10'000, 100'000};
@@ -234,6 +290,18 @@ int run(int argc, char** argv) {
   add_copies("Copying a member with its children, all on one level", sizes, fill_wide);
   add_copies("Copying a bushy tree with formulas and UDAs", sizes, fill_bushes);
   add_copies("Copying a chain, one member below the other", chain_sizes, fill_chain);
+
+  bench::Table& copying = report.table("copyAliasTable", "alias");
+  bench::Table& renaming = report.table("renameAliasTable", "alias");
+  bench::Table& clearing = report.table("clearAliasTable", "alias");
+  std::vector<std::unique_ptr<AliasTableBench>> tables;
+  for (const int64_t count : report.sizes({10'000, 100'000, 1'000'000})) {
+    const AliasTableBench& table =
+        *tables.emplace_back(std::make_unique<AliasTableBench>(jvm, store, count));
+    copying.add(count, "copy", [&table] { return table.time_copying(); });
+    renaming.add(count, "rename", [&table] { return table.time_renaming(); });
+    clearing.add(count, "clear", [&table] { return table.time_clearing(); });
+  }
 
   const AssignBench assign(jvm, store, calls);
   assign.add_all(report);
