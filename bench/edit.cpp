@@ -1,5 +1,5 @@
-// Changing an outline: copying subtrees in batches, copying, renaming and clearing alias tables, and
-// assigning properties against the API calls that this takes.
+// Changing an outline: copying subtrees in batches, copying, renaming and clearing alias tables,
+// and assigning properties against the API calls that this takes.
 #include <jni.h>
 
 #include <cstring>
@@ -291,9 +291,9 @@ int run(int argc, char** argv) {
   add_copies("Copying a bushy tree with formulas and UDAs", sizes, fill_bushes);
   add_copies("Copying a chain, one member below the other", chain_sizes, fill_chain);
 
-  bench::Table& copying = report.table("copyAliasTable", "alias");
-  bench::Table& renaming = report.table("renameAliasTable", "alias");
-  bench::Table& clearing = report.table("clearAliasTable", "alias");
+  bench::Table& copying = report.table("copyAliasTable", "text");
+  bench::Table& renaming = report.table("renameAliasTable", "text");
+  bench::Table& clearing = report.table("clearAliasTable", "text");
   std::vector<std::unique_ptr<AliasTableBench>> tables;
   for (const int64_t count : report.sizes({10'000, 100'000, 1'000'000})) {
     const AliasTableBench& table =

@@ -2,6 +2,7 @@
 #include "bench/process.h"
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -10,9 +11,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <fstream>
+#include <memory>
 #include <stdexcept>
+#include <vector>
 
 namespace bench {
 namespace {
@@ -43,13 +47,10 @@ int64_t own_memory(const std::string& field) {
   return 0;
 }
 
-[[noreturn]] void measure_memory(int pipe, const std::function<void()>& work) {
+[[noreturn]] void tell_figure(int pipe, const std::function<double()>& work) {
   try {
-    const int64_t before = own_memory("VmRSS");
-    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts anew
-    work();
-    const int64_t grown = own_memory("VmHWM") - before;
-    if (write(pipe, &grown, sizeof grown) == sizeof grown) _exit(EXIT_SUCCESS);
+    const double figure = work();
+    if (write(pipe, &figure, sizeof figure) == sizeof figure) _exit(EXIT_SUCCESS);
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
   }
@@ -78,20 +79,40 @@ bool has_sqlite_shell() {
   return sizeof(void*) == 8;
 }
 
-int64_t peak_memory_of(const std::function<void()>& work) {
+double figure_of_child(const std::function<double()>& work) {
   int ends[2];
   if (pipe(ends) != 0) throw std::runtime_error("cannot make a pipe");
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child < 0) throw std::runtime_error("cannot start a child process");
-  if (child == 0) measure_memory(ends[1], work);
+  if (child == 0) tell_figure(ends[1], work);
   close(ends[1]);
-  int64_t grown = 0;
-  const bool told = read(ends[0], &grown, sizeof grown) == sizeof grown;
+  double figure = 0;
+  const bool told = read(ends[0], &figure, sizeof figure) == sizeof figure;
   close(ends[0]);
   wait_for(child, "the measured child process");
   if (!told) throw std::runtime_error("the measured child process did not answer");
-  return grown;
+  return figure;
+}
+
+void touch_heap(int64_t bytes) {
+  constexpr size_t kBlock = 1 << 16;
+  mallopt(M_TRIM_THRESHOLD, -1);  // never
+  mallopt(M_MMAP_MAX, 0);
+  std::vector<std::unique_ptr<char[]>> blocks(static_cast<size_t>(bytes) / kBlock + 1);
+  for (std::unique_ptr<char[]>& block : blocks) {
+    block.reset(new char[kBlock]);
+    std::memset(block.get(), 1, kBlock);
+  }
+}
+
+int64_t peak_memory_of(const std::function<void()>& work) {
+  return static_cast<int64_t>(figure_of_child([&] {
+    const int64_t before = own_memory("VmRSS");
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts anew
+    work();
+    return static_cast<double>(own_memory("VmHWM") - before);
+  }));
 }
 
 }  // namespace bench

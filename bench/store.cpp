@@ -93,7 +93,7 @@ TempFolder::~TempFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-Store::Store(const std::string& folder) : folder_(folder) {
+Store::Store(const std::string& folder) {
   require_ok(OlvStandinInitialize(folder.c_str(), &instance_), "use a store");
   require_ok(OlvStandinLogin(instance_, "bench", &context_), "log in");
   const int created = OlvStandinCreateDatabase(context_, kApplication, kDatabase);
@@ -108,8 +108,8 @@ ObjectDefinitionRecord Store::object(const char* name) const {
   return {context_, kObjectTypeOutline, kApplication, kDatabase, name};
 }
 
-std::string Store::file(const char* name) const {
-  return folder_ + "/" + kApplication + "/" + kDatabase + "/" + name + ".otl";
+std::string Store::file(const std::string& folder, const char* name) {
+  return folder + "/" + kApplication + "/" + kDatabase + "/" + name + ".otl";
 }
 
 OpenOutline::OpenOutline(const Store& store, const char* object) {

@@ -35,12 +35,11 @@ class Store {
   INST instance() const { return instance_; }
   HCTX context() const { return context_; }
 
-  // The outline object of a name in the database, and its file.
+  // The outline object of a name in the database, and its file in the store in `folder`.
   ObjectDefinitionRecord object(const char* name) const;
-  std::string file(const char* name) const;
+  static std::string file(const std::string& folder, const char* name);
 
  private:
-  std::string folder_;
   INST instance_ = 0;
   HCTX context_ = 0;
 };

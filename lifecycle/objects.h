@@ -5,8 +5,8 @@
 #include "api/olv.h"
 #include "api/olvotl.h"
 
-// The definition of a database's outline in `context`: named after the database. The texts stay
-// the caller's.
+// The definition of an outline object in `context`; a database's own outline bears the database's
+// name. The texts stay the caller's.
 inline ObjectDefinitionRecord outline_object(HCTX context, const char* application,
                                              const char* database, const char* object) {
   ObjectDefinitionRecord record = {};

@@ -6,7 +6,7 @@
 KEPOTL_NATIVE(jint, openOutlineQuery)(JNIEnv* env, jobject, jobject jcontext, jobject joutline) {
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
-  const ObjectDefinitionRecord record = {};
+  ObjectDefinitionRecord record = {};  // the API may write it
   HOutline outline = 0;
   const int status = OlvOtlOpenOutlineQuery(context, &record, &outline);
   if (status == kStatusOk) {

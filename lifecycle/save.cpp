@@ -117,14 +117,20 @@ KEPOTL_NATIVE(jint, saveAsFileBegin)
   ApiBlock<char> path(inst);
   status = OlvGetLocalPath(local, kObjectTypeOutline, kScratchApplication, kScratchDatabase, name,
                            0, path.out());
-  if (status != kStatusOk) return status;
+  if (status != kStatusOk) {
+    path.forget();
+    return status;
+  }
   CallStringSetProperty(text, env, result, "setLocation", path.get());
   path.release();
 
   ApiBlock<ObjectInfoRecord> info(inst);
   status = OlvGetObjectInfo(local, kObjectTypeOutline, kScratchApplication, kScratchDatabase, name,
                             info.out());
-  if (status != kStatusOk || !info) return status;
+  if (status != kStatusOk || !info) {
+    info.forget();
+    return status;
+  }
   CallIntegerSetProperty(env, result, "setFileSize", static_cast<jint>(info->size));
   return status;
 }
