@@ -16,13 +16,11 @@ bool store_field(char* field, const char* text) {
   return true;
 }
 
-// Both fields, or neither.
+// Each field on its own; 2 when there are both, else 0.
 int store_fields(char* member, char* alias, const char* member_text, const char* alias_text) {
-  const bool stored = store_field(member, member_text) && store_field(alias, alias_text);
-  if (stored) return 2;
-  *member = '\0';
-  *alias = '\0';
-  return 0;
+  const bool has_member = store_field(member, member_text);
+  const bool has_alias = store_field(alias, alias_text);
+  return has_member && has_alias ? 2 : 0;
 }
 
 }  // namespace

@@ -142,15 +142,17 @@ KEPOTL_NATIVE(jint, findRequest)
   if (outline == 0) return kStatusOk;
   const FindRequest request = FindRequest::read(env, jrequest);
   const jboolean one_dimension = request.dimension_scope == FindRequest::kOneDimension;
+  // Declared before the record, as strings go back after all API work.
+  JavaText dimension;
+  JavaText table;
+  JavaText text;
   ApiBlock<OutlineInfoRecord> info(inst);
   if (OlvOtlGetOutlineInfo(outline, info.out()) != kStatusOk) info.forget();
-  JavaText dimension;
   if (one_dimension) dimension = JavaText(env, context, request.dimension_name);
-  JavaText table;
   if (request.alias_table_usage == FindRequest::kOneAliasTable) {
     table = JavaText(env, context, request.alias_table);
   }
-  JavaText text(env, context, request.text);
+  text = JavaText(env, context, request.text);
   const Finder finder(inst, outline, request, text.api_or_null(), table.api_or_null(), info.get());
 
   jint visited = 0;

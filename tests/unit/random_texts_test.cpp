@@ -82,16 +82,18 @@ Line model_line(const std::string& line) {
   Line read;
   if (line.find('"') == std::string::npos) {
     const std::vector<std::string> words = pieces(line, " \t\n");
-    if (words.size() >= 2) read = {2, words[0], words[1]};
+    if (!words.empty()) read.member = words[0];
+    if (words.size() > 1) read.alias = words[1];
   } else {
     const std::vector<std::string> parts = pieces(line, "\"");
     for (size_t i = 1; i < parts.size() && read.alias.empty(); ++i) read.alias = trimmed(parts[i]);
     read.member = parts.empty() ? "" : trimmed(parts[0]);
-    read.result = 2;
   }
-  const bool fits = !read.member.empty() && !read.alias.empty() &&
-                    read.member.size() < kAliasFieldSize && read.alias.size() < kAliasFieldSize;
-  return fits ? read : Line();
+  for (std::string* field : {&read.member, &read.alias}) {
+    if (field->size() >= kAliasFieldSize) field->clear();
+  }
+  read.result = read.member.empty() || read.alias.empty() ? 0 : 2;
+  return read;
 }
 
 }  // namespace
