@@ -21,8 +21,7 @@ class AliasFileTest : public NativeTest {
   }
 
   jint write(const char* table, HOutline outline = kOutline) {
-    return call(NATIVE(exportAliasTable), java.instance(), java.outline(outline), java.text(table),
-                java.text(path.c_str()));
+    return call(NATIVE(exportAliasTable), java.instance(), java.outline(outline), table, path);
   }
   std::string content() const {
     std::ostringstream text;
@@ -38,8 +37,7 @@ class AliasFileTest : public NativeTest {
     jobject wanted_buffer = java.buffer(table);
     jobject used_buffer = java.buffer("");
     const jint status =
-        call(NATIVE(importAliasTable), java.instance(), java.outline(), java.text(path.c_str()),
-             wanted_buffer, static_cast<jboolean>(allow_existing), used_buffer);
+        on_outline(NATIVE(importAliasTable), path, wanted_buffer, allow_existing, used_buffer);
     wanted = java.string(wanted_buffer);
     used = java.string(used_buffer);
     return status;
@@ -92,21 +90,13 @@ TEST_F(AliasFileTest, ExportLeavesOutSubtreesOfUnreadableMembersAndEndsTheFile) 
 }
 
 TEST_F(AliasFileTest, FilesThatCannotBeOpenedOrWrittenAreRefused) {
-  EXPECT_EQ(call(NATIVE(exportAliasTable), java.instance(), java.outline(), java.text("x"),
-                 java.text("/no/such/folder/file")),
-            kStatusRefused);
-  EXPECT_EQ(call(NATIVE(exportAliasTable), java.instance(), java.outline(), java.text("Default"),
-                 java.text("/dev/full")),
-            kStatusRefused);
-  EXPECT_EQ(call(NATIVE(importAliasTable), java.instance(), java.outline(),
-                 java.text("/no/such/folder/file"), java.buffer("x"), jboolean{JNI_TRUE},
-                 java.buffer("")),
-            kStatusRefused);
+  EXPECT_EQ(on_outline(NATIVE(exportAliasTable), "x", "/no/such/folder/file"), kStatusRefused);
+  EXPECT_EQ(on_outline(NATIVE(exportAliasTable), "Default", "/dev/full"), kStatusRefused);
   // A folder opens, but does not read.
-  EXPECT_EQ(call(NATIVE(importAliasTable), java.instance(), java.outline(),
-                 java.text(testing::TempDir().c_str()), java.buffer("x"), jboolean{JNI_TRUE},
-                 java.buffer("")),
-            kStatusRefused);
+  for (const std::string& file : {std::string("/no/such/folder/file"), testing::TempDir()}) {
+    EXPECT_EQ(on_outline(NATIVE(importAliasTable), file, java.buffer("x"), true, java.buffer("")),
+              kStatusRefused);
+  }
 }
 
 // ---- Import ----

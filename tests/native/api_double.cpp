@@ -51,7 +51,7 @@ int ApiDouble::call_on(const char* function, HOutline h, HMember member,
 
 // ---- Ledger ----
 
-void* ApiDouble::hand_out(const char* kind, Release release, size_t size, uint32_t count) {
+void* ApiDouble::hand_out(const char* kind, Release release, size_t size, size_t count) {
   // Exactly as large as asked for, so that an address sanitizer sees reads
   // beyond the end.
   void* block = std::malloc(size == 0 ? 1 : size);
@@ -75,19 +75,15 @@ int ApiDouble::take_back(const void* block, Release release, uint32_t count) {
     return kRefusedByApi;
   }
   Block& entry = found->second;
-  if (!entry.outstanding) {
-    journal().fault("Given back twice: " + entry.kind);
-    return kRefusedByApi;
-  }
   // A record with a structure code may go back as a plain block too.
-  const bool plain_record = release == Release::kFree && (entry.release == Release::kMemberRecord ||
-                                                          entry.release == Release::kSpec);
-  if (entry.release != release && !plain_record) {
-    journal().fault("Given back with the wrong function or code: " + entry.kind);
-    return kRefusedByApi;
-  }
-  if (release != Release::kFree && count != entry.count) {
-    journal().fault("Given back with the wrong count: " + entry.kind);
+  const bool fits =
+      entry.release == release || (release == Release::kFree && entry.release != Release::kMembers);
+  const bool count_fits = release == Release::kFree || count == entry.count;
+  if (!entry.outstanding || !fits || !count_fits) {
+    journal().fault((!entry.outstanding ? "Given back twice: "
+                     : !fits            ? "Given back with the wrong function or code: "
+                                        : "Given back with the wrong count: ") +
+                    entry.kind);
     return kRefusedByApi;
   }
   entry.outstanding = false;
@@ -291,21 +287,9 @@ void ApiDouble::reset() {
   this->info.configureFlags = kConfigureAuto | kConfigureWarnings;
   this->info.reserved1 = 0xB1;
   this->info.reserved5 = 0xB5;
-  spec = {1,
-          2,
-          -3,
-          0xB5,
-          4,
-          5,
-          {0xBA, 0xBB},
-          "True",
-          "False",
-          "Attribute Calculations",
-          "Sum",
-          "Count",
-          "Avg",
-          "Min",
-          nullptr};
+  spec = {1,     2,       -3,     0xB5,    4,
+          5,     {0xBA},  "True", "False", "Attribute Calculations",
+          "Sum", "Count", "Avg",  "Min",   nullptr};
   generations["Year"] = {{0, "None"}, {1, "Years"}, {2, "Quarters"}};
   levels["Year"] = {{0, "Months"}, {1, "Quarter level"}};
   time_series = {{"Y-T-D", 1}, {"Q-T-D", 2}};

@@ -4,6 +4,7 @@
 // out.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <optional>
@@ -117,7 +118,16 @@ class ApiDouble : public DoubleState {
   int call_on(const char* function, HOutline h, HMember member, std::vector<std::string> rest = {});
   // Hands out a block and notes how it is to be given back.
   enum class Release { kFree, kMembers, kMemberRecord, kSpec };
-  void* hand_out(const char* kind, Release release, size_t size, uint32_t count = 1);
+  void* hand_out(const char* kind, Release release, size_t size, size_t count = 1);
+  // Entries one behind the other, or one record.
+  template <typename Entry>
+  Entry* hand_out(const char* kind, const std::vector<Entry>& entries,
+                  Release release = Release::kFree) {
+    const size_t size = entries.size() * sizeof(Entry);
+    auto* block = static_cast<Entry*>(hand_out(kind, release, size, entries.size()));
+    std::copy(entries.begin(), entries.end(), block);
+    return block;
+  }
   char* hand_out_text(const char* kind, const std::string& text);
   // Takes a block back; a fault when that is not the way.
   int take_back(const void* block, Release release, uint32_t count);
@@ -133,7 +143,7 @@ class ApiDouble : public DoubleState {
   struct Block {
     std::string kind;
     Release release;
-    uint32_t count;
+    size_t count;
     size_t size;
     bool outstanding;
   };
@@ -158,7 +168,8 @@ std::string needed(const char* text);
 // Name of one of the handles above.
 std::string handle_name(uint32_t handle);
 // The fields of a record that differ from `baseline`, as {field=value ...}.
-std::string describe(const MemberInfoRecord& record, const MemberInfoRecord& baseline);
+std::string describe(const MemberInfoRecord& record, const MemberInfoRecord& baseline = {});
+std::string describe(const OutlineInfoRecord& record, const OutlineInfoRecord& baseline);
 std::string describe(const ObjectDefinitionRecord* object);
 std::string describe(const MemberQuery* query);
 std::string describe(const MemberQueryCounts* counts);

@@ -85,19 +85,16 @@ int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, c
   const int status = api().call("OlvGetObjectInfo", object_arguments(ctx, type, app, db, object));
   if (status != kStatusOk) return status;
   if (ctx == kLocalContext && api().scratch_objects.count(object) == 0) return kNoSuchObject;
-  *info = static_cast<ObjectInfoRecord*>(
-      api().hand_out("object info", ApiDouble::Release::kFree, sizeof(ObjectInfoRecord)));
-  (*info)->size = 4096;
-  (*info)->locked = api().lock_byte;
+  const ObjectInfoRecord record = {{}, 4096, api().lock_byte, {}};
+  *info = api().hand_out("object info", std::vector{record});
   return kStatusOk;
 }
 
 int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRecord** info) {
   const int status = api().call("OlvGetDatabaseInfo", {handle_name(ctx), needed(app), needed(db)});
   if (status != kStatusOk) return status;
-  *info = static_cast<DatabaseInfoRecord*>(
-      api().hand_out("database info", ApiDouble::Release::kFree, sizeof(DatabaseInfoRecord)));
-  (*info)->dataLoaded = api().data_loaded;
+  const DatabaseInfoRecord record = {{}, api().data_loaded, {}};
+  *info = api().hand_out("database info", std::vector{record});
   return kStatusOk;
 }
 
@@ -140,10 +137,7 @@ int OlvOtlVerifyOutline(HOutline h, uint32_t* global, uint32_t* count, MemberErr
   if (status != kStatusOk) return status;
   *global = api().global_errors;
   *count = static_cast<uint32_t>(api().member_errors.size());
-  if (*count == 0) return kStatusOk;
-  *errors = static_cast<MemberErrorEntry*>(api().hand_out(
-      "member errors", ApiDouble::Release::kFree, *count * sizeof(MemberErrorEntry)));
-  for (uint32_t i = 0; i < *count; ++i) (*errors)[i] = api().member_errors[i];
+  if (*count != 0) *errors = api().hand_out("member errors", api().member_errors);
   return kStatusOk;
 }
 

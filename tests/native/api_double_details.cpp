@@ -1,6 +1,5 @@
 // The double's member details, outline settings, names of generations and
 // levels, and dynamic time series.
-#include <algorithm>
 #include <cstring>
 
 #include "api/olvotl.h"
@@ -25,26 +24,33 @@ char* give_optional(const char* kind, const std::optional<std::string>& text) {
   return text ? api().hand_out_text(kind, *text) : nullptr;
 }
 
+// The text of a key; null where there is none.
+template <typename Texts>
+char* give_found(const char* kind, const Texts& texts, const typename Texts::key_type& key) {
+  const auto found = texts.find(key);
+  return found == texts.end() ? nullptr : api().hand_out_text(kind, found->second);
+}
+
 // Texts in fixed entries, one behind the other.
 char* give_packed(const std::vector<std::string>& texts) {
-  auto* block =
-      static_cast<char*>(api().hand_out("UDAs", Release::kFree, texts.size() * kUdaStride));
   // What stands behind the end of a text means nothing.
-  std::memset(block, 'x', texts.size() * kUdaStride);
+  char* block = api().hand_out("UDAs", std::vector<char>(texts.size() * kUdaStride, 'x'));
   for (size_t i = 0; i < texts.size(); ++i) std::strcpy(block + i * kUdaStride, texts[i].c_str());
   return block;
 }
 
-template <typename Entry>
-Entry* give_array(const char* kind, const std::vector<Entry>& entries) {
-  auto* block =
-      static_cast<Entry*>(api().hand_out(kind, Release::kFree, entries.size() * sizeof(Entry)));
-  std::copy(entries.begin(), entries.end(), block);
-  return block;
-}
-
+// A call on an alias table, that is, the call itself and whether there is that table.
 int on_table(const char* function, HOutline h, const char* table) {
   const int status = api().call(function, {handle_name(h), needed(table)});
+  if (status != kStatusOk) return status;
+  return table_name(table) == nullptr ? kNoSuchTable : kStatusOk;
+}
+
+// The same on a member's alias; the default table for null.
+int on_alias(const char* function, HOutline h, HMember member, const char* table,
+             std::vector<std::string> rest = {}) {
+  rest.insert(rest.begin(), quoted(table));
+  const int status = api().call_on(function, h, member, rest);
   if (status != kStatusOk) return status;
   return table_name(table) == nullptr ? kNoSuchTable : kStatusOk;
 }
@@ -57,22 +63,15 @@ int list_names(const char* function, HOutline h, const char* dimension, uint32_t
   if (status != kStatusOk) return status;
   if (api().find(dimension) == 0) return kNoSuchMember;
   *count = static_cast<uint32_t>(names[dimension].size());
-  *entries = give_array("names", names[dimension]);
+  *entries = api().hand_out("names", names[dimension]);
   return kStatusOk;
 }
 
-int associate(HMember base, HMember attribute) {
-  if (!api().exists(attribute)) return kNoSuchMember;
-  api().member(base).attributes.push_back(attribute);
-  return kStatusOk;
-}
-
-int dissociate(HMember base, HMember attribute) {
-  std::vector<HMember>& list = api().member(base).attributes;
-  const auto found = std::find(list.begin(), list.end(), attribute);
-  if (found == list.end()) return kNoSuchMember;
-  list.erase(found);
-  return kStatusOk;
+// A change of a member's associations. They stay as they are: nothing reads them afterwards.
+int on_association(const char* function, HOutline h, HMember base, HMember attribute) {
+  const int status = api().call_on(function, h, base, {api().name_of(attribute)});
+  if (status != kStatusOk) return status;
+  return api().exists(attribute) ? kStatusOk : kNoSuchMember;
 }
 
 }  // namespace
@@ -98,33 +97,22 @@ int OlvOtlDeleteMemberFormula(HOutline h, HMember member) {
 }
 
 int OlvOtlGetMemberAlias(HOutline h, HMember member, const char* table, char** alias) {
-  const int status = api().call_on("OlvOtlGetMemberAlias", h, member, {quoted(table)});
+  const int status = on_alias("OlvOtlGetMemberAlias", h, member, table);
   if (status != kStatusOk) return status;
-  const std::string* name = table_name(table);
-  if (name == nullptr) return kNoSuchTable;
-  const auto found = api().member(member).aliases.find(*name);
-  const bool has_alias = found != api().member(member).aliases.end();
-  *alias = has_alias ? api().hand_out_text("alias", found->second) : nullptr;
+  *alias = give_found("alias", api().member(member).aliases, *table_name(table));
   return kStatusOk;
 }
 
 int OlvOtlSetMemberAlias(HOutline h, HMember member, const char* table, const char* alias) {
-  const int status =
-      api().call_on("OlvOtlSetMemberAlias", h, member, {quoted(table), needed(alias)});
-  if (status != kStatusOk) return status;
-  const std::string* name = table_name(table);
-  if (name == nullptr) return kNoSuchTable;
-  api().member(member).aliases[*name] = alias;
-  return kStatusOk;
+  const int status = on_alias("OlvOtlSetMemberAlias", h, member, table, {needed(alias)});
+  if (status == kStatusOk) api().member(member).aliases[*table_name(table)] = alias;
+  return status;
 }
 
 int OlvOtlDeleteMemberAlias(HOutline h, HMember member, const char* table) {
-  const int status = api().call_on("OlvOtlDeleteMemberAlias", h, member, {quoted(table)});
-  if (status != kStatusOk) return status;
-  const std::string* name = table_name(table);
-  if (name == nullptr) return kNoSuchTable;
-  api().member(member).aliases.erase(*name);
-  return kStatusOk;
+  const int status = on_alias("OlvOtlDeleteMemberAlias", h, member, table);
+  if (status == kStatusOk) api().member(member).aliases.erase(*table_name(table));
+  return status;
 }
 
 int OlvOtlGetUserAttributes(HOutline h, HMember member, uint16_t* count, char** udas) {
@@ -180,32 +168,24 @@ int OlvOtlGetAssociatedAttributes(HOutline h, HMember member, uint16_t* count,
   const int status = api().call_on("OlvOtlGetAssociatedAttributes", h, member);
   if (status != kStatusOk) return status;
   *count = static_cast<uint16_t>(api().member(member).attributes.size());
-  *attributes = give_array("associated attributes", api().member(member).attributes);
+  *attributes = api().hand_out("associated attributes", api().member(member).attributes);
   return kStatusOk;
 }
 
 int OlvOtlAssociateAttributeDimension(HOutline h, HMember base, HMember attribute) {
-  const int status =
-      api().call_on("OlvOtlAssociateAttributeDimension", h, base, {api().name_of(attribute)});
-  return status != kStatusOk ? status : associate(base, attribute);
+  return on_association("OlvOtlAssociateAttributeDimension", h, base, attribute);
 }
 
 int OlvOtlDisassociateAttributeDimension(HOutline h, HMember base, HMember attribute) {
-  const int status =
-      api().call_on("OlvOtlDisassociateAttributeDimension", h, base, {api().name_of(attribute)});
-  return status != kStatusOk ? status : dissociate(base, attribute);
+  return on_association("OlvOtlDisassociateAttributeDimension", h, base, attribute);
 }
 
 int OlvOtlAssociateAttributeMember(HOutline h, HMember base, HMember attribute) {
-  const int status =
-      api().call_on("OlvOtlAssociateAttributeMember", h, base, {api().name_of(attribute)});
-  return status != kStatusOk ? status : associate(base, attribute);
+  return on_association("OlvOtlAssociateAttributeMember", h, base, attribute);
 }
 
 int OlvOtlDisassociateAttributeMember(HOutline h, HMember base, HMember attribute) {
-  const int status =
-      api().call_on("OlvOtlDisassociateAttributeMember", h, base, {api().name_of(attribute)});
-  return status != kStatusOk ? status : dissociate(base, attribute);
+  return on_association("OlvOtlDisassociateAttributeMember", h, base, attribute);
 }
 
 // ---- Settings and alias tables ----
@@ -227,22 +207,14 @@ int OlvOtlGetOutlineInfo(HOutline h, OutlineInfoRecord** info) {
 }
 
 int OlvOtlSetOutlineInfoEx(HOutline h, const OutlineInfoRecord* info) {
-  const OutlineInfoRecord& before = api().info;
-  std::string changes;
-  const auto compare = [&](const char* name, int now, int was) {
-    if (now != was)
-      changes += (changes.empty() ? "" : " ") + std::string(name) + '=' + std::to_string(now);
-  };
-  compare("caseSensitive", info->caseSensitive, before.caseSensitive);
-  compare("reserved1", info->reserved1, before.reserved1);
-  compare("outlineType", info->outlineType, before.outlineType);
-  compare("configureFlags", info->configureFlags, before.configureFlags);
-  compare("reserved5", info->reserved5, before.reserved5);
-  compare("aliasTableCount", info->aliasTableCount, static_cast<int>(api().alias_tables.size()));
-  for (unsigned i = 0; i < api().alias_tables.size(); ++i) {
-    if (api().alias_tables[i] != alias_table_name(info, i)) changes += " alias table";
+  OutlineInfoRecord before = api().info;
+  before.aliasTableCount = static_cast<uint16_t>(api().alias_tables.size());
+  for (unsigned i = 0; i < before.aliasTableCount; ++i) {
+    if (api().alias_tables[i] != alias_table_name(info, i))
+      journal().fault("An alias table changed");
   }
-  const int status = api().call("OlvOtlSetOutlineInfoEx", {handle_name(h), '{' + changes + '}'});
+  const int status =
+      api().call("OlvOtlSetOutlineInfoEx", {handle_name(h), describe(*info, before)});
   if (status == kStatusOk) api().info = *info;
   return status;
 }
@@ -250,9 +222,7 @@ int OlvOtlSetOutlineInfoEx(HOutline h, const OutlineInfoRecord* info) {
 int OlvOtlGetAttributeSpecifications(HOutline h, AttributeSpecRecord** spec) {
   const int status = api().call("OlvOtlGetAttributeSpecifications", {handle_name(h)});
   if (status != kStatusOk) return status;
-  *spec = static_cast<AttributeSpecRecord*>(
-      api().hand_out("attribute specification", Release::kSpec, sizeof(AttributeSpecRecord)));
-  **spec = api().spec;
+  *spec = api().hand_out("attribute specification", std::vector{api().spec}, Release::kSpec);
   return kStatusOk;
 }
 
@@ -351,7 +321,7 @@ int OlvOtlGetEnabledDTSMembers(HOutline h, uint16_t* count, DtsEntry** entries) 
   const int status = api().call("OlvOtlGetEnabledDTSMembers", {handle_name(h)});
   if (status != kStatusOk) return status;
   *count = static_cast<uint16_t>(api().time_series.size());
-  *entries = give_array("time series", api().time_series);
+  *entries = api().hand_out("time series", api().time_series);
   return kStatusOk;
 }
 
@@ -364,9 +334,7 @@ int OlvOtlGetDTSMemberAlias(HOutline h, const char* name, const char* table, cha
   const int status =
       api().call("OlvOtlGetDTSMemberAlias", {handle_name(h), needed(name), needed(table)});
   if (status != kStatusOk) return status;
-  const auto found = api().time_series_aliases.find({name, table});
-  const bool has_alias = found != api().time_series_aliases.end();
-  *alias = has_alias ? api().hand_out_text("time series alias", found->second) : nullptr;
+  *alias = give_found("time series alias", api().time_series_aliases, {name, table});
   return kStatusOk;
 }
 

@@ -67,15 +67,12 @@ int answer_query(HMember start, const MemberQuery& query, MemberQueryCounts* cou
   const int status = find_matches(start, query, &found);
   if (status != kStatusOk) return status;
   counts->totalCount = static_cast<uint32_t>(found.size());
-  found.erase(found.begin(),
-              found.begin() + std::min<ptrdiff_t>(static_cast<ptrdiff_t>(found.size()),
-                                                  static_cast<ptrdiff_t>(counts->start)));
+  const size_t skipped = std::min<size_t>(found.size(), counts->start);
+  found.erase(found.begin(), found.begin() + static_cast<ptrdiff_t>(skipped));
   if (counts->maxCount != 0 && counts->maxCount < found.size()) found.resize(counts->maxCount);
   counts->returned = static_cast<uint32_t>(found.size());
   // An array of nothing is an array too, and is to be given back.
-  *members = static_cast<HMember*>(api().hand_out(
-      "query result", Release::kMembers, found.size() * sizeof(HMember), counts->returned));
-  std::copy(found.begin(), found.end(), *members);
+  *members = api().hand_out("query result", found, Release::kMembers);
   return kStatusOk;
 }
 
@@ -173,9 +170,7 @@ int OlvOtlQueryAttributes(HOutline h, const AttributeQuery* query, uint32_t* cou
   if (status != kStatusOk) return status;
   const std::vector<HMember>& attributes = api().member(query->member).attributes;
   *count = static_cast<uint32_t>(attributes.size());
-  *members = static_cast<HMember*>(api().hand_out("attribute query result", Release::kMembers,
-                                                  attributes.size() * sizeof(HMember), *count));
-  std::copy(attributes.begin(), attributes.end(), *members);
+  *members = api().hand_out("attribute query result", attributes, Release::kMembers);
   return kStatusOk;
 }
 
@@ -191,9 +186,8 @@ int OlvOtlFreeMembers(HOutline h, uint32_t count, const HMember* members) {
 int OlvOtlGetMemberInfo(HOutline h, HMember member, MemberInfoRecord** info) {
   const int status = api().call_on("OlvOtlGetMemberInfo", h, member);
   if (status != kStatusOk) return status;
-  *info = static_cast<MemberInfoRecord*>(
-      api().hand_out("member record", Release::kMemberRecord, sizeof(MemberInfoRecord)));
-  **info = api().member(member).info;
+  const std::vector record = {api().member(member).info};
+  *info = api().hand_out("member record", record, Release::kMemberRecord);
   return kStatusOk;
 }
 
@@ -224,16 +218,16 @@ int OlvOtlFreeStructure(HOutline h, uint32_t count, uint32_t code, const void* b
 int OlvOtlAddDimension(HOutline h, const MemberInfoRecord* info, HMember previous, uint32_t zero,
                        HMember* added) {
   const int status =
-      api().call("OlvOtlAddDimension", {handle_name(h), describe(*info, MemberInfoRecord()),
-                                        api().name_of(previous), std::to_string(zero)});
+      api().call("OlvOtlAddDimension",
+                 {handle_name(h), describe(*info), api().name_of(previous), std::to_string(zero)});
   return status != kStatusOk ? status : add_new(*info, 0, previous, added);
 }
 
 int OlvOtlAddMemberEx(HOutline h, const MemberInfoRecord* info, HMember parent, HMember sibling,
                       HMember* added, uint32_t option) {
-  const int status = api().call(
-      "OlvOtlAddMemberEx", {handle_name(h), describe(*info, MemberInfoRecord()),
-                            api().name_of(parent), api().name_of(sibling), std::to_string(option)});
+  const int status =
+      api().call("OlvOtlAddMemberEx", {handle_name(h), describe(*info), api().name_of(parent),
+                                       api().name_of(sibling), std::to_string(option)});
   return status != kStatusOk ? status : add_new(*info, parent, sibling, added);
 }
 

@@ -1,95 +1,54 @@
 // How handles and records read in the journal.
 #include <cstring>
+#include <type_traits>
 
 #include "tests/native/api_double.h"
 #include "tests/native/journal.h"
 
 namespace {
 
-// A group of texts in braces, one blank between them.
+// The fields of a record that differ from those of another, in braces with one blank between them.
+template <typename Record>
 class Fields {
  public:
+  explicit Fields(const Record& record, const Record& baseline = {})
+      : record_(record), baseline_(baseline) {}
+
   void add(const std::string& name, const std::string& value) {
     text_ += (text_.empty() ? "" : " ") + name + '=' + value;
   }
-  void add_number(const char* name, long long value) {
-    if (value != 0) add(name, std::to_string(value));
+
+  template <typename Field>
+  void compare(const char* name, Field Record::*field) {
+    const std::string value = value_text(name, record_.*field);
+    if (value == value_text(name, baseline_.*field)) return;
+    constexpr bool is_reserved = std::is_same_v<std::remove_extent_t<Field>, uint8_t>;
+    add(name, std::is_array_v<Field> && is_reserved ? "changed" : value);
   }
-  void add_text(const char* name, const char* value) {
-    if (value != nullptr) add(name, quoted(value));
-  }
+
   std::string text() const { return '{' + text_ + '}'; }
 
  private:
+  template <typename Field>
+  static std::string value_text(const char* name, const Field& field) {
+    if constexpr (std::is_integral_v<Field>) {
+      return std::to_string(field);
+    } else if constexpr (std::is_pointer_v<Field>) {
+      return quoted(field);
+    } else if constexpr (std::is_same_v<std::remove_extent_t<Field>, uint8_t>) {
+      return std::string(std::begin(field), std::end(field));
+    } else if (std::memchr(field, '\0', sizeof field) == nullptr) {
+      journal().fault(std::string("A text without an end in the field ") + name);
+      return "endless";
+    } else {
+      return quoted(field);
+    }
+  }
+
+  const Record& record_;
+  const Record baseline_;
   std::string text_;
 };
-
-enum class Type { kText, kByte, kShort, kWord };
-
-struct Field {
-  const char* name;
-  size_t offset;
-  Type type;
-  size_t size;
-};
-
-constexpr Field kMemberFields[] = {
-    {"name", offsetof(MemberInfoRecord, name), Type::kText, 82},
-    {"level", offsetof(MemberInfoRecord, level), Type::kShort, 2},
-    {"generation", offsetof(MemberInfoRecord, generation), Type::kShort, 2},
-    {"consolidation", offsetof(MemberInfoRecord, consolidation), Type::kShort, 2},
-    {"twoPass", offsetof(MemberInfoRecord, twoPass), Type::kByte, 1},
-    {"expense", offsetof(MemberInfoRecord, expense), Type::kByte, 1},
-    {"conversionType", offsetof(MemberInfoRecord, conversionType), Type::kShort, 2},
-    {"currencyMember", offsetof(MemberInfoRecord, currencyMember), Type::kText, 82},
-    {"timeBalance", offsetof(MemberInfoRecord, timeBalance), Type::kShort, 2},
-    {"timeBalanceSkip", offsetof(MemberInfoRecord, timeBalanceSkip), Type::kShort, 2},
-    {"shareOption", offsetof(MemberInfoRecord, shareOption), Type::kShort, 2},
-    {"storageType", offsetof(MemberInfoRecord, storageType), Type::kShort, 2},
-    {"dimensionCategory", offsetof(MemberInfoRecord, dimensionCategory), Type::kShort, 2},
-    {"storageCategory", offsetof(MemberInfoRecord, storageCategory), Type::kShort, 2},
-    {"comment", offsetof(MemberInfoRecord, comment), Type::kText, 258},
-    {"childCount", offsetof(MemberInfoRecord, childCount), Type::kWord, 4},
-    {"dimensionName", offsetof(MemberInfoRecord, dimensionName), Type::kText, 81},
-    {"isAttributed", offsetof(MemberInfoRecord, isAttributed), Type::kByte, 1},
-    {"attributeType", offsetof(MemberInfoRecord, attributeType), Type::kShort, 2},
-    {"hybridFlag", offsetof(MemberInfoRecord, hybridFlag), Type::kByte, 1},
-    {"hybridAnalysisEnabled", offsetof(MemberInfoRecord, hybridAnalysisEnabled), Type::kByte, 1},
-};
-
-// Ranges that belong to the API alone.
-constexpr Field kReservedFields[] = {
-    {"reserved530", offsetof(MemberInfoRecord, reserved530), Type::kByte, 2},
-    {"reserved534", offsetof(MemberInfoRecord, reserved534), Type::kByte, 10},
-    {"reserved546", offsetof(MemberInfoRecord, reserved546), Type::kByte, 10},
-};
-
-template <typename T>
-T read(const void* record, size_t offset) {
-  T value;
-  std::memcpy(&value, static_cast<const char*>(record) + offset, sizeof value);
-  return value;
-}
-
-std::string value_text(const void* record, const Field& field) {
-  switch (field.type) {
-    case Type::kText: {
-      const char* text = static_cast<const char*>(record) + field.offset;
-      if (std::memchr(text, '\0', field.size) == nullptr) {
-        journal().fault(std::string("A text without an end in the field ") + field.name);
-        return "endless";
-      }
-      return quoted(text);
-    }
-    case Type::kByte:
-      return std::to_string(read<uint8_t>(record, field.offset));
-    case Type::kShort:
-      return std::to_string(read<int16_t>(record, field.offset));
-    case Type::kWord:
-      return std::to_string(read<uint32_t>(record, field.offset));
-  }
-  return "";
-}
 
 }  // namespace
 
@@ -99,24 +58,17 @@ std::string needed(const char* text) {
 }
 
 std::string handle_name(uint32_t handle) {
-  switch (handle) {
-    case 0:
-      return "0";
-    case kInst:
-      return "inst";
-    case kContext:
-      return "context";
-    case kLocalContext:
-      return "local";
-    case kOutline:
-      return "outline";
-    case kOpenedOutline:
-      return "opened";
-    case kCurrencyOutline:
-      return "currency";
-    default:
-      return "unknown";
-  }
+  static const std::map<uint32_t, const char*> kNames = {
+      {0, "0"},
+      {kInst, "inst"},
+      {kContext, "context"},
+      {kLocalContext, "local"},
+      {kOutline, "outline"},
+      {kOpenedOutline, "opened"},
+      {kCurrencyOutline, "currency"},
+  };
+  const auto found = kNames.find(handle);
+  return found == kNames.end() ? "unknown" : found->second;
 }
 
 std::string ApiDouble::name_of(HMember handle) const {
@@ -127,83 +79,102 @@ std::string ApiDouble::name_of(HMember handle) const {
 }
 
 std::string describe(const MemberInfoRecord& record, const MemberInfoRecord& baseline) {
-  Fields fields;
-  for (const Field& field : kMemberFields) {
-    const std::string value = value_text(&record, field);
-    if (value != value_text(&baseline, field)) fields.add(field.name, value);
-  }
-  for (const Field& field : kReservedFields) {
-    if (std::memcmp(reinterpret_cast<const char*>(&record) + field.offset,
-                    reinterpret_cast<const char*>(&baseline) + field.offset, field.size) != 0) {
-      fields.add(field.name, "changed");
-    }
-  }
+  Fields<MemberInfoRecord> fields(record, baseline);
+  fields.compare("name", &MemberInfoRecord::name);
+  fields.compare("level", &MemberInfoRecord::level);
+  fields.compare("generation", &MemberInfoRecord::generation);
+  fields.compare("consolidation", &MemberInfoRecord::consolidation);
+  fields.compare("twoPass", &MemberInfoRecord::twoPass);
+  fields.compare("expense", &MemberInfoRecord::expense);
+  fields.compare("conversionType", &MemberInfoRecord::conversionType);
+  fields.compare("currencyMember", &MemberInfoRecord::currencyMember);
+  fields.compare("timeBalance", &MemberInfoRecord::timeBalance);
+  fields.compare("timeBalanceSkip", &MemberInfoRecord::timeBalanceSkip);
+  fields.compare("shareOption", &MemberInfoRecord::shareOption);
+  fields.compare("storageType", &MemberInfoRecord::storageType);
+  fields.compare("dimensionCategory", &MemberInfoRecord::dimensionCategory);
+  fields.compare("storageCategory", &MemberInfoRecord::storageCategory);
+  fields.compare("comment", &MemberInfoRecord::comment);
+  fields.compare("childCount", &MemberInfoRecord::childCount);
+  fields.compare("dimensionName", &MemberInfoRecord::dimensionName);
+  fields.compare("isAttributed", &MemberInfoRecord::isAttributed);
+  fields.compare("attributeType", &MemberInfoRecord::attributeType);
+  fields.compare("hybridFlag", &MemberInfoRecord::hybridFlag);
+  fields.compare("hybridAnalysisEnabled", &MemberInfoRecord::hybridAnalysisEnabled);
+  fields.compare("reserved530", &MemberInfoRecord::reserved530);
+  fields.compare("reserved534", &MemberInfoRecord::reserved534);
+  fields.compare("reserved546", &MemberInfoRecord::reserved546);
   return fields.text();
 }
 
 std::string describe(const ObjectDefinitionRecord* object) {
   if (object == nullptr) return "null";
-  Fields fields;
+  Fields<ObjectDefinitionRecord> fields(*object);
   if (object->context != 0) fields.add("context", handle_name(object->context));
-  fields.add_number("type", object->objectType);
-  fields.add_text("application", object->applicationName);
-  fields.add_text("database", object->databaseName);
-  fields.add_text("object", object->objectName);
+  fields.compare("type", &ObjectDefinitionRecord::objectType);
+  fields.compare("application", &ObjectDefinitionRecord::applicationName);
+  fields.compare("database", &ObjectDefinitionRecord::databaseName);
+  fields.compare("object", &ObjectDefinitionRecord::objectName);
   return fields.text();
 }
 
 std::string describe(const MemberQuery* query) {
-  Fields fields;
-  fields.add_number("type", query->queryType);
-  fields.add_number("options", query->options);
-  fields.add_text("dimension", query->dimension);
-  fields.add_text("pattern1", query->pattern1);
-  fields.add_text("pattern2", query->pattern2);
+  Fields<MemberQuery> fields(*query);
+  fields.compare("type", &MemberQuery::queryType);
+  fields.compare("options", &MemberQuery::options);
+  fields.compare("dimension", &MemberQuery::dimension);
+  fields.compare("pattern1", &MemberQuery::pattern1);
+  fields.compare("pattern2", &MemberQuery::pattern2);
   return fields.text();
 }
 
 std::string describe(const MemberQueryCounts* counts) {
-  Fields fields;
-  fields.add_number("start", counts->start);
-  fields.add_number("max", counts->maxCount);
-  fields.add_number("total", counts->totalCount);
-  fields.add_number("returned", counts->returned);
+  Fields<MemberQueryCounts> fields(*counts);
+  fields.compare("start", &MemberQueryCounts::start);
+  fields.compare("max", &MemberQueryCounts::maxCount);
+  fields.compare("total", &MemberQueryCounts::totalCount);
+  fields.compare("returned", &MemberQueryCounts::returned);
   return fields.text();
 }
 
 std::string describe(const AttributeQuery* query) {
-  Fields fields;
-  fields.add_number("usage", query->usage);
+  Fields<AttributeQuery> fields(*query);
+  fields.compare("usage", &AttributeQuery::usage);
   fields.add("member", api().name_of(query->member));
-  fields.add_number("input", query->inputType);
-  fields.add_number("output", query->outputType);
-  fields.add_number("operation", query->operation);
-  for (uint8_t byte : query->reserved12) fields.add_number("reserved12", byte);
+  fields.compare("input", &AttributeQuery::inputType);
+  fields.compare("output", &AttributeQuery::outputType);
+  fields.compare("operation", &AttributeQuery::operation);
+  fields.compare("reserved12", &AttributeQuery::reserved12);
+  return fields.text();
+}
+
+std::string describe(const OutlineInfoRecord& record, const OutlineInfoRecord& baseline) {
+  Fields<OutlineInfoRecord> fields(record, baseline);
+  fields.compare("caseSensitive", &OutlineInfoRecord::caseSensitive);
+  fields.compare("reserved1", &OutlineInfoRecord::reserved1);
+  fields.compare("outlineType", &OutlineInfoRecord::outlineType);
+  fields.compare("configureFlags", &OutlineInfoRecord::configureFlags);
+  fields.compare("reserved5", &OutlineInfoRecord::reserved5);
+  fields.compare("aliasTableCount", &OutlineInfoRecord::aliasTableCount);
   return fields.text();
 }
 
 std::string describe(const AttributeSpecRecord& record, const AttributeSpecRecord& baseline) {
-  Fields fields;
-  const auto number = [&](const char* name, int now, int before) {
-    if (now != before) fields.add(name, std::to_string(now));
-  };
-  const auto text = [&](const char* name, const char* now, const char* before) {
-    if (quoted(now) != quoted(before)) fields.add(name, quoted(now));
-  };
-  number("longNameConstructor", record.longNameConstructor, baseline.longNameConstructor);
-  number("longNameSource", record.longNameSource, baseline.longNameSource);
-  number("longNameDelimiter", record.longNameDelimiter, baseline.longNameDelimiter);
-  number("reserved5", record.reserved5, baseline.reserved5);
-  number("dateFormat", record.dateFormat, baseline.dateFormat);
-  number("bucketingType", record.bucketingType, baseline.bucketingType);
-  number("reserved10", record.reserved10[0], baseline.reserved10[0]);
-  text("trueName", record.trueName, baseline.trueName);
-  text("falseName", record.falseName, baseline.falseName);
-  text("calcDimensionName", record.calcDimensionName, baseline.calcDimensionName);
-  text("sumName", record.sumName, baseline.sumName);
-  text("countName", record.countName, baseline.countName);
-  text("averageName", record.averageName, baseline.averageName);
-  text("minimumName", record.minimumName, baseline.minimumName);
-  text("maximumName", record.maximumName, baseline.maximumName);
+  Fields<AttributeSpecRecord> fields(record, baseline);
+  fields.compare("longNameConstructor", &AttributeSpecRecord::longNameConstructor);
+  fields.compare("longNameSource", &AttributeSpecRecord::longNameSource);
+  fields.compare("longNameDelimiter", &AttributeSpecRecord::longNameDelimiter);
+  fields.compare("reserved5", &AttributeSpecRecord::reserved5);
+  fields.compare("dateFormat", &AttributeSpecRecord::dateFormat);
+  fields.compare("bucketingType", &AttributeSpecRecord::bucketingType);
+  fields.compare("reserved10", &AttributeSpecRecord::reserved10);
+  fields.compare("trueName", &AttributeSpecRecord::trueName);
+  fields.compare("falseName", &AttributeSpecRecord::falseName);
+  fields.compare("calcDimensionName", &AttributeSpecRecord::calcDimensionName);
+  fields.compare("sumName", &AttributeSpecRecord::sumName);
+  fields.compare("countName", &AttributeSpecRecord::countName);
+  fields.compare("averageName", &AttributeSpecRecord::averageName);
+  fields.compare("minimumName", &AttributeSpecRecord::minimumName);
+  fields.compare("maximumName", &AttributeSpecRecord::maximumName);
   return fields.text();
 }

@@ -24,11 +24,7 @@ class BrowseTest : public NativeTest {
     EXPECT_NE(object, nullptr);
     EXPECT_EQ(probe.live_strings(), 0);
     probe.finish();
-    std::vector<std::string> lines = java_calls();
-    EXPECT_EQ(lines.front(), "new DefaultMember()");
-    lines.erase(lines.begin());
-    for (std::string& line : lines) line = line.substr(line.find('.') + 1);
-    return lines;
+    return calls_of("DefaultMember.");
   }
 
   static std::string number(const char* name) {
@@ -45,44 +41,30 @@ TEST_F(BrowseTest, BothBuildersSendTheSameSettersInOrder) {
   info.shareOption = -3;
   info.attributeType = 4;
   info.dimensionCategory = kCategoryAccounts;
-  const std::vector<std::string> expected = {"setHoldExceptions(true)",
-                                             "setHandle(" + number("Costs") + ")",
-                                             "setName(\"Costs\")",
-                                             "setDimensionName(\"Measures\")",
-                                             "setDimensionHandle(" + number("Measures") + ")",
-                                             "setGeneration(2)",
-                                             "setConsolidation(1)",
-                                             "setTwoPassCalculation(true)",
-                                             "setCurrencyConversionType(3)",
-                                             "setExpenseMember(true)",
-                                             "setCurrencyMember(\"USD\")",
-                                             "setTimeBalanceOption(2)",
-                                             "setTimeBalanceSkipOption(3)",
-                                             "setShare(-3)",
-                                             "setDimensionCategory(1)",
-                                             "setComment(\"What it costs\")",
-                                             "setAttributeType(4)",
-                                             "setHoldExceptions(false)"};
-  EXPECT_EQ(setters("Costs", false), expected);
-  EXPECT_EQ(setters("Costs", true), expected);
+  const auto expected = ElementsAre(
+      "setHoldExceptions(true)", "setHandle(" + number("Costs") + ")", "setName(\"Costs\")",
+      "setDimensionName(\"Measures\")", "setDimensionHandle(" + number("Measures") + ")",
+      "setGeneration(2)", "setConsolidation(1)", "setTwoPassCalculation(true)",
+      "setCurrencyConversionType(3)", "setExpenseMember(true)", "setCurrencyMember(\"USD\")",
+      "setTimeBalanceOption(2)", "setTimeBalanceSkipOption(3)", "setShare(-3)",
+      "setDimensionCategory(1)", "setComment(\"What it costs\")", "setAttributeType(4)",
+      "setHoldExceptions(false)");
+  EXPECT_THAT(setters("Costs", false), expected);
+  EXPECT_THAT(setters("Costs", true), expected);
 }
 
 TEST_F(BrowseTest, OnlyTheCachedBuilderSendsAttributed) {
   api().member("Product").info.storageType = 0;
-  std::vector<std::string> expected = {"setHoldExceptions(true)",
-                                       "setHandle(" + number("Product") + ")",
-                                       "setName(\"Product\")",
-                                       "setDimensionName(\"Product\")",
-                                       "setDimensionHandle(" + number("Product") + ")",
-                                       "setLevel(1)",
-                                       "setDimensionStorageType(0)",
-                                       "setChildCount(2)",
-                                       "setHasHybridDescendants(true)",
-                                       "setHybridAnalysisEnabled(true)",
-                                       "setHoldExceptions(false)"};
-  EXPECT_EQ(setters("Product", false), expected);
-  expected.insert(expected.begin() + 8, "setAttributed(true)");
-  EXPECT_EQ(setters("Product", true), expected);
+  const auto expected = [&](auto... attributed) {
+    return ElementsAre("setHoldExceptions(true)", "setHandle(" + number("Product") + ")",
+                       "setName(\"Product\")", "setDimensionName(\"Product\")",
+                       "setDimensionHandle(" + number("Product") + ")", "setLevel(1)",
+                       "setDimensionStorageType(0)", "setChildCount(2)", attributed...,
+                       "setHasHybridDescendants(true)", "setHybridAnalysisEnabled(true)",
+                       "setHoldExceptions(false)");
+  };
+  EXPECT_THAT(setters("Product", false), expected());
+  EXPECT_THAT(setters("Product", true), expected("setAttributed(true)"));
 }
 
 TEST_F(BrowseTest, HybridFlagsAreSentForDimensionsAndLeavesOnly) {
@@ -134,17 +116,16 @@ TEST_F(BrowseTest, UnknownDimensionLeavesItsHandleOut) {
 
 TEST_F(BrowseTest, MemberInfoSendsTheWholePropertySet) {
   jobject properties = java.make("defs/OutlineMemberProperties");
-  EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), java.text("Costs"), properties), 0);
-  std::vector<std::string> lines = java_calls();
-  for (std::string& line : lines) line = line.substr(line.find('.') + 1);
+  EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), "Costs", properties), 0);
   EXPECT_THAT(
-      lines, ElementsAre("setName(\"Costs\")", "setLevel(0)", "setGeneration(2)",
-                         "setConsolidation(1)", "setTwoPass(true)", "setExpense(true)",
-                         "setConversion(3)", "setCurrencyMember(\"USD\")", "setTimeBalance(2)",
-                         "setSkip(3)", "setShare(0)", "setStorage(0)", "setCategory(0)",
-                         "setStorageCategory(4)", "setComment(\"What it costs\")",
-                         "setChildCount(0)", "setDimension(\"Measures\")", "setAttributes(false)"));
-  EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), java.text("Nowhere"), properties), 0);
+      calls_of("OutlineMemberProperties."),
+      ElementsAre("setName(\"Costs\")", "setLevel(0)", "setGeneration(2)", "setConsolidation(1)",
+                  "setTwoPass(true)", "setExpense(true)", "setConversion(3)",
+                  "setCurrencyMember(\"USD\")", "setTimeBalance(2)", "setSkip(3)", "setShare(0)",
+                  "setStorage(0)", "setCategory(0)", "setStorageCategory(4)",
+                  "setComment(\"What it costs\")", "setChildCount(0)", "setDimension(\"Measures\")",
+                  "setAttributes(false)"));
+  EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), "Nowhere", properties), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlQueryMembers(outline, 0, {type=11 options=1 "
                                        "pattern1=\"Nowhere\"}, {})",
                                        "OlvOtlFreeMembers(outline, 0, query result)"));
@@ -153,9 +134,7 @@ TEST_F(BrowseTest, MemberInfoSendsTheWholePropertySet) {
 TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
   api().member("Jan").info.childCount = 0xFFFFFFFF;
   EXPECT_THAT(setters("Jan", true), Contains("setChildCount(4294967295)"));
-  EXPECT_EQ(
-      call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0, list),
-      0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberChildCount), "Jan", 0, list), 0);
   EXPECT_EQ(java.elements(list), "[4294967295]");
 }
 
@@ -164,8 +143,7 @@ TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
 TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
   EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), list), 0);
   EXPECT_EQ(live_strings, 0);
-  EXPECT_EQ(
-      call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Qtr1"), list), 0);
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), "Year", "Qtr1", list), 0);
   EXPECT_EQ(java.elements(list), "[Year, Measures, Product, Pack, Jan, Feb]");
   EXPECT_THAT(api_calls(),
               testing::AllOf(Contains("OlvOtlQueryMembers(outline, 0, {type=1}, {})"),
@@ -174,11 +152,8 @@ TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
 }
 
 TEST_F(BrowseTest, AQueryThatFindsNothingAddsNothing) {
-  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Jan"), list),
-            0);
-  EXPECT_EQ(
-      call(NATIVE(getChildrenFor), java.outline(), java.text("Year"), java.text("Nowhere"), list),
-      kNoSuchMember);
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), "Year", "Jan", list), 0);
+  EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), "Year", "Nowhere", list), kNoSuchMember);
   EXPECT_EQ(java.elements(list), "[]");
 }
 
@@ -195,36 +170,30 @@ TEST_F(BrowseTest, UnreadableMembersAreSkippedAndTheLastReadDecides) {
 }
 
 TEST_F(BrowseTest, AliasTextsAreQuotedPieces) {
-  EXPECT_EQ(
-      call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), java.text("Default"), list),
-      0);
+  EXPECT_EQ(on_outline(NATIVE(getDimensionsAlias), "Default", list), 0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_EQ(java.elements(list),
             "[\"Year\"\"Calendar\"\"Time\", \"Measures\"\"\"\"\", \"Product\"\"\"\"\", "
             "\"Pack\"\"\"\"\"]");
   jobject children = java.list();
-  EXPECT_EQ(call(NATIVE(getChildrenAliasFor), java.instance(), java.outline(), java.text("Year"),
-                 java.text("Qtr1"), java.text("Long Names"), children),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getChildrenAliasFor), "Year", "Qtr1", "Long Names", children), 0);
   EXPECT_EQ(java.elements(children), "[\"Jan\"\"The first month\", \"Feb\"\"\"]");
 }
 
 TEST_F(BrowseTest, AliasTextsWithoutATableAskForNoAlias) {
-  EXPECT_EQ(call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), nullptr, list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getDimensionsAlias), nullptr, list), 0);
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Alias"))));
   EXPECT_THAT(java.elements(list), HasSubstr("\"Year\"\"\"\"Time\""));
   // A table that does not exist is no failure of the listing.
-  EXPECT_EQ(call(NATIVE(getDimensionsAlias), java.instance(), java.outline(), java.text("None"),
-                 java.list()),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getDimensionsAlias), "None", java.list()), 0);
 }
 
 // ---- Properties ----
 
 TEST_F(BrowseTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias) {
   api().member("Cola").aliases["Default"] = "Coke";
-  EXPECT_EQ(call(NATIVE(getChildrenWithProperties), java.instance(), java.outline(),
-                 java.text("Product"), java.text("Product"), jlong{0x500000000}, 1, list),
+  EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{0x500000000},
+                       1, list),
             0);
   EXPECT_THAT(
       api_calls(),
@@ -239,8 +208,7 @@ TEST_F(BrowseTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias
                   "OlvOtlGetMemberAlias(outline, Cola, null)", "OlvFree(inst, alias)",
                   "OlvOtlFreeStructure(outline, 1, 65, member record)",
                   "OlvOtlFreeMembers(outline, 1, query result)"));
-  EXPECT_EQ(call(NATIVE(getChildrenWithProperties), java.instance(), java.outline(),
-                 java.text("Product"), java.text("Product"), jlong{1}, 0, list),
+  EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{1}, 0, list),
             0);
   const std::vector<std::string> calls = java_calls();
   EXPECT_EQ(calls.front(), "new OutlineMemberProperties()");
@@ -250,8 +218,7 @@ TEST_F(BrowseTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias
 }
 
 TEST_F(BrowseTest, AttributeTableGetsDimensionAndMember) {
-  EXPECT_EQ(call(NATIVE(getChildrenWithProperties), java.instance(), java.outline(),
-                 java.text("Product"), java.text("Product"), jlong{0}, 1, list),
+  EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{0}, 1, list),
             0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_THAT(java_calls(), Contains("Hashtable.put(\"Pack\", \"Can\")"));
@@ -260,13 +227,9 @@ TEST_F(BrowseTest, AttributeTableGetsDimensionAndMember) {
 // ---- Member objects in listings ----
 
 TEST_F(BrowseTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
-  EXPECT_EQ(call(NATIVE(getChildrenEx), java.instance(), java.outline(), nullptr,
-                 java.handle("Qtr1"), list),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getChildrenEx), nullptr, java.handle("Qtr1"), list), 0);
   EXPECT_THAT(java_calls(), Contains("DefaultMember.setHandle(" + number("Jan") + ")"));
-  EXPECT_EQ(
-      call(NATIVE(getChildrenExQuery), java.outline(), java.text("Year"), java.text("Qtr1"), list),
-      0);
+  EXPECT_EQ(call(NATIVE(getChildrenExQuery), java.outline(), "Year", "Qtr1", list), 0);
   const std::vector<std::string> calls = java_calls();
   EXPECT_EQ(calls[calls.size() - 2], "DefaultMember.setHandle(0)");
   EXPECT_EQ(calls.back(), "ArrayList.add(DefaultMember)");
@@ -274,8 +237,7 @@ TEST_F(BrowseTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
 
 TEST_F(BrowseTest, ChildrenAreWalkedFromTheGivenHandleOrTheName) {
   const auto children = [&](const char* name, jint handle) {
-    return call(NATIVE(getChildrenEx), java.instance(), java.outline(), java.text(name), handle,
-                java.list());
+    return on_outline(NATIVE(getChildrenEx), name, handle, java.list());
   };
   EXPECT_EQ(children("Nowhere", java.handle("Pack")), 0);
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("FindMember"))));
@@ -301,44 +263,32 @@ TEST_F(BrowseTest, ListingsLookTheClassUpOncePerCall) {
   JniProbe probe(env_);
   NATIVE(getChildrenEx)
   (&probe, nullptr, java.instance(), java.outline(), nullptr, java.handle("Qtr2"), list);
-  EXPECT_EQ(probe.count("FindClass"), 1);
-  EXPECT_EQ(probe.count("NewObject"), 50);
+  EXPECT_EQ(probe.find_class_calls, 1);
+  EXPECT_EQ(probe.new_object_calls, 50);
   // 24 of the class, getValue, and one add per member.
-  EXPECT_EQ(probe.count("GetMethodID"), 24 + 1 + 50);
+  EXPECT_EQ(probe.get_method_id_calls, 24 + 1 + 50);
   EXPECT_EQ(probe.live_strings(), 0);
   probe.finish();
 }
 
 TEST_F(BrowseTest, FailedWalksKeepWhatWasAdded) {
   api().fail_function("OlvOtlGetNextSibling", 77, 2);
-  EXPECT_EQ(call(NATIVE(getDimensionsEx), java.instance(), java.outline(), list), 77);
+  EXPECT_EQ(on_outline(NATIVE(getDimensionsEx), list), 77);
   EXPECT_EQ(java.number(list, "size"), 2);
 }
 
 // ---- Relatives ----
 
 TEST_F(BrowseTest, AncestorsComeNearestFirst) {
-  EXPECT_EQ(
-      call(NATIVE(getMemberAncestors), java.instance(), java.outline(), java.text("Jan"), 0, list),
-      0);
-  std::vector<std::string> names;
-  for (const std::string& line : java_calls()) {
-    if (line.find("setName") != std::string::npos) names.push_back(line);
-  }
-  EXPECT_THAT(names,
-              ElementsAre("DefaultMember.setName(\"Qtr1\")", "DefaultMember.setName(\"Year\")"));
-  EXPECT_EQ(call(NATIVE(getMemberAncestors), java.instance(), java.outline(), nullptr,
-                 java.handle("Pack"), java.list()),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAncestors), "Jan", 0, list), 0);
+  EXPECT_THAT(calls_of("DefaultMember.setName("), ElementsAre("\"Qtr1\")", "\"Year\")"));
+  EXPECT_EQ(on_outline(NATIVE(getMemberAncestors), nullptr, java.handle("Pack"), java.list()), 0);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
 TEST_F(BrowseTest, LevelAndChildCountAreBoxed) {
-  EXPECT_EQ(
-      call(NATIVE(getMemberLevel), java.instance(), java.outline(), java.text("Year"), 0, list), 0);
-  EXPECT_EQ(
-      call(NATIVE(getMemberChildCount), java.instance(), java.outline(), java.text("Jan"), 0, list),
-      0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberLevel), "Year", 0, list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberChildCount), "Jan", 0, list), 0);
   EXPECT_THAT(java_calls(), ElementsAre("new Short(2)", "ArrayList.add(Short 2)", "new Long(0)",
                                         "ArrayList.add(Long 0)"));
 }

@@ -13,23 +13,16 @@ using testing::Not;
 class CopyTest : public NativeTest {
  protected:
   jint copy(const char* target, const char* source, bool as_sibling) {
-    return call(NATIVE(copyMember), java.instance(), java.outline(), java.text(target), 0,
-                java.text(source), 0, static_cast<jboolean>(as_sibling ? JNI_TRUE : JNI_FALSE),
-                request, results);
+    return on_outline(NATIVE(copyMember), target, 0, source, 0, as_sibling, request, results);
   }
-  jint go_on() { return call(NATIVE(copyContinue), java.instance(), java.outline(), request); }
+  jint go_on() { return on_outline(NATIVE(copyContinue), request); }
   bool finished() {
     return env_->CallBooleanMethod(
                request, env_->GetMethodID(env_->GetObjectClass(request), "isFinished", "()Z")) != 0;
   }
-  // The calls of one function among those so far.
-  std::vector<std::string> calls_of(const std::string& function) {
-    std::vector<std::string> found;
-    for (const std::string& line : api_calls()) {
-      if (line.rfind(function + '(', 0) == 0) found.push_back(line);
-    }
-    return found;
-  }
+  // The additions so far, each from the record on.
+  std::vector<std::string> added_members() { return calls_of("OlvOtlAddMemberEx(outline, "); }
+  std::vector<std::string> added_dimensions() { return calls_of("OlvOtlAddDimension(outline, "); }
   // The subtree below a handle as nested names.
   static std::string shape(HMember handle) {
     std::string text = api().name_of(handle);
@@ -109,30 +102,27 @@ TEST_F(CopyTest, TheRequestIsSetUpInOrder) {
   EXPECT_EQ(copy("Qtr2", "Qtr1", false), 0);
   const std::string source = std::to_string(java.handle("Qtr1"));
   const std::string target = std::to_string(java.number(request, "getLastTargetHandle"));
-  std::vector<std::string> calls;
-  for (const std::string& line : java_calls()) {
-    if (line.rfind("CopyRequest", 0) == 0) calls.push_back(line.substr(line.find('.') + 1));
-  }
-  EXPECT_THAT(calls, ElementsAre("getCount()", "setCount(1)", "getTotal()", "setTotal(2)",
-                                 "setLastSourceHandle(" + source + ")",
-                                 "setLastTargetHandle(" + target + ")",
-                                 "setFirstSourceHandle(" + source + ")"));
+  EXPECT_THAT(
+      calls_of("CopyRequest."),
+      ElementsAre("getCount()", "setCount(1)", "getTotal()", "setTotal(2)",
+                  "setLastSourceHandle(" + source + ")", "setLastTargetHandle(" + target + ")",
+                  "setFirstSourceHandle(" + source + ")"));
 }
 
 TEST_F(CopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {
   // Within accounts the accounting properties stay; elsewhere they go.
   EXPECT_EQ(copy("Sales", "Costs", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"),
+  EXPECT_THAT(added_members(),
               ElementsAre(HasSubstr("{name=\"KEPTempNameForCopy\" consolidation=1 twoPass=1 "
                                     "expense=1 conversionType=3 currencyMember=\"USD\" "
                                     "timeBalance=2 timeBalanceSkip=3 comment=\"What it costs\" "
                                     "dimensionName=\"Measures\"")));
   EXPECT_EQ(copy("Jan", "Costs", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"),
+  EXPECT_THAT(added_members(),
               ElementsAre(HasSubstr("{name=\"KEPTempNameForCopy\" consolidation=1 twoPass=1 "
                                     "comment=\"What it costs\" dimensionName=\"Measures\"")));
   EXPECT_EQ(copy("Pack", "Costs", false), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"),
+  EXPECT_THAT(added_members(),
               ElementsAre(HasSubstr("{name=\"KEPTempNameForCopy\" consolidation=5 shareOption=5 "
                                     "storageType=1 dimensionCategory=6 storageCategory=12 "
                                     "comment=\"What it costs\" dimensionName=\"Measures\" "
@@ -141,13 +131,13 @@ TEST_F(CopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {
 
 TEST_F(CopyTest, ASharedMembersCopyIsNotShared) {
   EXPECT_EQ(copy("Cola", "Tea", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), ElementsAre(Not(HasSubstr("shareOption"))));
+  EXPECT_THAT(added_members(), ElementsAre(Not(HasSubstr("shareOption"))));
   api().member("Tea").info.shareOption = 3;
   EXPECT_EQ(copy("Cola", "Tea", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), ElementsAre(HasSubstr("shareOption=3")));
+  EXPECT_THAT(added_members(), ElementsAre(HasSubstr("shareOption=3")));
   api().member("Product").info.shareOption = kShareShared;
   EXPECT_EQ(copy("Year", "Cola", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddDimension"), ElementsAre(Not(HasSubstr("shareOption"))));
+  EXPECT_THAT(added_dimensions(), ElementsAre(Not(HasSubstr("shareOption"))));
 }
 
 TEST_F(CopyTest, AssociationsFollowWithinOneRegularDimensionOnly) {
@@ -162,7 +152,7 @@ TEST_F(CopyTest, WhatCannotBeCopiedIsRefusedWithNothingChanged) {
   EXPECT_EQ(copy("Jan", "Jan", false), kStatusCopyFailed);
   EXPECT_EQ(copy("Nowhere", "Jan", false), kStatusCopyFailed);
   EXPECT_EQ(copy("Jan", "", false), kStatusCopyFailed);
-  EXPECT_THAT(calls_of("OlvOtlAddMemberEx"), IsEmpty());
+  EXPECT_THAT(added_members(), IsEmpty());
   EXPECT_EQ(copy("Jan", "Jan", true), 0);
 }
 
@@ -172,15 +162,14 @@ TEST_F(CopyTest, ACopyThatCannotBeNamedIsRemoved) {
   EXPECT_EQ(api().find("KEPTempNameForCopy"), 0u);
   EXPECT_EQ(java.number(results, "size"), 0);
   EXPECT_EQ(java.number(request, "getCount"), 0);
-  EXPECT_THAT(calls_of("OlvOtlDeleteMemberEx"),
-              ElementsAre("OlvOtlDeleteMemberEx(outline, KEPTempNameForCopy, 3)"));
+  EXPECT_THAT(calls_of("OlvOtlDeleteMemberEx(outline, "), ElementsAre("KEPTempNameForCopy, 3)"));
 }
 
 TEST_F(CopyTest, FailedWritesOfDetailsAreSkipped) {
   api().fail_function("OlvOtlSetUserAttribute", 77);
   api().fail_function("OlvOtlSetMemberCommentEx", 77);
   EXPECT_EQ(copy("Tea", "Cola", true), 0);
-  EXPECT_EQ(calls_of("OlvOtlSetUserAttribute").size(), 2u);
+  EXPECT_EQ(calls_of("OlvOtlSetUserAttribute(outline, ").size(), 2u);
 }
 
 // ---- Copies out as dimensions ----
@@ -204,12 +193,12 @@ TEST_F(CopyTest, ADimensionCopyTakesTheFirstFreeName) {
 TEST_F(CopyTest, ADimensionCopyStartsFromTheSourcesDimension) {
   api().member("Product").info.timeBalance = 9;
   EXPECT_EQ(copy("Year", "Cola", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddDimension"),
-              ElementsAre("OlvOtlAddDimension(outline, {name=\"Copy of Cola\" storageType=1 "
+  EXPECT_THAT(added_dimensions(),
+              ElementsAre("{name=\"Copy of Cola\" storageType=1 "
                           "dimensionName=\"Product\" reserved530=changed reserved534=changed "
                           "reserved546=changed}, Year, 0)"));
   EXPECT_EQ(copy("Year", "Can", true), 0);
-  EXPECT_THAT(calls_of("OlvOtlAddDimension"),
+  EXPECT_THAT(added_dimensions(),
               ElementsAre(HasSubstr("{name=\"Copy of Can\" consolidation=5 shareOption=5 "
                                     "storageType=1 dimensionCategory=6 storageCategory=12 "
                                     "dimensionName=\"Pack\" attributeType=10 ")));
@@ -223,35 +212,23 @@ TEST_F(CopyTest, ADimensionNameThatDoesNotFitIsRefused) {
   EXPECT_EQ(copy("Year", name.c_str(), true), kStatusCopyFailed);
   api().add(name + 'n', api().find("Measures"));
   EXPECT_EQ(copy("Year", (name + 'n').c_str(), true), kStatusCopyFailed);
-  EXPECT_EQ(calls_of("OlvOtlAddDimension").size(), 1u);
+  EXPECT_EQ(added_dimensions().size(), 1u);
 }
 
 // ---- Subtrees ----
 
 TEST_F(CopyTest, ASubtreeComesInBatchesOfFiveAndKeepsItsShape) {
-  const HMember root = add_subtree();
+  add_subtree();
   EXPECT_EQ(copy("Qtr2", "Root", false), 0);
   const HMember made = static_cast<HMember>(java.number(request, "getLastTargetHandle"));
-  int batches = 0;
   std::vector<int> counts;
-  while (!finished() && batches < 10) {
+  while (!finished() && counts.size() < 10) {
     EXPECT_EQ(go_on(), 0);
     counts.push_back(java.number(request, "getCount"));
-    ++batches;
   }
   EXPECT_THAT(counts, ElementsAre(6, 11, 13));
   EXPECT_EQ(java.number(request, "getTotal"), 12);
-  EXPECT_EQ(shape(made), shape(root));
   EXPECT_EQ(shape(made), "Root(C0(D0 D1 D2) C1(D3 D4 D5) C2(D6 D7 D8))");
-}
-
-TEST_F(CopyTest, AFailedBatchKeepsTheLastPair) {
-  EXPECT_EQ(copy("Sales", "Qtr1", false), 0);
-  api().fail_function("OlvOtlAddMemberEx", 77, 2);
-  EXPECT_EQ(go_on(), kStatusCopyFailed);
-  EXPECT_EQ(java.number(request, "getLastSourceHandle"), java.handle("Jan"));
-  EXPECT_EQ(java.number(request, "getCount"), 2);
-  EXPECT_FALSE(finished());
 }
 
 bool CopyTest::fail_and_go_on(int batch, int n) {
@@ -296,13 +273,6 @@ TEST_F(CopyTest, AfterAnyFailureTheCopyGoesOnFromTheLastPair) {
     }
   }
   EXPECT_GT(failures, 100);
-}
-
-TEST_F(CopyTest, AFailedChildQueryFinishesTheCopy) {
-  EXPECT_EQ(copy("Sales", "Qtr1", false), 0);
-  api().fail_function("OlvOtlGetChild", 77);
-  EXPECT_EQ(go_on(), 77);
-  EXPECT_TRUE(finished());
 }
 
 TEST_F(CopyTest, AParentThatCannotBeReadCountsAsAncestor) {

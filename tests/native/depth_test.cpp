@@ -14,21 +14,26 @@ namespace {
 constexpr int kLength = 100000;
 constexpr size_t kStack = 256 * 1024;
 
-void* run_function(void* function) {
+using Code = std::function<void(JNIEnv& probe, JavaObjects& objects)>;
+
+void* run_attached(void* code) {
   JNIEnv* env = nullptr;
   jvm()->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr);
-  (*static_cast<std::function<void(JNIEnv*)>*>(function))(env);
+  JavaObjects objects(env);
+  JniProbe probe(env);
+  (*static_cast<Code*>(code))(probe, objects);
+  probe.finish();
   jvm()->DetachCurrentThread();
   return nullptr;
 }
 
-// Runs a function on an attached thread with a small stack.
-void on_small_stack(std::function<void(JNIEnv*)> function) {
+// Runs code on an attached thread with a small stack.
+void on_small_stack(Code code) {
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
   ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStack), 0);
   pthread_t thread;
-  ASSERT_EQ(pthread_create(&thread, &attributes, run_function, &function), 0);
+  ASSERT_EQ(pthread_create(&thread, &attributes, run_attached, &code), 0);
   pthread_join(thread, nullptr);
   pthread_attr_destroy(&attributes);
 }
@@ -56,14 +61,11 @@ class DepthTest : public NativeTest {
 TEST_F(DepthTest, PathSearchReachesTheDeepestMember) {
   // Found near the top: a path of 100,000 names would only test how -Xcheck:jni counts references.
   api().member("M10").aliases["Default"] = "needle";
-  on_small_stack([](JNIEnv* env) {
-    JavaObjects objects(env);
-    JniProbe probe(env);
+  on_small_stack([](JNIEnv& probe, JavaObjects& objects) {
     jobject results = objects.list();
     EXPECT_EQ(NATIVE(findMemberQuery)(&probe, nullptr, objects.outline(), objects.text("needle"),
                                       objects.text("Default"), JNI_FALSE, JNI_FALSE, results),
               0);
-    probe.finish();
     EXPECT_EQ(objects.number(results, "size"), 1);
   });
   // The children of the outline, of the root and of every member below were asked for.
@@ -74,13 +76,10 @@ TEST_F(DepthTest, PathSearchReachesTheDeepestMember) {
 TEST_F(DepthTest, AliasExportWritesTheDeepestMember) {
   api().member(deepest).aliases["Default"] = "needle";
   const std::string path = temporary_path("depth.alt");
-  on_small_stack([&](JNIEnv* env) {
-    JavaObjects objects(env);
-    JniProbe probe(env);
+  on_small_stack([&](JNIEnv& probe, JavaObjects& objects) {
     EXPECT_EQ(NATIVE(exportAliasTable)(&probe, nullptr, objects.instance(), objects.outline(),
                                        objects.text("Default"), objects.text(path.c_str())),
               0);
-    probe.finish();
   });
   std::ifstream file(path);
   std::string header;
@@ -93,26 +92,20 @@ TEST_F(DepthTest, AliasExportWritesTheDeepestMember) {
 
 TEST_F(DepthTest, RecursiveUdasReachTheDeepestMember) {
   api().member(deepest).udas = {"needle"};
-  on_small_stack([&](JNIEnv* env) {
-    JavaObjects objects(env);
-    JniProbe probe(env);
+  on_small_stack([&](JNIEnv& probe, JavaObjects& objects) {
     jobject udas = objects.list();
     getDimensionUDASRecursive(&probe, 0, kOutline, kInst, root, udas);
-    probe.finish();
     EXPECT_EQ(objects.elements(udas), "[needle]");
   });
 }
 
 TEST_F(DepthTest, FindRequestWalksTheChain) {
-  on_small_stack([](JNIEnv* env) {
-    JavaObjects objects(env);
-    JniProbe probe(env);
+  on_small_stack([](JNIEnv& probe, JavaObjects& objects) {
     jobject request = objects.make("api/outline/FindRequest");
     objects.set(request, "setText", "(Ljava/lang/String;)V", objects.text("M99999"));
     objects.set(request, "setMaximumMembersPerBatch", "(I)V", jint{2 * kLength});
     jobject results = objects.list();
     NATIVE(findRequest)(&probe, nullptr, objects.instance(), objects.outline(), request, results);
-    probe.finish();
     EXPECT_EQ(objects.number(results, "size"), 1);
     EXPECT_EQ(objects.number(request, "getMembersProcessed"), kLength + 1);
   });

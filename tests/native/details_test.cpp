@@ -15,7 +15,7 @@ class DetailsTest : public NativeTest {
  protected:
   template <typename Native>
   jint block(Native native, std::initializer_list<jobject> requests) {
-    return call(native, java.instance(), java.outline(), java.list(requests), list);
+    return on_outline(native, java.list(requests), list);
   }
   static std::string number(const char* name) {
     return std::to_string(static_cast<jint>(api().find(name)));
@@ -28,16 +28,10 @@ class DetailsTest : public NativeTest {
 
 TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
   jobject target = java.make("defs/outline/DefaultMember");
-  EXPECT_EQ(call(NATIVE(getMemberFormula), java.instance(), java.outline(), java.text("Nowhere"),
-                 java.handle("Sales"), target),
-            0);
-  EXPECT_EQ(call(NATIVE(getMemberFormula), java.instance(), java.outline(), java.text("Costs"), 0,
-                 target),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberFormula), "Nowhere", java.handle("Sales"), target), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberFormula), "Costs", 0, target), 0);
   EXPECT_THAT(java_calls(), ElementsAre("DefaultMember.setFormula(\"Costs*2;\")"));
-  EXPECT_EQ(call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(), java.text("Sales"),
-                 target),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberFormulaQuery), "Sales", target), 0);
   EXPECT_THAT(api_calls(),
               ElementsAre("OlvOtlQueryMembersByName(outline, null, {type=11 options=1 "
                           "pattern1=\"Sales\"}, {})",
@@ -47,23 +41,17 @@ TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
 
 TEST_F(DetailsTest, QueryFormsWithoutANameAskNothing) {
   jobject target = java.make("defs/outline/DefaultMember");
-  EXPECT_EQ(
-      call(NATIVE(getMemberFormulaQuery), java.instance(), java.outline(), java.text(""), target),
-      0);
-  EXPECT_EQ(
-      call(NATIVE(getMemberAliasesQuery), java.instance(), java.outline(), java.text(""), list), 0);
-  EXPECT_EQ(call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(), java.text("")),
-            0);
-  EXPECT_EQ(call(NATIVE(getMemberUDASQuery), java.instance(), java.outline(), java.text(""), list),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberFormulaQuery), "", target), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAliasesQuery), "", list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAttributesQuery), ""), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberUDASQuery), "", list), 0);
   EXPECT_THAT(api_calls(), IsEmpty());
 }
 
 // ---- Aliases ----
 
 TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
-  EXPECT_EQ(
-      call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"), list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAliases), java.handle("Jan"), list), 0);
   EXPECT_THAT(java_calls(),
               ElementsAre("new MemberAlias()", "MemberAlias.setTableName(\"Default\")",
                           "MemberAlias.setAliasName(\"January\")", "ArrayList.add(MemberAlias)",
@@ -72,16 +60,13 @@ TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
                           "ArrayList.add(MemberAlias)", "new MemberAlias()",
                           "MemberAlias.setTableName(\"Codes\")", "ArrayList.add(MemberAlias)"));
   api().fail_function("OlvOtlGetMemberAlias", 77, 3);
-  EXPECT_EQ(
-      call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"), list),
-      77);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAliases), java.handle("Jan"), list), 77);
   EXPECT_EQ(java.number(list, "size"), 6);
 }
 
 TEST_F(DetailsTest, WithoutTablesNothingComes) {
   api().alias_tables.clear();
-  EXPECT_EQ(
-      call(NATIVE(getMemberAliases), java.instance(), java.outline(), java.handle("Jan"), list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAliases), java.handle("Jan"), list), 0);
   EXPECT_EQ(block(NATIVE(getMemberAliasesBlock), {java.request("Jan")}), 0);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
@@ -89,13 +74,11 @@ TEST_F(DetailsTest, WithoutTablesNothingComes) {
 TEST_F(DetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
   jobject names = java.list(
       {java.text("Jan"), java.text(""), java.text("Nowhere"), nullptr, java.text("Year")});
-  EXPECT_EQ(call(NATIVE(getMemberAliasesForTable), java.instance(), java.outline(),
-                 java.text("Long Names"), names, list, jboolean{JNI_FALSE}),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAliasesForTable), "Long Names", names, list, JNI_FALSE), 0);
   EXPECT_EQ(java.number(list, "size"), 2);
   api_calls();
-  EXPECT_EQ(call(NATIVE(getMemberAliasesForTable), java.instance(), java.outline(),
-                 java.text("Long Names"), java.list({java.text("Jan")}), list, jboolean{JNI_TRUE}),
+  EXPECT_EQ(on_outline(NATIVE(getMemberAliasesForTable), "Long Names",
+                       java.list({java.text("Jan")}), list, JNI_TRUE),
             0);
   EXPECT_THAT(all_calls(), testing::AllOf(Contains("OlvOtlGetMemberAlias(outline, Jan, null)"),
                                           Contains("MemberAlias.setAliasName(\"January\")"),
@@ -106,9 +89,7 @@ TEST_F(DetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
 // ---- Attributes ----
 
 TEST_F(DetailsTest, AttributesGoBackAsAPlainBlock) {
-  EXPECT_EQ(
-      call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Cola"), list),
-      0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAttributes), java.handle("Cola"), list), 0);
   EXPECT_THAT(all_calls(), ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
                                        "OlvOtlGetMemberInfo(outline, Cola)",
                                        "OlvOtlGetAssociatedAttributes(outline, Cola)",
@@ -119,17 +100,13 @@ TEST_F(DetailsTest, AttributesGoBackAsAPlainBlock) {
                                        "OlvOtlFreeStructure(outline, 1, 65, member record)",
                                        "OlvFree(inst, associated attributes)",
                                        "OlvOtlFreeStructure(outline, 1, 65, member record)"));
-  EXPECT_EQ(
-      call(NATIVE(getMemberAttributes), java.instance(), java.outline(), java.handle("Tea"), list),
-      0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberAttributes), java.handle("Tea"), list), 0);
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Associated"))));
 }
 
 TEST_F(DetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
   for (const char* name : {"Cola", "Product"}) {
-    EXPECT_EQ(
-        call(NATIVE(getMemberAttributesQuery), java.instance(), java.outline(), java.text(name)),
-        0);
+    EXPECT_EQ(on_outline(NATIVE(getMemberAttributesQuery), name), 0);
   }
   EXPECT_THAT(api_calls(),
               testing::AllOf(Contains("OlvOtlQueryAttributes(outline, {usage=1 member=Cola "
@@ -142,14 +119,10 @@ TEST_F(DetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
 
 TEST_F(DetailsTest, UdasAreReadEntryByEntry) {
   api().member("Cola").udas = {std::string(80, 'u'), "", "Sweet"};
-  EXPECT_EQ(call(NATIVE(getMemberUDAS), java.instance(), java.outline(), nullptr,
-                 java.handle("Cola"), list),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getMemberUDAS), nullptr, java.handle("Cola"), list), 0);
   EXPECT_EQ(java.elements(list), '[' + std::string(80, 'u') + ", , Sweet]");
   jobject of_dimension = java.list();
-  EXPECT_EQ(call(NATIVE(getDimensionUDAS), java.instance(), java.outline(), java.text("Product"), 0,
-                 of_dimension),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(getDimensionUDAS), "Product", 0, of_dimension), 0);
   EXPECT_EQ(java.elements(of_dimension), java.elements(list));
   EXPECT_THAT(api_calls(), Contains("OlvOtlGetDimensionUserAttributes(outline, {type=16 "
                                     "dimension=\"Product\"}, {})"));
@@ -209,9 +182,7 @@ TEST_F(DetailsTest, BlocksDifferInWhatMakesAResult) {
 // ---- Calculation scripts ----
 
 TEST_F(DetailsTest, LightMembersCarryTheGivenParentName) {
-  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
-                 jboolean{JNI_FALSE}, java.text("x"), list),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Qtr1", JNI_FALSE, "x", list), 0);
   EXPECT_THAT(java_calls(), ElementsAre("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)",
                                         "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)",
                                         "new MemberInfo(\"Feb\", \"Qtr1\", 0, 0, false)",
@@ -221,12 +192,9 @@ TEST_F(DetailsTest, LightMembersCarryTheGivenParentName) {
 
 TEST_F(DetailsTest, LightMembersOfAttributeDimensionsCarryTheirType) {
   api().member("Pack").info.dimensionCategory = -1;
-  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), nullptr, java.text("Pack"),
-                 jboolean{JNI_FALSE}, nullptr, list),
-            0);
-  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Pack"),
-                 jboolean{JNI_FALSE}, nullptr, list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(listFindMembers), java.outline(), nullptr, "Pack", JNI_FALSE, nullptr, list), 0);
+  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Pack", JNI_FALSE, nullptr, list), 0);
   EXPECT_THAT(
       java_calls(),
       ElementsAre("new MemberInfo(\"Pack\", null, 65535, 2, false)", "MemberInfo.setGenValue(1)",
@@ -239,9 +207,7 @@ TEST_F(DetailsTest, LightMembersOfAttributeDimensionsCarryTheirType) {
 }
 
 TEST_F(DetailsTest, ListedMembersAreRenamedToTheirAliases) {
-  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
-                 jboolean{JNI_TRUE}, java.text("dEFAULT"), list),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Qtr1", JNI_TRUE, "dEFAULT", list), 0);
   EXPECT_THAT(
       api_calls(),
       ElementsAre("OlvOtlQueryMembersByName(outline, \"Qtr1\", {type=1 "
@@ -254,9 +220,8 @@ TEST_F(DetailsTest, ListedMembersAreRenamedToTheirAliases) {
 
 TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
   api().member("Qtr1").aliases["Long Names"] = "The first quarter";
-  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), java.text("Year"), java.text("J*"),
-                 jboolean{JNI_TRUE}, java.text("Long Names"), list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(listFindMembers), java.outline(), "Year", "J*", JNI_TRUE, "Long Names", list), 0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_THAT(journal().lines(Entry::kJava),
               ElementsAre("OutlineHandle.getValue()",
@@ -278,31 +243,27 @@ TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
 }
 
 TEST_F(DetailsTest, FoundMembersWithoutAParentsAliasCarryItsName) {
-  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), nullptr, java.text("Jan"),
-                 jboolean{JNI_TRUE}, java.text("Default"), list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(listFindMembers), java.outline(), nullptr, "Jan", JNI_TRUE, "Default", list), 0);
   EXPECT_THAT(java_calls(), Contains("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)"));
   // An unreadable parent leaves no name, whatever its alias says.
   api().member("Qtr1").aliases["Default"] = "Alias";
   api().fail_function("OlvOtlGetMemberInfo", 77, 2);
-  EXPECT_EQ(call(NATIVE(listFindMembers), java.outline(), nullptr, java.text("Jan"),
-                 jboolean{JNI_TRUE}, java.text("Default"), list),
-            0);
+  EXPECT_EQ(
+      call(NATIVE(listFindMembers), java.outline(), nullptr, "Jan", JNI_TRUE, "Default", list), 0);
   EXPECT_THAT(java_calls(), Contains("new MemberInfo(\"Jan\", null, 0, 0, false)"));
 }
 
 TEST_F(DetailsTest, AFailedAliasEndsTheListAfterItsMember) {
   api().fail_function("OlvOtlGetMemberAlias", 77);
-  EXPECT_EQ(call(NATIVE(listOutlineMembers), java.instance(), java.outline(), java.text("Qtr1"),
-                 jboolean{JNI_TRUE}, java.text("Codes"), list),
-            77);
+  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Qtr1", JNI_TRUE, "Codes", list), 77);
   EXPECT_EQ(java.number(list, "size"), 1);
 }
 
 TEST_F(DetailsTest, FindMemberTellsWhetherThereIsOne) {
-  EXPECT_EQ(call(NATIVE(findMember), java.outline(), java.text("Jan")), JNI_TRUE);
-  EXPECT_EQ(call(NATIVE(findMember), java.outline(), java.text("Nowhere")), JNI_FALSE);
-  EXPECT_EQ(call(NATIVE(findMember), java.outline(0), java.text("Jan")), JNI_FALSE);
+  EXPECT_EQ(call(NATIVE(findMember), java.outline(), "Jan"), JNI_TRUE);
+  EXPECT_EQ(call(NATIVE(findMember), java.outline(), "Nowhere"), JNI_FALSE);
+  EXPECT_EQ(call(NATIVE(findMember), java.outline(0), "Jan"), JNI_FALSE);
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ jobject JavaObjects::outline(HOutline value) {
 }
 
 jstring JavaObjects::text(const char* utf) {
-  return env_->NewStringUTF(utf);
+  return utf == nullptr ? nullptr : env_->NewStringUTF(utf);
 }
 
 jobject JavaObjects::list() {

@@ -5,6 +5,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <type_traits>
 
 #include "tests/native/api_double.h"
 
@@ -20,7 +21,7 @@ class JavaObjects {
   // A handle of the sample outline as Java passes it, by member name.
   static jint handle(const char* name) { return static_cast<jint>(api().find(name)); }
 
-  jstring text(const char* utf);
+  jstring text(const char* utf);  // null for null
   jobject list();
   jobject list(std::initializer_list<jobject> items);
   jobject buffer(const char* utf);  // a StringBuffer
@@ -31,6 +32,21 @@ class JavaObjects {
   jobject make(const char* class_name);
   // A value object that holds a code.
   jobject code(const char* class_name, jshort value);
+
+  // An argument for a parameter of a native method: a text becomes a Java string, what makes
+  // objects makes one, and anything else is converted as it is.
+  template <typename Parameter, typename Value>
+  Parameter argument(const Value& value) {
+    if constexpr (std::is_invocable_v<Value, JavaObjects&>) {
+      return static_cast<Parameter>(value(*this));
+    } else if constexpr (std::is_same_v<Value, const char*>) {
+      return text(value);
+    } else if constexpr (std::is_same_v<Value, std::string>) {
+      return text(value.c_str());
+    } else {
+      return static_cast<Parameter>(value);
+    }
+  }
 
   // The calls that tests make on their own objects.
   template <typename... Arguments>

@@ -5,7 +5,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "tests/native/jni_slots.h"
 #include "tests/native/journal.h"
 #include "tests/native/jvm.h"
 
@@ -34,20 +33,12 @@ class Peek {
     return call_text(env_->GetObjectClass(object), "getSimpleName");
   }
 
-  std::string text(jstring string) {
-    if (string == nullptr) return "null";
-    const char* chars = env_->GetStringUTFChars(string, nullptr);
-    std::string result = quoted(chars);
-    env_->ReleaseStringUTFChars(string, chars);
-    return result;
-  }
-
   // A string as its quoted text, a boxed number as class and value, any other
   // object as its class.
   std::string value(jobject object) {
     if (object == nullptr) return "null";
     const std::string name = class_name(object);
-    if (name == "String") return text(static_cast<jstring>(object));
+    if (name == "String") return '"' + call_text(object, "toString") + '"';
     if (name == "Short" || name == "Long") return name + ' ' + call_text(object, "toString");
     return name;
   }
@@ -92,14 +83,15 @@ std::string argument_text(Peek& peek, char type, va_list* arguments) {
 struct ProbeFunctions {
   static JniProbe* probe(JNIEnv* env) { return static_cast<JniProbe*>(env); }
 
-  // Counts a call and gives the environment that does it.
-  static JNIEnv* pass(JNIEnv* env, const char* function) {
-    ++probe(env)->counts_[function];
-    return probe(env)->real_;
-  }
+  // The environment that does the work.
+  static JNIEnv* real(JNIEnv* env) { return probe(env)->real_; }
 
-  static void keep(JNIEnv* env, jobject reference, bool is_string) {
+  // Follows a local reference that a function gives.
+  template <typename Reference>
+  static Reference keep(JNIEnv* env, Reference reference) {
+    constexpr bool is_string = std::is_same_v<Reference, jstring>;
     if (reference != nullptr) probe(env)->references_[reference] = is_string;
+    return reference;
   }
 
   // The arguments of a call as "(a, b)", read from a copy of its list.
@@ -123,85 +115,54 @@ struct ProbeFunctions {
       journal().fault("A method is called whose identifier this call did not look up");
       return;
     }
-    Peek peek(probe(env)->real_);
+    Peek peek(real(env));
     journal().add(Entry::kJava, peek.class_name(receiver) + '.' + found->second.name +
                                     arguments_text(peek, found->second.signature, arguments));
   }
 
   static jclass JNICALL find_class(JNIEnv* env, const char* name) {
-    JNIEnv* real = pass(env, "FindClass");
-    jclass type = real->FindClass(name);
-    keep(env, type, false);
-    return type;
+    ++probe(env)->find_class_calls;
+    return keep(env, real(env)->FindClass(name));
   }
 
   static jclass JNICALL get_object_class(JNIEnv* env, jobject object) {
-    JNIEnv* real = pass(env, "GetObjectClass");
     if (object == nullptr) {
       journal().fault("GetObjectClass of a null reference");
       return nullptr;
     }
-    jclass type = real->GetObjectClass(object);
-    keep(env, type, false);
-    return type;
+    return keep(env, real(env)->GetObjectClass(object));
   }
 
   static jmethodID JNICALL get_method_id(JNIEnv* env, jclass type, const char* name,
                                          const char* signature) {
-    JNIEnv* real = pass(env, "GetMethodID");
-    jmethodID method = real->GetMethodID(type, name, signature);
+    ++probe(env)->get_method_id_calls;
+    jmethodID method = real(env)->GetMethodID(type, name, signature);
     if (method != nullptr) probe(env)->methods_[method] = {name, signature};
     return method;
   }
 
   static jobject JNICALL new_object_v(JNIEnv* env, jclass type, jmethodID method,
                                       va_list arguments) {
-    JNIEnv* real = pass(env, "NewObject");
+    ++probe(env)->new_object_calls;
     if (journal().recording) {
-      Peek peek(real);
+      Peek peek(real(env));
       journal().add(Entry::kJava,
                     "new " + peek.call_text(type, "getSimpleName") +
                         arguments_text(peek, probe(env)->methods_[method].signature, arguments));
     }
-    jobject object = real->NewObjectV(type, method, arguments);
-    keep(env, object, false);
-    return object;
+    return keep(env, real(env)->NewObjectV(type, method, arguments));
+  }
+
+  // A call of a method with one of the functions for its type of result.
+  template <typename Result, Result (JNIEnv_::*function)(jobject, jmethodID, va_list)>
+  static Result JNICALL call_v(JNIEnv* env, jobject object, jmethodID method, va_list arguments) {
+    note_call(env, object, method, arguments);
+    return (real(env)->*function)(object, method, arguments);
   }
 
   static jobject JNICALL call_object_v(JNIEnv* env, jobject object, jmethodID method,
                                        va_list arguments) {
-    JNIEnv* real = pass(env, "CallObjectMethod");
-    note_call(env, object, method, arguments);
-    jobject result = real->CallObjectMethodV(object, method, arguments);
-    keep(env, result, false);
-    return result;
-  }
-
-  static jboolean JNICALL call_boolean_v(JNIEnv* env, jobject object, jmethodID method,
-                                         va_list arguments) {
-    JNIEnv* real = pass(env, "CallBooleanMethod");
-    note_call(env, object, method, arguments);
-    return real->CallBooleanMethodV(object, method, arguments);
-  }
-
-  static jshort JNICALL call_short_v(JNIEnv* env, jobject object, jmethodID method,
-                                     va_list arguments) {
-    JNIEnv* real = pass(env, "CallShortMethod");
-    note_call(env, object, method, arguments);
-    return real->CallShortMethodV(object, method, arguments);
-  }
-
-  static jint JNICALL call_int_v(JNIEnv* env, jobject object, jmethodID method, va_list arguments) {
-    JNIEnv* real = pass(env, "CallIntMethod");
-    note_call(env, object, method, arguments);
-    return real->CallIntMethodV(object, method, arguments);
-  }
-
-  static void JNICALL call_void_v(JNIEnv* env, jobject object, jmethodID method,
-                                  va_list arguments) {
-    JNIEnv* real = pass(env, "CallVoidMethod");
-    note_call(env, object, method, arguments);
-    real->CallVoidMethodV(object, method, arguments);
+    return keep(env, call_v<jobject, &JNIEnv_::CallObjectMethodV>(env, object, method, arguments));
   }
 
   // The variants with a variable argument list, each through its va_list twin.
@@ -221,63 +182,57 @@ struct ProbeFunctions {
   }
 
   static jstring JNICALL new_string_utf(JNIEnv* env, const char* chars) {
-    JNIEnv* real = pass(env, "NewStringUTF");
-    jstring string = real->NewStringUTF(chars);
-    keep(env, string, true);
-    return string;
+    return keep(env, real(env)->NewStringUTF(chars));
   }
 
   static const char* JNICALL get_string_utf_chars(JNIEnv* env, jstring string, jboolean* is_copy) {
-    JNIEnv* real = pass(env, "GetStringUTFChars");
     if (string == nullptr) {
       journal().fault("GetStringUTFChars of a null reference");
       return nullptr;
     }
     if (!probe(env)->has_memory) return nullptr;
-    const char* chars = real->GetStringUTFChars(string, is_copy);
-    if (chars != nullptr) probe(env)->chars_.push_back({chars, string});
+    const char* chars = real(env)->GetStringUTFChars(string, is_copy);
+    if (chars != nullptr) probe(env)->chars_[chars] = string;
     journal().add(Entry::kText, "chars(" + quoted(chars) + ')');
     return chars;
   }
 
   static void JNICALL release_string_utf_chars(JNIEnv* env, jstring string, const char* chars) {
-    JNIEnv* real = pass(env, "ReleaseStringUTFChars");
-    std::vector<JniProbe::Chars>& held = probe(env)->chars_;
-    for (auto it = held.begin(); it != held.end(); ++it) {
-      if (it->chars != chars) continue;
-      if (it->string != string) {
-        journal().fault("String characters are released with another string: " + quoted(chars));
-      }
-      held.erase(it);
-      journal().add(Entry::kText, "release(" + quoted(chars) + ')');
-      real->ReleaseStringUTFChars(string, chars);
+    const auto held = probe(env)->chars_.find(chars);
+    if (held == probe(env)->chars_.end()) {
+      journal().fault("String characters are released that are not held");
       return;
     }
-    journal().fault("String characters are released that are not held");
+    if (held->second != string) {
+      journal().fault("String characters are released with another string: " + quoted(chars));
+    }
+    probe(env)->chars_.erase(held);
+    journal().add(Entry::kText, "release(" + quoted(chars) + ')');
+    real(env)->ReleaseStringUTFChars(string, chars);
   }
 
   static void JNICALL delete_local_ref(JNIEnv* env, jobject reference) {
-    JNIEnv* real = pass(env, "DeleteLocalRef");
     if (reference != nullptr && probe(env)->references_.erase(reference) == 0) {
       journal().fault("A local reference is deleted that this call did not make");
       return;
     }
-    real->DeleteLocalRef(reference);
+    real(env)->DeleteLocalRef(reference);
   }
 
-  // Stands in every slot that the library has no business with.
-  template <size_t slot>
+  // Stands in every entry that the library has no business with; `index` is the function's
+  // number in the table of the JNI documentation.
+  template <size_t index>
   static intptr_t JNICALL forbidden() {
-    journal().fault(std::string("JNI function not allowed: ") + kJniSlotNames[slot]);
+    journal().fault("JNI function not allowed: table entry " + std::to_string(index));
     return 0;
   }
 
-  template <size_t... slots>
-  static JNINativeInterface_ make_table(std::index_sequence<slots...>) {
+  template <size_t... indices>
+  static JNINativeInterface_ make_table(std::index_sequence<indices...>) {
     JNINativeInterface_ table;
-    using Slot = intptr_t(JNICALL*)();
-    auto* all = reinterpret_cast<Slot*>(&table);
-    ((all[slots] = &forbidden<slots>), ...);
+    using Function = intptr_t(JNICALL*)();
+    auto* all = reinterpret_cast<Function*>(&table);
+    ((all[indices] = &forbidden<indices>), ...);
     table.FindClass = find_class;
     table.GetObjectClass = get_object_class;
     table.GetMethodID = get_method_id;
@@ -285,14 +240,15 @@ struct ProbeFunctions {
     table.NewObjectV = new_object_v;
     table.CallObjectMethod = variadic<jobject, jobject, call_object_v>;
     table.CallObjectMethodV = call_object_v;
-    table.CallBooleanMethod = variadic<jboolean, jobject, call_boolean_v>;
-    table.CallBooleanMethodV = call_boolean_v;
-    table.CallShortMethod = variadic<jshort, jobject, call_short_v>;
-    table.CallShortMethodV = call_short_v;
-    table.CallIntMethod = variadic<jint, jobject, call_int_v>;
-    table.CallIntMethodV = call_int_v;
-    table.CallVoidMethod = variadic<void, jobject, call_void_v>;
-    table.CallVoidMethodV = call_void_v;
+    table.CallBooleanMethodV = call_v<jboolean, &JNIEnv_::CallBooleanMethodV>;
+    table.CallBooleanMethod =
+        variadic<jboolean, jobject, call_v<jboolean, &JNIEnv_::CallBooleanMethodV>>;
+    table.CallShortMethodV = call_v<jshort, &JNIEnv_::CallShortMethodV>;
+    table.CallShortMethod = variadic<jshort, jobject, call_v<jshort, &JNIEnv_::CallShortMethodV>>;
+    table.CallIntMethodV = call_v<jint, &JNIEnv_::CallIntMethodV>;
+    table.CallIntMethod = variadic<jint, jobject, call_v<jint, &JNIEnv_::CallIntMethodV>>;
+    table.CallVoidMethodV = call_v<void, &JNIEnv_::CallVoidMethodV>;
+    table.CallVoidMethod = variadic<void, jobject, call_v<void, &JNIEnv_::CallVoidMethodV>>;
     table.NewStringUTF = new_string_utf;
     table.GetStringUTFChars = get_string_utf_chars;
     table.ReleaseStringUTFChars = release_string_utf_chars;
@@ -302,16 +258,16 @@ struct ProbeFunctions {
 };
 
 JniProbe::JniProbe(JNIEnv* real) : real_(real) {
-  static const JNINativeInterface_ table =
-      ProbeFunctions::make_table(std::make_index_sequence<kJniSlots>());
+  static const JNINativeInterface_ table = ProbeFunctions::make_table(
+      std::make_index_sequence<sizeof(JNINativeInterface_) / sizeof(void*)>());
   functions = &table;
   take_jni_warnings();
 }
 
 void JniProbe::finish() {
-  for (const Chars& held : chars_) {
-    journal().fault("String characters are not released: " + quoted(held.chars));
-    real_->ReleaseStringUTFChars(held.string, held.chars);
+  for (const auto& [chars, string] : chars_) {
+    journal().fault("String characters are not released: " + quoted(chars));
+    real_->ReleaseStringUTFChars(string, chars);
   }
   chars_.clear();
   jthrowable pending = real_->ExceptionOccurred();
@@ -323,11 +279,6 @@ void JniProbe::finish() {
   for (const std::string& warning : take_jni_warnings()) {
     if (!is_accepted_warning(warning, pending != nullptr)) journal().fault(warning);
   }
-}
-
-int JniProbe::count(const std::string& function) const {
-  const auto found = counts_.find(function);
-  return found == counts_.end() ? 0 : found->second;
 }
 
 int JniProbe::live_strings() const {

@@ -1,14 +1,12 @@
-// A JNIEnv that watches its user: the JNI functions that the library may use
-// are counted, written to the journal and passed on; every other one is a fault
-// that names it. Strings and local references are followed until they are given
-// back.
+// A JNIEnv that watches its user: calls of the JNI functions that the library may
+// use are written to the journal and passed on; every other one is a fault. Strings and local
+// references are followed until they are given back.
 #pragma once
 
 #include <jni.h>
 
 #include <map>
 #include <string>
-#include <vector>
 
 // The environment to hand to a native method in place of the real one. For one
 // thread and one call at a time.
@@ -26,9 +24,11 @@ class JniProbe : public JNIEnv_ {
   // Whether the virtual machine has memory for the characters of strings.
   bool has_memory = true;
 
-  // Number of calls of an allowed function, by its name without the V of a
-  // va_list variant.
-  int count(const std::string& function) const;
+  // Calls so far of the functions that look classes and methods up and make objects.
+  int find_class_calls = 0;
+  int get_method_id_calls = 0;
+  int new_object_calls = 0;
+
   // Java strings made and still referenced; meaningful until finish().
   int live_strings() const;
   // The pending exception that finish() cleared, as text; empty when there was
@@ -42,15 +42,10 @@ class JniProbe : public JNIEnv_ {
     std::string name;
     std::string signature;
   };
-  struct Chars {
-    const char* chars;
-    jstring string;
-  };
 
   JNIEnv* real_;
-  std::map<std::string, int> counts_;
   std::map<jmethodID, Method> methods_;
-  std::vector<Chars> chars_;
-  std::map<jobject, bool> references_;  // live local references made; whether it is a string made
+  std::map<const char*, jstring> chars_;  // held, and whose they are
+  std::map<jobject, bool> references_;    // live local references made; whether it is a string made
   std::string exception_;
 };

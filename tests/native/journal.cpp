@@ -13,7 +13,6 @@ void Journal::fault(std::string what) {
 
 void Journal::clear() {
   lines_.clear();
-  faults_.clear();
 }
 
 std::vector<std::string> Journal::lines(Entry kind) const {

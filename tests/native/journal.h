@@ -14,14 +14,14 @@ class Journal {
   void add(Entry kind, std::string line);
   // Notes a fault; a case with faults fails.
   void fault(std::string what);
-  // Forgets lines and faults.
+  // Forgets the lines; faults stay.
   void clear();
 
   // The lines of one kind, or of all kinds, in order.
   std::vector<std::string> lines(Entry kind) const;
   std::vector<std::string> all_lines() const;
   const std::vector<std::string>& faults() const { return faults_; }
-  // Hands the faults over and forgets them; for tests that plant one.
+  // Hands the faults over and forgets them.
   std::vector<std::string> take_faults();
 
   // Off for outlines so large that their lines would fill the memory.

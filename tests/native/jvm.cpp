@@ -6,7 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
+#include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -75,18 +77,11 @@ JNIEnv* real_env() {
 
 std::vector<std::string> take_jni_warnings() {
   const std::lock_guard<std::mutex> lock(output_mutex);
+  std::istringstream lines(std::exchange(output, {}));
   std::vector<std::string> warnings;
-  size_t start = 0;
-  while (start < output.size()) {
-    size_t end = output.find('\n', start);
-    if (end == std::string::npos) end = output.size();
-    std::string line = output.substr(start, end - start);
-    if (starts_with(line, "WARNING") || starts_with(line, "Warning")) {
-      warnings.push_back(std::move(line));
-    }
-    start = end + 1;
+  for (std::string line; std::getline(lines, line);) {
+    if (starts_with(line, "WARNING") || starts_with(line, "Warning")) warnings.push_back(line);
   }
-  output.clear();
   return warnings;
 }
 

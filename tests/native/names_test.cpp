@@ -14,23 +14,15 @@ class NamesTest : public NativeTest {
   template <typename Native>
   std::string names(Native native) {
     jobject list = java.list();
-    EXPECT_EQ(call(native, java.instance(), java.outline(), java.text("Year"), list), 0);
+    EXPECT_EQ(on_outline(native, "Year", list), 0);
     EXPECT_EQ(live_strings, 0);
     return java.elements(list);
   }
   // Setters of the objects that a listing of all dimensions makes.
   template <typename Native>
-  std::vector<std::string> defined(Native native) {
-    EXPECT_EQ(call(native, java.instance(), java.outline(), java.list()), 0);
-    std::vector<std::string> setters;
-    for (const std::string& line : java_calls()) {
-      if (line.find(".set") != std::string::npos) setters.push_back(line);
-    }
-    return setters;
-  }
-  jint enable(const char* name, jshort generation, jboolean on) {
-    return call(NATIVE(enableDTSMember), java.instance(), java.outline(), java.text(name),
-                generation, on);
+  std::vector<std::string> defined(Native native, const std::string& receiver) {
+    EXPECT_EQ(on_outline(native, java.list()), 0);
+    return calls_of(receiver + '.');
   }
 };
 
@@ -54,52 +46,40 @@ TEST_F(NamesTest, PlainListsAskForOptionZeroAndExtendedOnesForOne) {
 
 TEST_F(NamesTest, ListsOfAllDimensionsSkipGenerationZeroAndKeepLevelZero) {
   api().generations["Pack"] = {{3, "Sizes"}};
-  const std::vector<std::string> generations = {"DefinedGeneration.setDimension(\"Year\")",
-                                                "DefinedGeneration.setName(\"Years\")",
-                                                "DefinedGeneration.setNumber(1)",
-                                                "DefinedGeneration.setDimension(\"Year\")",
-                                                "DefinedGeneration.setName(\"Quarters\")",
-                                                "DefinedGeneration.setNumber(2)",
-                                                "DefinedGeneration.setDimension(\"Pack\")",
-                                                "DefinedGeneration.setName(\"Sizes\")",
-                                                "DefinedGeneration.setNumber(3)"};
-  EXPECT_EQ(defined(NATIVE(getAllGenerations)), generations);
-  EXPECT_EQ(defined(NATIVE(getAllGenerationsQuery)), generations);
-  const std::vector<std::string> levels = {"DefinedLevel.setDimension(\"Year\")",
-                                           "DefinedLevel.setName(\"Months\")",
-                                           "DefinedLevel.setNumber(0)",
-                                           "DefinedLevel.setDimension(\"Year\")",
-                                           "DefinedLevel.setName(\"Quarter level\")",
-                                           "DefinedLevel.setNumber(1)"};
-  EXPECT_EQ(defined(NATIVE(getAllLevels)), levels);
-  EXPECT_EQ(defined(NATIVE(getAllLevelsQuery)), levels);
+  const auto generations =
+      ElementsAre("setDimension(\"Year\")", "setName(\"Years\")", "setNumber(1)",
+                  "setDimension(\"Year\")", "setName(\"Quarters\")", "setNumber(2)",
+                  "setDimension(\"Pack\")", "setName(\"Sizes\")", "setNumber(3)");
+  EXPECT_THAT(defined(NATIVE(getAllGenerations), "DefinedGeneration"), generations);
+  EXPECT_THAT(defined(NATIVE(getAllGenerationsQuery), "DefinedGeneration"), generations);
+  const auto levels =
+      ElementsAre("setDimension(\"Year\")", "setName(\"Months\")", "setNumber(0)",
+                  "setDimension(\"Year\")", "setName(\"Quarter level\")", "setNumber(1)");
+  EXPECT_THAT(defined(NATIVE(getAllLevels), "DefinedLevel"), levels);
+  EXPECT_THAT(defined(NATIVE(getAllLevelsQuery), "DefinedLevel"), levels);
 }
 
 TEST_F(NamesTest, AWalkForgetsADimensionsFailureAndAQueryReportsTheLast) {
   jobject list = java.list();
   api().fail_function("OlvOtlGetGenNamesEx", 77);
-  EXPECT_EQ(call(NATIVE(getAllGenerations), java.instance(), java.outline(), list), 0);
-  EXPECT_EQ(call(NATIVE(getAllGenerationsQuery), java.instance(), java.outline(), list), 77);
+  EXPECT_EQ(on_outline(NATIVE(getAllGenerations), list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getAllGenerationsQuery), list), 77);
   EXPECT_EQ(java.number(list, "size"), 0);
 }
 
 TEST_F(NamesTest, CreationAndDeletionPassUnsignedNumbers) {
-  jobject inst = java.instance();
-  jobject outline = java.outline();
-  jstring year = java.text("Year");
-  EXPECT_EQ(call(NATIVE(createGeneration), inst, outline, year, java.text("New"), -1), 0);
-  EXPECT_EQ(call(NATIVE(createLevel), inst, outline, year, java.text("New"), 0), 0);
-  EXPECT_EQ(call(NATIVE(deleteGeneration), inst, outline, year, 2), 0);
-  EXPECT_EQ(call(NATIVE(deleteLevel), inst, outline, year, -2), 0);
+  EXPECT_EQ(on_outline(NATIVE(createGeneration), "Year", "New", -1), 0);
+  EXPECT_EQ(on_outline(NATIVE(createLevel), "Year", "New", 0), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteGeneration), "Year", 2), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteLevel), "Year", -2), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlSetGenName(outline, \"Year\", 65535, \"New\")",
                                        "OlvOtlSetLevelName(outline, \"Year\", 0, \"New\")",
                                        "OlvOtlDeleteGenName(outline, \"Year\", 2)",
                                        "OlvOtlDeleteLevelName(outline, \"Year\", 65534)"));
-  jstring empty = java.text("");
-  EXPECT_EQ(call(NATIVE(createGeneration), inst, outline, empty, year, 1), 0);
-  EXPECT_EQ(call(NATIVE(createLevel), inst, outline, year, empty, 1), 0);
-  EXPECT_EQ(call(NATIVE(deleteGeneration), inst, outline, empty, 1), 0);
-  EXPECT_EQ(call(NATIVE(deleteLevel), inst, outline, empty, 1), 0);
+  EXPECT_EQ(on_outline(NATIVE(createGeneration), "", "New", 1), 0);
+  EXPECT_EQ(on_outline(NATIVE(createLevel), "Year", "", 1), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteGeneration), "", 1), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteLevel), "", 1), 0);
   EXPECT_THAT(api_calls(), IsEmpty());
 }
 
@@ -107,19 +87,19 @@ TEST_F(NamesTest, CreationAndDeletionPassUnsignedNumbers) {
 
 TEST_F(NamesTest, EnabledEntriesComeAsNames) {
   jobject list = java.list();
-  EXPECT_EQ(call(NATIVE(getDTSMembers), java.instance(), java.outline(), list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getDTSMembers), list), 0);
   EXPECT_EQ(java.elements(list), "[Y-T-D, Q-T-D]");
   EXPECT_EQ(live_strings, 0);
   api().time_series.clear();
-  EXPECT_EQ(call(NATIVE(getDTSMembers), java.instance(), java.outline(), list), 0);
-  EXPECT_EQ(call(NATIVE(getDTSMembersEx), java.instance(), java.outline(), list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getDTSMembers), list), 0);
+  EXPECT_EQ(on_outline(NATIVE(getDTSMembersEx), list), 0);
   EXPECT_EQ(java.number(list, "size"), 2);
 }
 
 TEST_F(NamesTest, EnabledEntriesComeWithTheirAliases) {
   api().time_series.erase(api().time_series.begin());
   api().time_series[0].generation = -2;
-  EXPECT_EQ(call(NATIVE(getDTSMembersEx), java.instance(), java.outline(), java.list()), 0);
+  EXPECT_EQ(on_outline(NATIVE(getDTSMembersEx), java.list()), 0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_THAT(
       java_calls(),
@@ -130,15 +110,15 @@ TEST_F(NamesTest, EnabledEntriesComeWithTheirAliases) {
                   "DynamicTimeSeries.setAlias(\"Codes\", \"\")",
                   "ArrayList.add(DynamicTimeSeries)"));
   api().fail_function("OlvOtlGetDTSMemberAlias", 77, 3);
-  EXPECT_EQ(call(NATIVE(getDTSMembersEx), java.instance(), java.outline(), java.list()), 0);
+  EXPECT_EQ(on_outline(NATIVE(getDTSMembersEx), java.list()), 0);
   EXPECT_THAT(java_calls(), Not(Contains(HasSubstr("Codes"))));
 }
 
 TEST_F(NamesTest, EnablingDisablesTheSameEntryWhereverItStands) {
-  EXPECT_EQ(enable("Q-T-D", 3, JNI_TRUE), 0);
-  EXPECT_EQ(enable("New", 4, JNI_TRUE), 0);
-  EXPECT_EQ(enable("Y-T-D", 1, JNI_FALSE), 0);
-  EXPECT_EQ(enable("", 1, JNI_TRUE), 0);
+  EXPECT_EQ(on_outline(NATIVE(enableDTSMember), "Q-T-D", 3, JNI_TRUE), 0);
+  EXPECT_EQ(on_outline(NATIVE(enableDTSMember), "New", 4, JNI_TRUE), 0);
+  EXPECT_EQ(on_outline(NATIVE(enableDTSMember), "Y-T-D", 1, JNI_FALSE), 0);
+  EXPECT_EQ(on_outline(NATIVE(enableDTSMember), "", 1, JNI_TRUE), 0);
   EXPECT_THAT(
       api_calls(),
       ElementsAre("OlvOtlGetEnabledDTSMembers(outline)",
@@ -150,29 +130,19 @@ TEST_F(NamesTest, EnablingDisablesTheSameEntryWhereverItStands) {
 }
 
 TEST_F(NamesTest, AliasCallsSwapTheirSecondAndThirdText) {
-  const auto set = [&](const char* first, const char* second, const char* third) {
-    return call(NATIVE(setDTSMemberAlias), java.instance(), java.outline(), java.text(first),
-                java.text(second), java.text(third));
-  };
-  EXPECT_EQ(set("a", "b", "c"), 0);
-  EXPECT_EQ(set("", "b", "c"), 0);
-  EXPECT_EQ(set("a", "", "c"), 0);
-  EXPECT_EQ(set("a", "b", ""), 0);
-  EXPECT_EQ(call(NATIVE(deleteDTSMemberAlias), java.instance(), java.outline(), java.text("a"),
-                 java.text("b")),
-            0);
-  EXPECT_EQ(call(NATIVE(deleteDTSMemberAlias), java.instance(), java.outline(), java.text("a"),
-                 java.text("")),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(setDTSMemberAlias), "a", "b", "c"), 0);
+  EXPECT_EQ(on_outline(NATIVE(setDTSMemberAlias), "", "b", "c"), 0);
+  EXPECT_EQ(on_outline(NATIVE(setDTSMemberAlias), "a", "", "c"), 0);
+  EXPECT_EQ(on_outline(NATIVE(setDTSMemberAlias), "a", "b", ""), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteDTSMemberAlias), "a", "b"), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteDTSMemberAlias), "a", ""), 0);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlSetDTSMemberAlias(outline, \"a\", \"c\", \"b\")",
                                        "OlvOtlDeleteDTSMemberAlias(outline, \"a\", \"b\")"));
 }
 
 TEST_F(NamesTest, LatestMembersAreAskedForByPattern) {
   jobject list = java.list();
-  EXPECT_EQ(
-      call(NATIVE(listDTSLatestMembers), java.instance(), java.outline(), java.text("Year"), list),
-      0);
+  EXPECT_EQ(on_outline(NATIVE(listDTSLatestMembers), "Year", list), 0);
   EXPECT_EQ(java.elements(list), "[Jan, Feb, Qtr2]");
   EXPECT_EQ(live_strings, 0);
   const std::vector<std::string> calls = api_calls();
@@ -182,17 +152,13 @@ TEST_F(NamesTest, LatestMembersAreAskedForByPattern) {
   EXPECT_EQ(calls[2], "OlvFree(inst, member record)");
   api().fail_function("OlvOtlGetMemberInfo", 77, 2);
   jobject second = java.list();
-  EXPECT_EQ(call(NATIVE(listDTSLatestMembers), java.instance(), java.outline(), java.text("Year"),
-                 second),
-            77);
+  EXPECT_EQ(on_outline(NATIVE(listDTSLatestMembers), "Year", second), 77);
   EXPECT_EQ(java.elements(second), "[Jan]");
 }
 
 TEST_F(NamesTest, LatestMembersOfALongDimensionName) {
   const std::string name(1000, 'n');
-  EXPECT_EQ(call(NATIVE(listDTSLatestMembers), java.instance(), java.outline(),
-                 java.text(name.c_str()), java.list()),
-            0);
+  EXPECT_EQ(on_outline(NATIVE(listDTSLatestMembers), name, java.list()), 0);
   EXPECT_THAT(api_calls().front(), HasSubstr("pattern1=\"lev0," + name + '"'));
 }
 

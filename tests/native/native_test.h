@@ -28,17 +28,12 @@ inline std::string temporary_path(const std::string& name) {
   return testing::TempDir() + "kepotl_" + std::to_string(getpid()) + '_' + name;
 }
 
-// Keeps a parameter out of template argument deduction.
-template <typename T>
-struct AsGiven {
-  using type = T;
-};
-
 class NativeTest : public testing::Test {
  protected:
   void SetUp() override {
     api().reset();
     journal().clear();
+    journal().take_faults();
     env_->PushLocalFrame(4096);
   }
 
@@ -55,19 +50,24 @@ class NativeTest : public testing::Test {
     EXPECT_EQ(api().open_outlines, expected_outlines);
   }
 
-  // Calls a native method and ends its watch. Journal lines and faults of earlier calls stay.
-  template <typename Result, typename... Parameters>
-  Result call(Result(JNICALL* native)(JNIEnv*, jclass, Parameters...),
-              typename AsGiven<Parameters>::type... arguments) {
+  // Calls a native method and ends its watch; arguments as JavaObjects::argument takes them.
+  // Journal lines and faults of earlier calls stay.
+  template <typename Result, typename... Parameters, typename... Arguments>
+  Result call(Result(JNICALL* native)(JNIEnv*, jclass, Parameters...), Arguments... arguments) {
     JniProbe probe(env_);
     probe.has_memory = has_memory;
-    const Result result = native(&probe, nullptr, arguments...);
+    const Result result = native(&probe, nullptr, java.argument<Parameters>(arguments)...);
     live_strings = probe.live_strings();
     probe.finish();
     if (!probe.exception().empty() && !exceptions_allowed) {
       journal().fault("Pending exception: " + probe.exception());
     }
     return result;
+  }
+  // The same on the sample outline, for methods that take the instance and the outline first.
+  template <typename Native, typename... Arguments>
+  jint on_outline(Native native, Arguments... arguments) {
+    return call(native, java.instance(), java.outline(), arguments...);
   }
 
   // The API calls, the Java calls but for the reading of handles, or all lines, since the last
@@ -82,6 +82,18 @@ class NativeTest : public testing::Test {
     return lines;
   }
   std::vector<std::string> all_calls() { return take(journal().all_lines()); }
+  // Of all lines since the last take, those that start with `prefix`, without it.
+  std::vector<std::string> calls_of(const std::string& prefix) {
+    return rests(all_calls(), prefix);
+  }
+  static std::vector<std::string> rests(const std::vector<std::string>& lines,
+                                        const std::string& prefix) {
+    std::vector<std::string> found;
+    for (const std::string& line : lines) {
+      if (line.rfind(prefix, 0) == 0) found.push_back(line.substr(prefix.size()));
+    }
+    return found;
+  }
 
   // What must be held when the case is over; a case that opens or locks says so here.
   std::set<std::string> expected_locks = {"App/Db/Db"};
@@ -98,11 +110,7 @@ class NativeTest : public testing::Test {
 
  private:
   static std::vector<std::string> take(std::vector<std::string> lines) {
-    const std::vector<std::string> faults = journal().faults();
     journal().clear();
-    for (const std::string& fault : faults) journal().fault(fault);
     return lines;
   }
 };
-
-using Lines = std::vector<std::string>;

@@ -15,7 +15,7 @@ class FindTest : public NativeTest {
   void set_int(const char* setter, jint value) { java.set(request, setter, "(I)V", value); }
   void set_short(const char* setter, jshort value) { java.set(request, setter, "(S)V", value); }
   void set_flag(const char* setter, bool on) {
-    java.set(request, setter, "(Z)V", static_cast<jboolean>(on ? JNI_TRUE : JNI_FALSE));
+    java.set(request, setter, "(Z)V", static_cast<jboolean>(on));
   }
   void set_text(const char* setter, const char* text) {
     java.set(request, setter, "(Ljava/lang/String;)V", java.text(text));
@@ -28,13 +28,10 @@ class FindTest : public NativeTest {
   // Runs one batch and gives the names of the members it found.
   std::vector<std::string> find() {
     journal().clear();
-    EXPECT_EQ(call(NATIVE(findRequest), java.instance(), java.outline(), request, java.list()), 0);
-    std::vector<std::string> names;
-    for (const std::string& line : journal().lines(Entry::kJava)) {
-      const std::string prefix = "DefaultMember.setName(\"";
-      if (line.rfind(prefix, 0) != 0) continue;
-      names.push_back(line.substr(prefix.size(), line.size() - prefix.size() - 2));
-    }
+    EXPECT_EQ(on_outline(NATIVE(findRequest), request, java.list()), 0);
+    std::vector<std::string> names =
+        rests(journal().lines(Entry::kJava), "DefaultMember.setName(\"");
+    for (std::string& name : names) name.resize(name.size() - 2);
     return names;
   }
   std::string progress() {
@@ -197,9 +194,8 @@ class PathTest : public NativeTest {
   std::vector<std::string> paths(const char* text, const char* table = nullptr,
                                  bool match_case = false, bool whole_word = false) {
     journal().clear();
-    status = call(NATIVE(findMemberQuery), java.outline(), java.text(text),
-                  table == nullptr ? nullptr : java.text(table), static_cast<jboolean>(match_case),
-                  static_cast<jboolean>(whole_word), java.list());
+    status = call(NATIVE(findMemberQuery), java.outline(), text, table, match_case, whole_word,
+                  java.list());
     std::vector<std::string> found;
     std::string path;
     for (const std::string& line : journal().lines(Entry::kJava)) {

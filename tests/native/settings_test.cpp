@@ -11,13 +11,16 @@ using testing::Not;
 
 class SettingsTest : public NativeTest {
  protected:
-  template <typename Native>
-  jint update_code(Native native, const char* class_name, jshort value) {
-    return call(native, java.instance(), java.outline(), java.code(class_name, value));
+  jint read_info() {
+    return call(NATIVE(getOutlineInfo), java.outline(),
+                java.make("defs/outline/OutlineInformation"));
   }
-  template <typename Native>
-  jint update_text(Native native, const char* text) {
-    return call(native, java.instance(), java.outline(), java.text(text));
+  jint read_settings() {
+    return on_outline(NATIVE(getSettings), java.make("defs/outline/OutlineSettings"));
+  }
+  jint read_specs() {
+    return call(NATIVE(getAttributeSpecs), java.outline(),
+                java.make("defs/outline/AttributeSpecification"));
   }
 };
 
@@ -26,9 +29,7 @@ class SettingsTest : public NativeTest {
 TEST_F(SettingsTest, OlderReaderSendsWholeBytesAndReleasesWithoutInstance) {
   api().info.configureFlags = 2;
   api().info.outlineType = -5;
-  EXPECT_EQ(
-      call(NATIVE(getOutlineInfo), java.outline(), java.make("defs/outline/OutlineInformation")),
-      0);
+  EXPECT_EQ(read_info(), 0);
   // Whatever bit is set, Java sees true.
   EXPECT_THAT(journal().lines(Entry::kJava),
               ElementsAre("OutlineHandle.getValue()", "OutlineInformation.setAutoConfigure(2)",
@@ -44,9 +45,7 @@ TEST_F(SettingsTest, OlderReaderSendsWholeBytesAndReleasesWithoutInstance) {
 TEST_F(SettingsTest, NewerReaderSeparatesFlagsAndMarksTheDefaultTable) {
   api().info.configureFlags = 2;
   api().alias_tables = {"Default", std::string(30, 't')};
-  EXPECT_EQ(call(NATIVE(getSettings), java.instance(), java.outline(),
-                 java.make("defs/outline/OutlineSettings")),
-            0);
+  EXPECT_EQ(read_settings(), 0);
   EXPECT_THAT(
       java_calls(),
       ElementsAre("OutlineSettings.setAutoConfigure(false)", HasSubstr("setProvideWarnings("),
@@ -60,47 +59,34 @@ TEST_F(SettingsTest, NewerReaderSeparatesFlagsAndMarksTheDefaultTable) {
 
 TEST_F(SettingsTest, WithoutAliasTablesNoneIsAdded) {
   api().alias_tables.clear();
-  EXPECT_EQ(
-      call(NATIVE(getOutlineInfo), java.outline(), java.make("defs/outline/OutlineInformation")),
-      0);
-  EXPECT_EQ(call(NATIVE(getSettings), java.instance(), java.outline(),
-                 java.make("defs/outline/OutlineSettings")),
-            0);
+  EXPECT_EQ(read_info(), 0);
+  EXPECT_EQ(read_settings(), 0);
   EXPECT_THAT(java_calls(), Not(Contains(HasSubstr("AliasTable"))));
 }
 
 TEST_F(SettingsTest, SpecificationsGoThroughSettersInOrderAndNullNamesAreSkipped) {
-  EXPECT_EQ(call(NATIVE(getAttributeSpecs), java.outline(),
-                 java.make("defs/outline/AttributeSpecification")),
-            0);
-  std::vector<std::string> calls = java_calls();
-  for (std::string& line : calls) line = line.substr(line.find('.') + 1);
-  EXPECT_THAT(calls, ElementsAre("setUseNameOf(2)", "setGenNameBy(1)", "setNameDelimiter(-3)",
-                                 "setCalcDimensionName(\"Attribute Calculations\")",
-                                 "setCalcSumName(\"Sum\")", "setCalcCountName(\"Count\")",
-                                 "setCalcMinimumName(\"Min\")", "setCalcAverageName(\"Avg\")",
-                                 "setBooleanNameTrue(\"True\")", "setBooleanNameFalse(\"False\")",
-                                 "setDateMemberName(4)", "setNumericBound(5)"));
-  EXPECT_EQ(call(NATIVE(getAttributeSpecs), java.outline(),
-                 java.make("defs/outline/AttributeSpecification")),
-            0);
-  EXPECT_THAT(api_calls(),
+  EXPECT_EQ(read_specs(), 0);
+  EXPECT_THAT(journal().lines(Entry::kApi),
               ElementsAre("OlvOtlGetAttributeSpecifications(outline)",
                           "OlvOtlFreeStructure(outline, 1, 92, attribute specification)"));
+  EXPECT_THAT(
+      calls_of("AttributeSpecification."),
+      ElementsAre("setUseNameOf(2)", "setGenNameBy(1)", "setNameDelimiter(-3)",
+                  "setCalcDimensionName(\"Attribute Calculations\")", "setCalcSumName(\"Sum\")",
+                  "setCalcCountName(\"Count\")", "setCalcMinimumName(\"Min\")",
+                  "setCalcAverageName(\"Avg\")", "setBooleanNameTrue(\"True\")",
+                  "setBooleanNameFalse(\"False\")", "setDateMemberName(4)", "setNumericBound(5)"));
 }
 
 TEST_F(SettingsTest, FailedSpecificationReadReleasesTheNullRecord) {
   api().fail_call(1, 77);
-  EXPECT_EQ(call(NATIVE(getAttributeSpecs), java.outline(),
-                 java.make("defs/outline/AttributeSpecification")),
-            77);
+  EXPECT_EQ(read_specs(), 77);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlGetAttributeSpecifications(outline)",
                                        "OlvOtlFreeStructure(outline, 1, 92, null)"));
 }
 
 TEST_F(SettingsTest, SpecificationObjectsComeBeforeTheTexts) {
-  EXPECT_EQ(call(NATIVE(getAttributeSpecsEx), java.instance(), java.outline(),
-                 java.make("defs/outline/AttributeSettings")),
+  EXPECT_EQ(on_outline(NATIVE(getAttributeSpecsEx), java.make("defs/outline/AttributeSettings")),
             0);
   EXPECT_THAT(
       java_calls(),
@@ -123,43 +109,31 @@ TEST_F(SettingsTest, SpecificationObjectsComeBeforeTheTexts) {
 // ---- Changing ----
 
 TEST_F(SettingsTest, InfoUpdatesChangeOneFieldAndKeepTheWarningsBit) {
-  for (jboolean on : {jboolean{JNI_TRUE}, jboolean{JNI_FALSE}, jboolean{2}}) {
-    call(NATIVE(updateAutoConfigure), java.instance(), java.outline(), on);
-    call(NATIVE(updateCaseSensitivity), java.instance(), java.outline(), on);
+  for (int on : {1, 0, 2}) {
+    on_outline(NATIVE(updateAutoConfigure), on);
+    on_outline(NATIVE(updateCaseSensitivity), on);
   }
-  std::vector<std::string> written;
-  for (const std::string& line : api_calls()) {
-    if (line.find("Set") != std::string::npos) written.push_back(line);
-  }
-  EXPECT_THAT(written, ElementsAre("OlvOtlSetOutlineInfoEx(outline, {})",
-                                   "OlvOtlSetOutlineInfoEx(outline, {caseSensitive=1})",
-                                   "OlvOtlSetOutlineInfoEx(outline, {configureFlags=2})",
-                                   "OlvOtlSetOutlineInfoEx(outline, {caseSensitive=0})",
-                                   "OlvOtlSetOutlineInfoEx(outline, {configureFlags=3})",
-                                   "OlvOtlSetOutlineInfoEx(outline, {caseSensitive=1})"));
+  EXPECT_THAT(calls_of("OlvOtlSetOutlineInfoEx(outline, "),
+              ElementsAre("{})", "{caseSensitive=1})", "{configureFlags=2})", "{caseSensitive=0})",
+                          "{configureFlags=3})", "{caseSensitive=1})"));
 }
 
 TEST_F(SettingsTest, EachSpecificationUpdateChangesItsOwnField) {
-  update_code(NATIVE(updateLongnameConstructor), "LongNameConstructor", 11);
-  update_code(NATIVE(updateLongnameSource), "LongNameSource", -12);
-  update_code(NATIVE(updateLongnameDelimiter), "LongNameDelimiter", 256);
-  update_code(NATIVE(updateLongnameDelimiter), "LongNameDelimiter", -1);
-  update_code(NATIVE(updateDateFormat), "AttributeDateFormat", 14);
-  update_code(NATIVE(updateBucketingType), "BucketingType", 15);
-  update_text(NATIVE(updateBooleanNameTrue), "a");
-  update_text(NATIVE(updateBooleanNameFalse), "b");
-  update_text(NATIVE(updateCalcDimName), "c");
-  update_text(NATIVE(updateSumMemberName), "");
-  update_text(NATIVE(updateCountMemberName), "e");
-  update_text(NATIVE(updateAverageMemberName), "f");
-  update_text(NATIVE(updateMinimumMemberName), "g");
-  update_text(NATIVE(updateMaximumMemberName), "h");
-  std::vector<std::string> changes;
-  const std::string prefix = "OlvOtlSetAttributeSpecifications(outline, ";
-  for (const std::string& line : api_calls()) {
-    if (line.rfind(prefix, 0) == 0) changes.push_back(line.substr(prefix.size()));
-  }
-  EXPECT_THAT(changes,
+  on_outline(NATIVE(updateLongnameConstructor), java.code("LongNameConstructor", 11));
+  on_outline(NATIVE(updateLongnameSource), java.code("LongNameSource", -12));
+  on_outline(NATIVE(updateLongnameDelimiter), java.code("LongNameDelimiter", 256));
+  on_outline(NATIVE(updateLongnameDelimiter), java.code("LongNameDelimiter", -1));
+  on_outline(NATIVE(updateDateFormat), java.code("AttributeDateFormat", 14));
+  on_outline(NATIVE(updateBucketingType), java.code("BucketingType", 15));
+  on_outline(NATIVE(updateBooleanNameTrue), "a");
+  on_outline(NATIVE(updateBooleanNameFalse), "b");
+  on_outline(NATIVE(updateCalcDimName), "c");
+  on_outline(NATIVE(updateSumMemberName), "");
+  on_outline(NATIVE(updateCountMemberName), "e");
+  on_outline(NATIVE(updateAverageMemberName), "f");
+  on_outline(NATIVE(updateMinimumMemberName), "g");
+  on_outline(NATIVE(updateMaximumMemberName), "h");
+  EXPECT_THAT(calls_of("OlvOtlSetAttributeSpecifications(outline, "),
               ElementsAre("{longNameConstructor=11})", "{longNameSource=-12})",
                           "{longNameDelimiter=0})", "{longNameDelimiter=-1})", "{dateFormat=14})",
                           "{bucketingType=15})", "{trueName=\"a\"})", "{falseName=\"b\"})",
@@ -168,31 +142,26 @@ TEST_F(SettingsTest, EachSpecificationUpdateChangesItsOwnField) {
 }
 
 TEST_F(SettingsTest, UpdatesReadTheValueOnlyAfterTheRecord) {
-  EXPECT_EQ(update_text(NATIVE(updateSumMemberName), "New"), 0);
+  EXPECT_EQ(on_outline(NATIVE(updateSumMemberName), "New"), 0);
   EXPECT_THAT(all_calls(),
               ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
                           "OlvOtlGetAttributeSpecifications(outline)", "chars(\"New\")",
                           "OlvOtlSetAttributeSpecifications(outline, {sumName=\"New\"})",
                           "release(\"New\")", "OlvFree(inst, attribute specification)"));
   api().fail_call(1, 77);
-  EXPECT_EQ(update_code(NATIVE(updateDateFormat), "AttributeDateFormat", 1), 77);
+  EXPECT_EQ(on_outline(NATIVE(updateDateFormat), java.code("AttributeDateFormat", 1)), 77);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
 // ---- Alias tables ----
 
 TEST_F(SettingsTest, AliasTableCallsSwapTheTwoNames) {
-  const auto two = [&](jint (*native)(JNIEnv*, jclass, jobject, jobject, jstring, jstring)) {
-    return call(native, java.instance(), java.outline(), java.text("Codes"), java.text("B"));
-  };
-  EXPECT_EQ(two(NATIVE(renameAliasTable)), 0);
-  EXPECT_EQ(call(NATIVE(copyAliasTable), java.instance(), java.outline(), java.text("Codes"),
-                 java.text("B"), jboolean{JNI_TRUE}),
-            0);
-  EXPECT_EQ(update_text(NATIVE(createAliasTable), "Codes"), kStatusAliasTableExists);
-  EXPECT_EQ(update_text(NATIVE(createAliasTable), ""), 0);
-  EXPECT_EQ(update_text(NATIVE(clearAliasTable), "Codes"), 0);
-  EXPECT_EQ(update_text(NATIVE(deleteAliasTable), "None"), kNoSuchTable);
+  EXPECT_EQ(on_outline(NATIVE(renameAliasTable), "Codes", "B"), 0);
+  EXPECT_EQ(on_outline(NATIVE(copyAliasTable), "Codes", "B", JNI_TRUE), 0);
+  EXPECT_EQ(on_outline(NATIVE(createAliasTable), "Codes"), kStatusAliasTableExists);
+  EXPECT_EQ(on_outline(NATIVE(createAliasTable), ""), 0);
+  EXPECT_EQ(on_outline(NATIVE(clearAliasTable), "Codes"), 0);
+  EXPECT_EQ(on_outline(NATIVE(deleteAliasTable), "None"), kNoSuchTable);
   EXPECT_THAT(api_calls(), ElementsAre("OlvOtlRenameAliasTable(outline, \"B\", \"Codes\")",
                                        "OlvOtlCopyAliasTable(outline, \"B\", \"Codes\", 1)",
                                        "OlvOtlCreateAliasTable(outline, \"Codes\")",
@@ -202,10 +171,8 @@ TEST_F(SettingsTest, AliasTableCallsSwapTheTwoNames) {
 }
 
 TEST_F(SettingsTest, AliasTableCallsReadNoNamesWithoutAnOutline) {
-  EXPECT_EQ(call(NATIVE(createAliasTable), java.instance(), java.outline(0), java.text("x")), 0);
-  EXPECT_EQ(call(NATIVE(copyAliasTable), java.instance(), java.outline(0), java.text("x"),
-                 java.text("y"), jboolean{JNI_FALSE}),
-            0);
+  EXPECT_EQ(call(NATIVE(createAliasTable), java.instance(), java.outline(0), "x"), 0);
+  EXPECT_EQ(call(NATIVE(copyAliasTable), java.instance(), java.outline(0), "x", "y", JNI_FALSE), 0);
   EXPECT_THAT(journal().lines(Entry::kText), IsEmpty());
 }
 

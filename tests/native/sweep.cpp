@@ -8,24 +8,17 @@
 
 namespace {
 
+using Kind = Substitution::Kind;
+
 constexpr int kInjected = 4242;
+constexpr jint kUnknown = 0x70000001;  // a handle that nothing has
 
 // Longer than every fixed field, and a byte longer than a name.
 std::string too_long() {
   return std::string(kMaxMemberName + 1, 'n');
 }
 
-std::vector<SweepCase> all_cases() {
-  std::vector<SweepCase> all;
-  for (std::vector<SweepCase> family :
-       {lifecycle_cases(), browse_cases(), settings_cases(), edit_cases(), other_cases()}) {
-    all.insert(all.end(), family.begin(), family.end());
-  }
-  return all;
-}
-
 struct Outcome {
-  bool applied = true;
   long result = 0;
   std::string exception;
   std::vector<std::string> functions;  // API functions called
@@ -46,20 +39,20 @@ class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCas
   }
 
   // Runs the entry on a fresh sample outline and checks what must hold whatever happens.
-  Outcome run(const Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false) {
+  Outcome run(Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false) {
     api().reset();
     journal().clear();
     env_->PushLocalFrame(512);
     if (fail_at != 0) api().fail_call(fail_at, kInjected, onwards);
     Outcome outcome;
     JniProbe probe(env_);
-    outcome.applied = GetParam().run(&probe, java, substitution, &outcome.result);
+    outcome.result = GetParam().run(&probe, java, substitution);
     probe.finish();
     outcome.exception = probe.exception();
     outcome.functions = api().called();
     outcome.locks = api().locks;
     outcome.outlines = api().open_outlines;
-    EXPECT_THAT(journal().faults(), testing::IsEmpty());
+    EXPECT_THAT(journal().take_faults(), testing::IsEmpty());
     EXPECT_THAT(api().blocks_outstanding(), testing::IsEmpty());
     env_->PopLocalFrame(nullptr);
     return outcome;
@@ -110,25 +103,21 @@ TEST_P(SweepTest, EachCallFailingFromThereOn) {
 }
 
 TEST_P(SweepTest, EachArgumentMissingOrWrong) {
-  using Kind = Substitution::Kind;
   const Outcome clean = run();
   for (size_t index = 0; index < GetParam().parameters; ++index) {
-    env_->PushLocalFrame(64);
-    const bool is_outline = GetParam().is_outline(java, index);
-    env_->PopLocalFrame(nullptr);
     for (Kind kind : {Kind::kNull, Kind::kNoMethods, Kind::kZeroHandle, Kind::kUnknownHandle,
                       Kind::kEmpty, Kind::kLong}) {
       SCOPED_TRACE("argument " + std::to_string(index) + ", substitution " +
                    std::to_string(static_cast<int>(kind)));
-      const Substitution substitution = {index, kind};
+      Substitution substitution = {index, kind};
       const Outcome outcome = run(&substitution);
-      if (!outcome.applied) continue;
+      if (!substitution.applied) continue;
       expect_nothing_kept(outcome, clean);
       // Only an object without the methods that it needs leaves an exception to Java.
       if (kind != Kind::kNoMethods) {
         EXPECT_EQ(outcome.exception, "");
       }
-      if (is_outline && kind != Kind::kUnknownHandle) {
+      if (substitution.of_outline && kind != Kind::kUnknownHandle) {
         EXPECT_EQ(outcome.result, GetParam().without_outline);
         EXPECT_THAT(outcome.functions, testing::IsEmpty());
       }
@@ -148,59 +137,36 @@ TEST(SweepTable, HoldsEveryNativeMethodOnce) {
 
 // ---- Substitutions ----
 
-bool is_open_outline(JavaObjects& java, jobject argument) {
-  return java.is(argument, "api/OutlineHandle") && java.number(argument, "getValue") != 0;
-}
-
-bool substitute(JNIEnv* env, JavaObjects& java, Substitution::Kind kind, jobject* argument) {
-  switch (kind) {
-    case Substitution::Kind::kNull:
-      *argument = nullptr;
-      return true;
-    case Substitution::Kind::kNoMethods: {
-      jclass type = env->FindClass("java/lang/Object");
-      *argument = env->NewObject(type, env->GetMethodID(type, "<init>", "()V"));
-      return true;
-    }
-    case Substitution::Kind::kZeroHandle:
-    case Substitution::Kind::kUnknownHandle: {
-      if (!java.is(*argument, "api/Handle")) return false;
-      // An unknown instance would be the caller's fault, not the library's.
-      const bool unknown = kind == Substitution::Kind::kUnknownHandle;
-      if (unknown && java.is(*argument, "api/InstanceHandle")) return false;
-      java.set(*argument, "setValue", "(I)V", jint{unknown ? 0x70000001 : 0});
-      return true;
-    }
-    default:
-      return false;
+void substitute(JavaObjects& java, Substitution& substitution, jobject* argument) {
+  const Kind kind = substitution.kind;
+  substitution.of_outline =
+      java.is(*argument, "api/OutlineHandle") && java.number(*argument, "getValue") != 0;
+  // An unknown instance would be the caller's fault, not the library's.
+  const bool is_handle = java.is(*argument, "api/Handle");
+  const bool may_be_unknown = is_handle && !java.is(*argument, "api/InstanceHandle");
+  substitution.applied = kind == Kind::kNull || kind == Kind::kNoMethods ||
+                         (kind == Kind::kZeroHandle && is_handle) ||
+                         (kind == Kind::kUnknownHandle && may_be_unknown);
+  if (!substitution.applied) return;
+  if (kind == Kind::kNull) {
+    *argument = nullptr;
+  } else if (kind == Kind::kNoMethods) {
+    *argument = real_env()->AllocObject(real_env()->FindClass("java/lang/Object"));
+  } else {
+    java.set(*argument, "setValue", "(I)V", jint{kind == Kind::kZeroHandle ? 0 : kUnknown});
   }
 }
 
-bool substitute(JNIEnv* env, JavaObjects&, Substitution::Kind kind, jstring* argument) {
-  switch (kind) {
-    case Substitution::Kind::kNull:
-      *argument = nullptr;
-      return true;
-    case Substitution::Kind::kEmpty:
-      *argument = env->NewStringUTF("");
-      return true;
-    case Substitution::Kind::kLong:
-      *argument = env->NewStringUTF(too_long().c_str());
-      return true;
-    default:
-      return false;
-  }
+void substitute(JavaObjects& java, Substitution& substitution, jstring* argument) {
+  const Kind kind = substitution.kind;
+  substitution.applied = kind == Kind::kNull || kind == Kind::kEmpty || kind == Kind::kLong;
+  if (!substitution.applied) return;
+  *argument =
+      kind == Kind::kNull ? nullptr : java.text(kind == Kind::kEmpty ? "" : too_long().c_str());
 }
 
-bool substitute(JNIEnv*, JavaObjects&, Substitution::Kind kind, jint* argument) {
-  switch (kind) {
-    case Substitution::Kind::kZeroHandle:
-      *argument = 0;
-      return true;
-    case Substitution::Kind::kUnknownHandle:
-      *argument = 0x70000001;
-      return true;
-    default:
-      return false;
-  }
+void substitute(JavaObjects&, Substitution& substitution, jint* argument) {
+  const Kind kind = substitution.kind;
+  substitution.applied = kind == Kind::kZeroHandle || kind == Kind::kUnknownHandle;
+  if (substitution.applied) *argument = kind == Kind::kZeroHandle ? 0 : kUnknown;
 }

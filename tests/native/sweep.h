@@ -22,18 +22,16 @@ struct Substitution {
   enum class Kind { kNull, kNoMethods, kZeroHandle, kUnknownHandle, kEmpty, kLong };
   size_t index;
   Kind kind;
+  bool applied = false;     // out: whether the kind fits the argument
+  bool of_outline = false;  // out: whether the argument was the wrapper of an open outline
 };
 
 struct SweepCase {
   std::string name;
   size_t parameters = 0;
-  // Makes the arguments, substitutes one if asked to, and calls. False when the substitution does
-  // not apply to the argument.
-  std::function<bool(JNIEnv* probe, JavaObjects& java, const Substitution* substitution,
-                     long* result)>
-      run;
-  // Whether an argument is the wrapper of an open outline.
-  std::function<bool(JavaObjects& java, size_t index)> is_outline;
+  // Makes the arguments, substitutes one if asked to, and calls; gives the method's answer, 0
+  // when the substitution does not apply.
+  std::function<long(JNIEnv* probe, JavaObjects& java, Substitution* substitution)> run;
   std::map<std::string, std::vector<long>> answers;  // by API function; passed on where not named
   long without_outline = 0;                          // the answer to a zero outline handle
 
@@ -62,66 +60,35 @@ inline void PrintTo(const SweepCase& entry, std::ostream* out) {
   *out << entry.name;
 }
 
-// Replaces one argument; false when the kind does not apply to it. Overloads by parameter type.
-bool substitute(JNIEnv* env, JavaObjects& java, Substitution::Kind kind, jobject* argument);
-bool substitute(JNIEnv* env, JavaObjects& java, Substitution::Kind kind, jstring* argument);
-bool substitute(JNIEnv* env, JavaObjects& java, Substitution::Kind kind, jint* argument);
+// Replaces one argument where the kind applies to it. Overloads by parameter type.
+void substitute(JavaObjects& java, Substitution& substitution, jobject* argument);
+void substitute(JavaObjects& java, Substitution& substitution, jstring* argument);
+void substitute(JavaObjects& java, Substitution& substitution, jint* argument);
 template <typename Other>
-bool substitute(JNIEnv*, JavaObjects&, Substitution::Kind, Other*) {
-  return false;
-}
+void substitute(JavaObjects&, Substitution&, Other*) {}
 
-template <typename Tuple, size_t... indices>
-bool substitute_at(JNIEnv* env, JavaObjects& java, const Substitution& substitution,
-                   Tuple* arguments, std::index_sequence<indices...>) {
-  bool applied = false;
-  ((indices == substitution.index &&
-    (applied = substitute(env, java, substitution.kind, &std::get<indices>(*arguments)))),
-   ...);
-  return applied;
-}
-
-bool is_open_outline(JavaObjects& java, jobject argument);
-template <typename Other>
-bool is_open_outline(JavaObjects&, Other) {
-  return false;
-}
-
-// An entry for a native method; `arguments` makes a tuple of good arguments.
-template <typename Result, typename... Parameters, typename Arguments>
+// An entry for a native method. Arguments are made anew for each call, as JavaObjects::argument
+// makes them.
+template <typename Result, typename... Parameters, typename... Arguments>
 SweepCase sweep_case(const char* name, Result(JNICALL* native)(JNIEnv*, jclass, Parameters...),
-                     Arguments arguments) {
-  using Tuple = std::tuple<Parameters...>;
+                     Arguments... arguments) {
   SweepCase entry;
   entry.name = name;
   entry.parameters = sizeof...(Parameters);
-  entry.run = [=](JNIEnv* probe, JavaObjects& java, const Substitution* substitution,
-                  long* result) {
-    Tuple values = arguments(java);
-    if (substitution != nullptr && !substitute_at(real_env(), java, *substitution, &values,
-                                                  std::index_sequence_for<Parameters...>())) {
-      return false;
-    }
-    *result = std::apply(
-        [&](auto... each) { return static_cast<long>(native(probe, nullptr, each...)); }, values);
-    return true;
-  };
-  entry.is_outline = [=](JavaObjects& java, size_t index) {
-    Tuple values = arguments(java);
-    size_t at = 0;
-    bool found = false;
-    std::apply(
-        [&](auto... each) { ((found |= at++ == index && is_open_outline(java, each)), ...); },
-        values);
-    return found;
+  entry.run = [=](JNIEnv* probe, JavaObjects& java, Substitution* substitution) {
+    std::tuple<Parameters...> values{java.argument<Parameters>(arguments)...};
+    const auto call = [&](auto&... each) {
+      if (substitution != nullptr) {
+        size_t index = 0;
+        ((index++ == substitution->index ? substitute(java, *substitution, &each) : void()), ...);
+        if (!substitution->applied) return 0L;
+      }
+      return static_cast<long>(native(probe, nullptr, each...));
+    };
+    return std::apply(call, values);
   };
   return entry;
 }
 
-// The entries of each family.
-std::vector<SweepCase> lifecycle_cases();
-std::vector<SweepCase> browse_cases();
-std::vector<SweepCase> settings_cases();
-std::vector<SweepCase> edit_cases();
-std::vector<SweepCase> other_cases();  // calculation scripts, generations and levels, searches,
-                                       // alias files
+// The entries of all native methods.
+std::vector<SweepCase> all_cases();

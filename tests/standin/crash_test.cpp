@@ -9,6 +9,7 @@
 #include <random>
 
 #include "tests/standin/editor.h"
+#include "tests/standin/peer.h"
 
 using namespace standin_test;
 
@@ -40,7 +41,6 @@ TEST(Crash, AKilledSaveLeavesTheOldOrTheNewOutline) {
   make_outline(folder);
   std::mt19937 random(20240229);
   int version = 0;
-  size_t leftovers = 0;
   for (int round = 0; round < kRounds && !testing::Test::HasFailure(); ++round) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
@@ -57,7 +57,6 @@ TEST(Crash, AKilledSaveLeavesTheOldOrTheNewOutline) {
     while (read(ends[0], &version, sizeof version) == sizeof version) {
     }
     close(ends[0]);
-    leftovers += temporary_files(folder);
 
     // The killed editor's lock is free, and what it was told to be stored is there.
     Editor editor(folder.string());
@@ -70,36 +69,29 @@ TEST(Crash, AKilledSaveLeavesTheOldOrTheNewOutline) {
     }
     editor.close();
   }
-  RecordProperty("leftovers", std::to_string(leftovers));
 }
 
-// Writes a large outline with files limited to `limit` bytes; answers the exit code for the child
-// that does so, 0 when the save was refused for want of space.
+// The status of writing a large outline with files limited to `limit` bytes.
 int write_large_with_limit(const std::string& folder, rlim_t limit) {
-  Editor editor(folder);
+  const Editor editor(folder);
   const HMember dimension = editor.dimension();
   for (int i = 0; i < 20000; ++i) {
     editor.add(dimension, std::string(70, 'n') + std::to_string(i));
   }
   signal(SIGXFSZ, SIG_IGN);
   const struct rlimit limited { limit, limit };
-  if (setrlimit(RLIMIT_FSIZE, &limited) != 0) return 1;
-  const int status = editor.write();
-  return status == standin::kNoSpace ? 0 : status % 100;
+  return setrlimit(RLIMIT_FSIZE, &limited) != 0 ? -1 : editor.write();
 }
 
 TEST(Crash, AFullDiskLeavesTheOldOutline) {
   const TempFolder folder;
   make_outline(folder);
   for (const rlim_t limit : {rlim_t{200000}, rlim_t{1000000}}) {
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) _exit(write_large_with_limit(folder.string(), limit));
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    Peer peer(
+        [&](const Peer::Pause& pause) { pause(write_large_with_limit(folder.string(), limit)); });
+    EXPECT_EQ(peer.wait(), standin::kNoSpace);
     EXPECT_EQ(temporary_files(folder), 0U);
+    peer.kill();
     Editor editor(folder.string());
     EXPECT_EQ(editor.version(), 0);
     editor.close();

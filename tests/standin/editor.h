@@ -22,10 +22,7 @@ struct Editor {
   enum class Mode { kEdit, kQuery };
 
   explicit Editor(const std::string& folder, Mode mode = Mode::kEdit)
-      : session(folder), context(session.login()) {
-    OlvStandinCreateDatabase(context, "Sample", "Basic");
-    uint16_t access = 0;
-    EXPECT_EQ(OlvSetActive(context, "Sample", "Basic", &access), 0);
+      : session(folder), context(session.login_with_database()) {
     const ObjectDefinitionRecord basic = object(context);
     EXPECT_EQ(mode == Mode::kQuery ? OlvOtlOpenOutlineQuery(context, nullptr, &h)
                                    : OlvOtlOpenOutline(context, &basic, 1, 1, &h),
@@ -58,15 +55,10 @@ struct Editor {
     const ObjectDefinitionRecord basic = object(context);
     return OlvOtlWriteOutline(h, &basic);
   }
-  // Restructures and polls back to back until it is over; the first status that is not 0.
+  // The first status that is not 0.
   int restructure() const {
-    int status = OlvOtlRestructure(context, kRestructureSaveAs);
-    ProcessStateRecord state{};
-    while (status == 0) {
-      status = OlvGetProcessState(context, &state);
-      if (state.state == 0) break;
-    }
-    return status;
+    const int status = OlvOtlRestructure(context, kRestructureSaveAs);
+    return status != 0 ? status : wait_for_process(context);
   }
   // The version in all members; -1 and a failure when they do not agree.
   int version() const {

@@ -1,5 +1,5 @@
-// An empty outline opened for edit in a store of its own, and short ways to work on it through the
-// outline API. At the end everything the API handed out must have come back.
+// An empty outline opened for edit in the active database of a store of its own, and short ways to
+// work on it through the outline API. At the end everything the API handed out must have come back.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,6 +13,7 @@
 #include "api/olvotl.h"
 #include "standin/session.h"
 #include "standin/status.h"
+#include "tests/standin/outline_dump.h"
 #include "tests/standin/store_folder.h"
 
 namespace standin_test {
@@ -32,8 +33,7 @@ class OutlineTest : public testing::Test {
   void SetUp() override {
     before_ = ledger();
     session_ = std::make_unique<Session>(folder_.string());
-    context_ = session_->login();
-    ASSERT_EQ(OlvStandinCreateDatabase(context_, "Sample", "Basic"), 0);
+    context_ = session_->login_with_database();
     ASSERT_EQ(open_edit(&h_), 0);
   }
 
@@ -50,6 +50,25 @@ class OutlineTest : public testing::Test {
   int open_edit(HOutline* opened) const {
     const ObjectDefinitionRecord basic = object();
     return OlvOtlOpenOutline(context_, &basic, 1, 1, opened);
+  }
+  std::filesystem::path file() const { return folder_ / "Sample/Basic/Basic.otl"; }
+  int write() const {
+    const ObjectDefinitionRecord basic = object();
+    return OlvOtlWriteOutline(h_, &basic);
+  }
+  // Everything in the stored outline; the status when it does not open.
+  std::string stored() const {
+    HOutline opened = 0;
+    const int status = OlvOtlOpenOutlineQuery(context_, nullptr, &opened);
+    if (status != 0) return std::to_string(status);
+    const std::string text = dump(opened);
+    EXPECT_EQ(OlvOtlCloseOutline(opened), 0);
+    return text;
+  }
+  // Whether names are told apart by case; the other settings become 0.
+  int tell_case(bool sensitive) const {
+    const OutlineInfoRecord settings{static_cast<uint8_t>(sensitive), 0, 0, 0, 0, 0};
+    return OlvOtlSetOutlineInfoEx(h_, &settings);
   }
 
   // ---- Members: 0 and a failure when it did not work ----
@@ -104,6 +123,12 @@ class OutlineTest : public testing::Test {
   }
   int set_info(HMember member, const MemberInfoRecord& record) {
     return OlvOtlSetMemberInfoEx(h_, member, &record, kMemberOption);
+  }
+  template <typename Field>
+  void set(HMember member, Field MemberInfoRecord::*field, Field value) {
+    MemberInfoRecord record = info(member);
+    record.*field = value;
+    EXPECT_EQ(set_info(member, record), 0);
   }
   std::string name(HMember member) { return info(member).name; }
   // Children by links; the dimensions for 0.

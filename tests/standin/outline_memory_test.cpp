@@ -4,7 +4,6 @@
 #include <functional>
 #include <new>
 
-#include "tests/standin/outline_dump.h"
 #include "tests/standin/outline_fixture.h"
 
 namespace {
@@ -41,7 +40,7 @@ class OutOfMemory : public OutlineTest {
  protected:
   // Repeats `call` with one allocation more each time until it succeeds.
   void sweep(const char* what, const std::function<int()>& call) {
-    const std::string before = OutlineDump(h_).text();
+    const std::string before = dump(h_);
     int status = standin::kNoMemory;
     int failures = 0;
     for (; status == standin::kNoMemory && failures < 1000; ++failures) {
@@ -49,7 +48,7 @@ class OutOfMemory : public OutlineTest {
       status = call();
       allocations_left = -1;
       if (status != 0) {
-        ASSERT_EQ(OutlineDump(h_).text(), before) << what << ", allocation " << failures;
+        ASSERT_EQ(dump(h_), before) << what << ", allocation " << failures;
       }
     }
     EXPECT_EQ(status, 0) << what;
@@ -77,8 +76,7 @@ TEST_F(OutOfMemory, LeavesTheOutlineAsItWas) {
   sweep("dimensions", [&] { return OlvOtlAssociateAttributeDimension(h_, market, colour); });
   sweep("members", [&] { return OlvOtlAssociateAttributeMember(h_, east, red); });
   sweep("sort", [&] { return OlvOtlSortChildren(h_, market, kSortAscending, 0, 0); });
-  const OutlineInfoRecord settings{1, 0, 0, 0, 0, 0};
-  sweep("case", [&] { return OlvOtlSetOutlineInfoEx(h_, &settings); });
+  sweep("case", [&] { return tell_case(true); });
 
   const MemberQuery everything{kQuerySearch, kQueryOptionNames, nullptr, "*", nullptr};
   MemberQueryCounts counts{};

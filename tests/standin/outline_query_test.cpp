@@ -1,6 +1,4 @@
 // Member queries: what each kind answers, paging, wildcards and bad requests.
-#include <algorithm>
-
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -54,15 +52,12 @@ TEST_F(Queries, PagesCoverEveryMatchOnce) {
     }
     EXPECT_EQ(found, all);
   }
-  for (const auto& [first, most] : {std::pair{0U, 1U}, {1U, 0U}, {1U, 9U}, {2U, 1U}, {~0U, ~0U}}) {
-    const Answer page = query(kQueryChildren, year_, 0, nullptr, nullptr, nullptr, first, most);
-    const Handles both = children(year_);
-    const size_t begin = std::min<size_t>(first, 2);
-    const size_t end = std::min<size_t>(2, most == 0 ? 2 : begin + std::min(most, 2U));
-    EXPECT_EQ(page.members, Handles(both.begin() + static_cast<std::ptrdiff_t>(begin),
-                                    both.begin() + static_cast<std::ptrdiff_t>(end)));
-    EXPECT_EQ(page.total, 2U);
-  }
+  const auto first_of = [&](uint32_t first, uint32_t most) {
+    return query(kQueryChildren, year_, 0, nullptr, nullptr, nullptr, first, most).members;
+  };
+  EXPECT_EQ(first_of(1, 0), Handles{find("Qtr2")});
+  EXPECT_EQ(first_of(2, 1), Handles{});
+  EXPECT_EQ(first_of(~0U, ~0U), Handles{});
 }
 
 TEST_F(Queries, PagesSeeEveryChangeBetweenThem) {

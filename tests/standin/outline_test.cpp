@@ -1,8 +1,6 @@
 // Rules of the outline API on names, places, records and details of members.
 #include "tests/standin/outline_fixture.h"
 
-#include <algorithm>
-
 using namespace standin_test;
 
 class OutlineRules : public OutlineTest {
@@ -26,28 +24,28 @@ class OutlineRules : public OutlineTest {
   HMember year_ = 0, q1_ = 0, jan_ = 0, market_ = 0, east_ = 0;
 };
 
-TEST_F(OutlineRules, MembersAreAddedWhereParentAndSiblingSay) {
-  const HMember q2 = child(year_, "Q2");
+TEST_F(OutlineRules, APlaceIsAParentOrASiblingOfIt) {
   HMember added = 0;
-  EXPECT_EQ(add(year_, 0, &added), 0);
-  EXPECT_EQ(children(year_), (Handles{added, q1_, q2}));
-  remove(added);
   EXPECT_EQ(add(0, q1_, &added), 0);
-  EXPECT_EQ(children(year_), (Handles{q1_, added, q2}));
-  remove(added);
-  EXPECT_EQ(add(year_, q2, &added), 0);
-  EXPECT_EQ(children(year_), (Handles{q1_, q2, added}));
-  remove(added);
+  EXPECT_EQ(children(year_), (Handles{q1_, added}));
   EXPECT_EQ(add(0, 0, &added), standin::kBadPosition);
   EXPECT_EQ(add(0, year_, &added), standin::kBadPosition);
   EXPECT_EQ(add(market_, q1_, &added), standin::kBadPosition);
   EXPECT_EQ(add(9999, 0, &added), standin::kBadMember);
-
   const MemberInfoRecord product = blank("Product");
   EXPECT_EQ(OlvOtlAddDimension(h_, &product, q1_, 0, &added), standin::kBadPosition);
-  EXPECT_EQ(OlvOtlAddDimension(h_, &product, year_, 0, &added), 0);
-  EXPECT_EQ(children(0), (Handles{year_, added, market_}));
-  EXPECT_EQ(info(added).generation, 1);
+
+  EXPECT_EQ(move(jan_, 0, east_), 0);
+  EXPECT_EQ(children(market_), (Handles{east_, jan_}));
+  EXPECT_EQ(move(jan_, 0, jan_), 0);
+  EXPECT_EQ(children(market_), (Handles{east_, jan_}));
+  EXPECT_EQ(move(year_, q1_, 0), standin::kMoveBelowItself);
+  EXPECT_EQ(move(q1_, q1_, 0), standin::kMoveBelowItself);
+  EXPECT_EQ(move(market_, year_, 0), standin::kBadPosition);
+  EXPECT_EQ(move(q1_, 0, 0), standin::kBadPosition);
+  EXPECT_EQ(move(q1_, 0, year_), standin::kBadPosition);
+  EXPECT_EQ(move(q1_, year_, east_), standin::kBadPosition);
+  EXPECT_EQ(move(q1_, 4711, 0), standin::kBadMember);
 }
 
 TEST_F(OutlineRules, NamesInUseAndBadNamesAreRefused) {
@@ -64,36 +62,24 @@ TEST_F(OutlineRules, NamesInUseAndBadNamesAreRefused) {
   EXPECT_EQ(children(market_), Handles{east_});
 }
 
-TEST_F(OutlineRules, MembersMayShareANameByRenamingDimensionsNever) {
+TEST_F(OutlineRules, NamesAreSharedAndKeptWhateverTheirCase) {
   const HMember other = child(market_, "Other");
   EXPECT_EQ(rename(other, "Jan"), 0);
   EXPECT_EQ(rename(east_, "JAN"), 0);
-  EXPECT_EQ(find("jan"), jan_);
   EXPECT_EQ(remove(jan_), 0);
-  EXPECT_EQ(find("jan"), other);
   EXPECT_EQ(rename(other, "jAn"), 0);  // the same name in another case keeps its place
   EXPECT_EQ(find("jan"), other);
-  EXPECT_EQ(rename(other, "Gone"), 0);
-  EXPECT_EQ(find("Jan"), east_);
-  EXPECT_EQ(rename(east_, "East"), 0);
-  EXPECT_EQ(find("Jan"), 0U);
 
   EXPECT_EQ(rename(east_, "year"), kStatusDuplicateName);
-  EXPECT_EQ(rename(market_, "EAST"), kStatusDuplicateName);
   EXPECT_EQ(rename(market_, "MARKET"), 0);
-  EXPECT_EQ(name(market_), "MARKET");
   EXPECT_STREQ(info(east_).dimensionName, "MARKET");
 }
 
 TEST_F(OutlineRules, TheCaseSettingDecidesWhichNamesAreEqual) {
-  const auto tell_case = [&](uint8_t sensitive) {
-    const OutlineInfoRecord settings{sensitive, 0, 0, 0, 0, 0};
-    EXPECT_EQ(OlvOtlSetOutlineInfoEx(h_, &settings), 0);
-  };
   const auto holders = [&](const char* text) {
     return query(kQueryNamedMember, 0, kQueryOptionNames, nullptr, text).members;
   };
-  tell_case(1);
+  EXPECT_EQ(tell_case(true), 0);
   EXPECT_EQ(find("JAN"), 0U);
   const HMember loud = child(q1_, "JAN");
   const HMember quiet = child(market_, "jan");
@@ -101,35 +87,13 @@ TEST_F(OutlineRules, TheCaseSettingDecidesWhichNamesAreEqual) {
   EXPECT_EQ(holders("Jan"), (Handles{jan_, east_}));
   EXPECT_EQ(query(kQuerySearch, 0, kQueryOptionNames, nullptr, "J*").members,
             (Handles{jan_, loud, east_}));
-  tell_case(0);
+  EXPECT_EQ(tell_case(false), 0);
   EXPECT_EQ(holders("jaN"), (Handles{jan_, east_, loud, quiet}));
   EXPECT_EQ(try_child(market_, "JaN"), kStatusDuplicateName);
-  tell_case(1);
+  EXPECT_EQ(tell_case(true), 0);
   EXPECT_EQ(holders("Jan"), (Handles{jan_, east_}));
   EXPECT_EQ(holders("JAN"), Handles{loud});
   EXPECT_EQ(try_child(market_, "JaN"), 0);
-}
-
-TEST_F(OutlineRules, MovesKeepDimensionsAndMembersApart) {
-  EXPECT_EQ(move(year_, 0, market_), 0);
-  EXPECT_EQ(children(0), (Handles{market_, year_}));
-  EXPECT_EQ(move(year_, 0, 0), 0);
-  EXPECT_EQ(children(0), (Handles{year_, market_}));
-  EXPECT_EQ(move(jan_, 0, east_), 0);
-  EXPECT_EQ(children(market_), (Handles{east_, jan_}));
-  EXPECT_EQ(info(jan_).generation, 2);
-  EXPECT_STREQ(info(jan_).dimensionName, "Market");
-  EXPECT_EQ(info(q1_).level, 0);
-  EXPECT_EQ(move(jan_, 0, jan_), 0);
-  EXPECT_EQ(children(market_), (Handles{east_, jan_}));
-
-  EXPECT_EQ(move(year_, q1_, 0), standin::kMoveBelowItself);
-  EXPECT_EQ(move(q1_, q1_, 0), standin::kMoveBelowItself);
-  EXPECT_EQ(move(market_, year_, 0), standin::kBadPosition);
-  EXPECT_EQ(move(q1_, 0, 0), standin::kBadPosition);
-  EXPECT_EQ(move(q1_, 0, year_), standin::kBadPosition);
-  EXPECT_EQ(move(q1_, year_, east_), standin::kBadPosition);
-  EXPECT_EQ(move(q1_, 4711, 0), standin::kBadMember);
 }
 
 TEST_F(OutlineRules, SortingFoldsCaseAndIsStable) {
@@ -140,11 +104,6 @@ TEST_F(OutlineRules, SortingFoldsCaseAndIsStable) {
   EXPECT_EQ(names(children(east_)), (Names{"_", "a", "A", "b", "C", "\xC3\x84"}));
   EXPECT_EQ(OlvOtlSortChildren(h_, east_, kSortDescending, 0, 0), 0);
   EXPECT_EQ(names(children(east_)), (Names{"\xC3\x84", "C", "b", "a", "A", "_"}));
-  Handles backwards;
-  for (HMember at = children(east_).back(); at != 0; OlvOtlGetPrevSibling(h_, at, &at)) {
-    backwards.insert(backwards.begin(), at);
-  }
-  EXPECT_EQ(backwards, children(east_));
   EXPECT_EQ(OlvOtlSortChildren(h_, east_, 2, 0, 0), standin::kBadArgument);
 }
 
@@ -174,14 +133,11 @@ TEST_F(OutlineRules, WritingARecordKeepsNamePlaceAndReservedBytes) {
   EXPECT_STREQ(info(q1_).comment, record.comment);
 }
 
-TEST_F(OutlineRules, FormulasCommentsAliasesAndUdas) {
-  EXPECT_EQ(formula(jan_), "(null)");
+TEST_F(OutlineRules, FormulasAliasesAndUdasAreRemovedAndChecked) {
   EXPECT_EQ(OlvOtlSetMemberFormula(h_, jan_, "A + B;"), 0);
-  EXPECT_EQ(formula(jan_), "A + B;");
   EXPECT_EQ(OlvOtlDeleteMemberFormula(h_, jan_), 0);
   EXPECT_EQ(formula(jan_), "(null)");
 
-  EXPECT_EQ(alias(jan_), "(null)");
   EXPECT_EQ(OlvOtlSetMemberAlias(h_, jan_, nullptr, "January"), 0);
   EXPECT_EQ(alias(jan_, "default"), "January");
   EXPECT_EQ(alias(jan_, "French"), std::to_string(standin::kNoSuchAliasTable));
@@ -193,32 +149,9 @@ TEST_F(OutlineRules, FormulasCommentsAliasesAndUdas) {
   for (const char* uda : {"New", "Old"}) EXPECT_EQ(OlvOtlSetUserAttribute(h_, jan_, uda), 0);
   EXPECT_EQ(OlvOtlSetUserAttribute(h_, jan_, "NEW"), standin::kUdaExists);
   EXPECT_EQ(OlvOtlSetUserAttribute(h_, jan_, std::string(81, 'u').c_str()), standin::kUdaTooLong);
-  EXPECT_EQ(udas(jan_), (Names{"New", "Old"}));
   EXPECT_EQ(OlvOtlDeleteUserAttribute(h_, jan_, "new"), 0);
   EXPECT_EQ(OlvOtlDeleteUserAttribute(h_, jan_, "new"), standin::kNoSuchUda);
   EXPECT_EQ(udas(jan_), Names{"Old"});
-}
-
-TEST_F(OutlineRules, TimeSeriesEndWithTheirDimension) {
-  const auto enabled = [&] {
-    uint16_t count = 0;
-    DtsEntry* entries = nullptr;
-    EXPECT_EQ(OlvOtlGetEnabledDTSMembers(h_, &count, &entries), 0);
-    EXPECT_EQ(OlvFree(session_->instance(), entries), 0);
-    return count;
-  };
-  EXPECT_EQ(OlvOtlEnableDTSMember(h_, "Q-T-D", 2, 1), 0);
-  EXPECT_EQ(remove(market_), 0);
-  EXPECT_EQ(enabled(), 1);
-  MemberInfoRecord record = info(year_);
-  record.dimensionCategory = kCategoryNone;
-  EXPECT_EQ(set_info(year_, record), 0);
-  EXPECT_EQ(enabled(), 0);
-  record.dimensionCategory = kCategoryTime;
-  EXPECT_EQ(set_info(year_, record), 0);
-  EXPECT_EQ(OlvOtlEnableDTSMember(h_, "Q-T-D", 2, 1), 0);
-  EXPECT_EQ(remove(year_), 0);
-  EXPECT_EQ(enabled(), 0);
 }
 
 TEST_F(OutlineRules, WhatIsGoneOrNeverWasIsRefused) {
@@ -236,7 +169,6 @@ TEST_F(OutlineRules, WhatIsGoneOrNeverWasIsRefused) {
   const HMember again = child(year_, "Q1");
   EXPECT_NE(again, q1_);
 
-  EXPECT_EQ(OlvOtlGetFirstMember(h_ + 1, &other), standin::kBadOutline);
   EXPECT_EQ(OlvOtlGetFirstMember(0, &other), standin::kBadOutline);
   EXPECT_EQ(OlvOtlGetFirstMember(h_, nullptr), standin::kBadArgument);
   EXPECT_EQ(OlvOtlFindMember(h_, nullptr, &other), standin::kBadArgument);
@@ -327,9 +259,7 @@ TEST_F(Attributes, AssociationsFollowEveryChange) {
   EXPECT_EQ(remove(blue_), 0);
   EXPECT_EQ(associations(west), Handles{});
 
-  MemberInfoRecord plain = info(size_);
-  plain.dimensionCategory = kCategoryNone;
-  EXPECT_EQ(set_info(size_, plain), 0);
+  set(size_, &MemberInfoRecord::dimensionCategory, kCategoryNone);
   EXPECT_EQ(associations(east_), Handles{});
   EXPECT_EQ(associations(market_), Handles{colour_});
   EXPECT_EQ(remove(colour_), 0);

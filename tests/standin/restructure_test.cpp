@@ -1,6 +1,5 @@
 // Restructuring a stored database, and the currency outline derived from an outline.
 #include "standin/outline/codes.h"
-#include "tests/standin/outline_dump.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -9,56 +8,35 @@ namespace {
 
 class Restructure : public OutlineTest {
  protected:
-  int write(HOutline h) {
-    const ObjectDefinitionRecord basic = object();
-    return OlvOtlWriteOutline(h, &basic);
-  }
-  int wait() {
-    ProcessStateRecord state{};
-    int status = 0;
-    do {
-      status = OlvGetProcessState(context_, &state);
-    } while (status == 0 && state.state != 0);
-    return status;
-  }
   uint32_t restructured() {
     uint32_t times = 99;
     EXPECT_EQ(OlvStandinRestructured(context_, "Sample", "Basic", &times), 0);
     return times;
   }
-  // Dump of the stored outline.
-  std::string stored() {
-    HOutline read = 0;
-    EXPECT_EQ(OlvOtlOpenOutlineQuery(context_, nullptr, &read), 0);
-    const std::string text = dump(read);
-    EXPECT_EQ(OlvOtlCloseOutline(read), 0);
-    return text;
+  // The status of starting it, or else of its end.
+  int restructure() {
+    const int status = OlvOtlRestructure(context_, kRestructureSaveAs);
+    return status != 0 ? status : wait_for_process(context_);
   }
 };
 
 TEST_F(Restructure, RewritesTheStoredOutlineAndIsCounted) {
   EXPECT_EQ(OlvOtlRestructure(context_ + 100, 1), standin::kBadContext);
-  EXPECT_EQ(OlvOtlRestructure(context_, 1), standin::kNoActiveDatabase);
-  uint16_t access = 0;
-  ASSERT_EQ(OlvSetActive(context_, "Sample", "Basic", &access), 0);
+  EXPECT_EQ(OlvOtlRestructure(session_->login(), 1), standin::kNoActiveDatabase);
   EXPECT_EQ(OlvOtlRestructure(context_, 1), standin::kNoSuchObject);
   EXPECT_EQ(restructured(), 0U);
 
-  const HMember year = dimension("Year");
-  child(child(year, "Half 1"), "Jan");
-  const std::string built = dump(h_);
-  ASSERT_EQ(write(h_), 0);
-  const std::string plain = read_file(folder_ / "Sample/Basic/Basic.otl");
-  ASSERT_EQ(OlvOtlRestructure(context_, kRestructureSaveAs), 0);
-  EXPECT_EQ(wait(), 0);
+  child(child(dimension("Year"), "Half 1"), "Jan");
+  ASSERT_EQ(write(), 0);
+  const std::string plain = read_file(file());
+  EXPECT_EQ(restructure(), 0);
   EXPECT_EQ(restructured(), 1U);
-  EXPECT_EQ(stored(), built);
-  EXPECT_NE(read_file(folder_ / "Sample/Basic/Basic.otl"), plain);
+  EXPECT_EQ(stored(), dump(h_));
+  EXPECT_NE(read_file(file()), plain);
 
   // The lock of whoever edits the outline is not in its way, and it takes none itself.
   ASSERT_EQ(OlvUnlockObject(context_, 1, "Sample", "Basic", "Basic"), 0);
-  ASSERT_EQ(OlvOtlRestructure(context_, 0xFFFF), 0);
-  EXPECT_EQ(wait(), 0);
+  EXPECT_EQ(restructure(), 0);
   EXPECT_EQ(restructured(), 2U);
   EXPECT_EQ(OlvLockObject(context_, 1, "Sample", "Basic", "Basic"), 0);
 }
@@ -66,30 +44,24 @@ TEST_F(Restructure, RewritesTheStoredOutlineAndIsCounted) {
 TEST_F(Restructure, NeverBringsAnOlderOutlineBack) {
   const HMember year = dimension("Year");
   for (int i = 0; i < 500; ++i) child(year, "m" + std::to_string(i));
-  ASSERT_EQ(write(h_), 0);
-  uint16_t access = 0;
-  ASSERT_EQ(OlvSetActive(context_, "Sample", "Basic", &access), 0);
+  ASSERT_EQ(write(), 0);
   for (int round = 0; round < 30; ++round) {
     ASSERT_EQ(OlvOtlRestructure(context_, 1), 0);
     ASSERT_EQ(rename(year, "Year " + std::to_string(round)), 0);
-    ASSERT_EQ(write(h_), 0);
-    ASSERT_EQ(wait(), 0);
+    ASSERT_EQ(write(), 0);
+    ASSERT_EQ(wait_for_process(context_), 0);
     ASSERT_TRUE(stored() == dump(h_)) << "round " << round;
   }
 }
 
 TEST_F(Restructure, OfADamagedOutlineChangesNothing) {
-  dimension("Year");
-  uint16_t access = 0;
-  ASSERT_EQ(OlvSetActive(context_, "Sample", "Basic", &access), 0);
-  write_file(folder_ / "Sample/Basic/Basic.otl", "damaged");
-  ASSERT_EQ(OlvOtlRestructure(context_, 1), 0);
-  wait();
+  write_file(file(), "damaged");
+  EXPECT_EQ(restructure(), standin::kDamagedOutline);
   EXPECT_EQ(restructured(), 0U);
-  EXPECT_EQ(read_file(folder_ / "Sample/Basic/Basic.otl"), "damaged");
+  EXPECT_EQ(read_file(file()), "damaged");
 }
 
-class Currency : public Restructure {
+class Currency : public OutlineTest {
  protected:
   void set_currency(HMember member, const char* text) {
     MemberInfoRecord record = info(member);
@@ -103,10 +75,9 @@ TEST_F(Currency, TakesTimeCategoriesAndCountries) {
   const HMember year = dimension("Year", kCategoryTime);
   const HMember country = dimension("Country", standin::kCategoryCountry);
   dimension("Product");
-  for (const char* name : {"Sales", "Cost", "Tax"}) child(accounts, name);
-  set_currency(find("Sales"), "P&L");
-  set_currency(find("Cost"), "B/S");
-  set_currency(find("Tax"), "P&L");
+  set_currency(child(accounts, "Sales"), "P&L");
+  set_currency(child(accounts, "Cost"), "B/S");
+  set_currency(child(accounts, "Tax"), "P&L");
   child(child(year, "Half 1"), "Jan");
   set_currency(child(country, "Belgium"), "Euro");
   ASSERT_EQ(OlvOtlSetMemberAlias(h_, find("Belgium"), nullptr, "Belgien"), 0);
@@ -129,9 +100,7 @@ TEST_F(Currency, TakesTimeCategoriesAndCountries) {
 
   // It is an outline like any other: it can be changed and written.
   child(find("Currency Type"), "Actual");
-  ASSERT_EQ(write(h_), 0);
-  uint16_t access = 0;
-  ASSERT_EQ(OlvSetActive(context_, "Sample", "Basic", &access), 0);
+  ASSERT_EQ(write(), 0);
   EXPECT_EQ(stored(), dump(h_));
   std::swap(h_, currency);
   EXPECT_EQ(OlvOtlCloseOutline(currency), 0);

@@ -1,6 +1,4 @@
 // Outline information, attribute specifications and whole alias tables.
-#include <array>
-
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -19,14 +17,6 @@ class Settings : public OutlineTest {
     EXPECT_EQ(OlvFree(session_->instance(), info), 0);
     return found;
   }
-  int set_case_sensitive(bool sensitive) {
-    OutlineInfoRecord* info = nullptr;
-    EXPECT_EQ(OlvOtlGetOutlineInfo(h_, &info), 0);
-    info->caseSensitive = sensitive ? 1 : 0;
-    const int status = OlvOtlSetOutlineInfoEx(h_, info);
-    EXPECT_EQ(OlvFree(session_->instance(), info), 0);
-    return status;
-  }
   int create(const char* table) { return OlvOtlCreateAliasTable(h_, table); }
 };
 
@@ -44,21 +34,6 @@ TEST_F(Settings, InformationIsReplacedAsAWhole) {
   EXPECT_EQ(OlvOtlGetOutlineInfo(h_, nullptr), standin::kBadArgument);
   EXPECT_EQ(OlvOtlSetOutlineInfoEx(h_, nullptr), standin::kBadArgument);
   EXPECT_EQ(OlvOtlSetOutlineInfoEx(h_ + 100, &wanted), standin::kBadOutline);
-}
-
-TEST_F(Settings, CaseDecidesHowNamesAreFound) {
-  ASSERT_EQ(set_case_sensitive(true), 0);
-  const HMember year = dimension("Year");
-  const HMember upper = child(year, "JAN");
-  const HMember lower = child(year, "jan");
-  EXPECT_EQ(find("jan"), lower);
-  EXPECT_EQ(find("Jan"), 0U);
-  ASSERT_EQ(set_case_sensitive(false), 0);
-  EXPECT_EQ(find("jan"), upper);
-  EXPECT_EQ(name(lower), "jan");
-  EXPECT_EQ(try_child(year, "jAN"), kStatusDuplicateName);
-  ASSERT_EQ(set_case_sensitive(true), 0);
-  EXPECT_EQ(find("jan"), lower);
 }
 
 TEST_F(Settings, SpecificationsAreCopiedAndKeepNulls) {
@@ -145,24 +120,6 @@ TEST_F(Settings, AliasTablesAreRenamedClearedAndCopied) {
   EXPECT_EQ(alias(year, "C"), "(null)");
   EXPECT_EQ(alias(year, "New"), "Annual");  // a copy stands by itself
   EXPECT_EQ(tables(), (Names{"Default", "c", "B", "New"}));
-}
-
-TEST_F(Settings, NothingChangesAnOutlineOpenForReading) {
-  dimension("Year");
-  const ObjectDefinitionRecord basic = object();
-  ASSERT_EQ(OlvOtlWriteOutline(h_, &basic), 0);
-  ASSERT_EQ(OlvOtlCloseOutline(h_), 0);
-  uint16_t access = 0;
-  ASSERT_EQ(OlvSetActive(context_, "Sample", "Basic", &access), 0);
-  ASSERT_EQ(OlvOtlOpenOutlineQuery(context_, nullptr, &h_), 0);
-  const OutlineInfoRecord info{};
-  const AttributeSpecRecord spec{};
-  EXPECT_EQ(OlvOtlSetOutlineInfoEx(h_, &info), standin::kReadOnly);
-  EXPECT_EQ(OlvOtlSetAttributeSpecifications(h_, &spec), standin::kReadOnly);
-  EXPECT_EQ(create("A"), standin::kReadOnly);
-  EXPECT_EQ(OlvOtlDeleteAliasTable(h_, "A"), standin::kReadOnly);
-  EXPECT_EQ(OlvOtlSetGenName(h_, "Year", 1, "Years"), standin::kReadOnly);
-  EXPECT_EQ(OlvOtlEnableDTSMember(h_, "Y-T-D", 1, 1), standin::kReadOnly);
 }
 
 }  // namespace

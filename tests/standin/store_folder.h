@@ -1,4 +1,4 @@
-// Temporary folders for the tests, and a session on a store in one.
+// Temporary folders for the tests, a session on a store in one, and its background processes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -66,6 +66,17 @@ class Session {
     return context;
   }
 
+  // Logs in with Sample.Basic active, which is made when it isn't there.
+  HCTX login_with_database() const {
+    const HCTX context = login();
+    const int status = OlvStandinCreateDatabase(context, "Sample", "Basic");
+    EXPECT_TRUE(status == kStatusOk || status == standin::kDatabaseExists) << status;
+    uint16_t access = 0;
+    EXPECT_EQ(OlvSetActive(context, "Sample", "Basic", &access), kStatusOk);
+    EXPECT_NE(access, 0);
+    return context;
+  }
+
   HCTX local_context() const {
     HCTX context = 0;
     EXPECT_EQ(OlvCreateLocalContext(instance_, 0, 0, &context), kStatusOk);
@@ -87,6 +98,16 @@ inline OlvStandinLedgerCounts ledger() {
   OlvStandinLedgerCounts counts{};
   EXPECT_EQ(OlvStandinLedger(&counts), kStatusOk);
   return counts;
+}
+
+// Polls back to back, like the native methods do, until the context's process is over.
+inline int wait_for_process(HCTX context) {
+  ProcessStateRecord state{};
+  int status = 0;
+  do {
+    status = OlvGetProcessState(context, &state);
+  } while (status == kStatusOk && state.state != 0);
+  return status;
 }
 
 }  // namespace standin_test

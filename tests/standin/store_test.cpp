@@ -23,18 +23,6 @@ int open_and_close(const std::string& folder) {
   return status;
 }
 
-TEST(StoreFolder, IsMadeAndOpensAgain) {
-  const TempFolder folder;
-  const std::string deep = (folder / "a/b \xf0\x9f\x8c\x8d").string();
-  {
-    const Session session(deep);
-    EXPECT_EQ(OlvStandinCreateDatabase(session.login(), "Sample", "Basic"), kStatusOk);
-  }
-  const Session session(deep);
-  uint16_t access = 0;
-  EXPECT_EQ(OlvSetActive(session.login(), "Sample", "Basic", &access), kStatusOk);
-}
-
 TEST(StoreFolder, IsRefusedWhenItHoldsSomethingElse) {
   const TempFolder folder;
   write_file(folder / "letter.txt", "dear");
@@ -49,44 +37,37 @@ TEST(StoreFolder, IsRefusedWhenItHoldsSomethingElse) {
   write_file(folder / "garbled/.control.db", garbage);
   EXPECT_EQ(open_and_close((folder / "garbled").string()), standin::kNotAStore);
   EXPECT_EQ(read_file(folder / "garbled/.control.db"), garbage);
-}
 
-TEST(StoreFolder, OfALaterVersionIsRefused) {
-  const TempFolder folder;
-  ASSERT_EQ(open_and_close(folder.string()), kStatusOk);
-  std::string control = read_file(folder / ".control.db");
+  const std::filesystem::path later = folder / "later/.control.db";
+  ASSERT_EQ(open_and_close((folder / "later").string()), kStatusOk);
+  std::string control = read_file(later);
   ASSERT_GE(control.size(), 100u);
   control[63] = 2;  // the file's user version is the big-endian number at byte 60
-  write_file(folder / ".control.db", control);
-  EXPECT_EQ(open_and_close(folder.string()), standin::kNotAStore);
+  write_file(later, control);
+  EXPECT_EQ(open_and_close((folder / "later").string()), standin::kNotAStore);
 }
 
 // The control file is made by whoever comes first; the others must wait for it, not trip over it.
 TEST(StoreFolder, IsMadeByManyProcessesAtOnce) {
   for (int round = 0; round < 5; ++round) {
     const TempFolder folder;
-    const std::string store = (folder / "store").string();
+    const auto work = [&](const Peer::Pause& pause) {
+      pause(0);
+      pause(open_and_close((folder / "store").string()));
+    };
     std::vector<std::unique_ptr<Peer>> peers;
-    for (int i = 0; i < 6; ++i) {
-      peers.push_back(std::make_unique<Peer>([&](const Peer::Pause& pause) {
-        pause(0);
-        pause(open_and_close(store));
-      }));
-    }
+    for (int i = 0; i < 6; ++i) peers.push_back(std::make_unique<Peer>(work));
     for (const auto& peer : peers) EXPECT_EQ(peer->wait(), 0);
     for (const auto& peer : peers) peer->go_on();
     for (const auto& peer : peers) EXPECT_EQ(peer->wait(), kStatusOk);
-    for (const auto& peer : peers) peer->go_on();
-    for (const auto& peer : peers) peer->join();
   }
 }
 
 TEST(ObjectNames, OutsideTheRulesAreRefusedEverywhere) {
   const TempFolder folder;
   const Session session((folder / "store").string());
-  const HCTX context = session.login();
+  const HCTX context = session.login_with_database();
   const HCTX local = session.local_context();
-  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
 
   const std::string too_long(31, 'n');
   for (const char* bad :
@@ -118,11 +99,8 @@ TEST(ObjectNames, OutsideTheRulesAreRefusedEverywhere) {
 TEST(ObjectNames, OfWhatDoesNotExist) {
   const TempFolder folder;
   const Session session(folder.string());
-  const HCTX context = session.login();
-  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
+  const HCTX context = session.login_with_database();
   EXPECT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), standin::kDatabaseExists);
-  EXPECT_EQ(OlvStandinCreateDatabase(context, "Sample", "Other"), kStatusOk);
-
   uint16_t access = 0;
   ObjectInfoRecord* info = nullptr;
   EXPECT_EQ(OlvSetActive(context, "Sample", "None", &access), standin::kNoSuchDatabase);
@@ -135,10 +113,9 @@ TEST(ObjectNames, OfWhatDoesNotExist) {
 TEST(ObjectNames, LinksDoNotLeadOutOfTheStore) {
   const TempFolder folder;
   const Session session((folder / "store").string());
-  const HCTX context = session.login();
+  const HCTX context = session.login_with_database();
   fs::create_directories(folder / "outside/Basic");
   write_file(folder / "outside/secret", "secret");
-  ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
   fs::create_symlink(folder / "outside", folder / "store/Link");
   fs::create_symlink(folder / "outside", folder / "store/Sample/Link");
   fs::create_symlink(folder / "outside/secret", folder / "store/Sample/Basic/Basic.otl");
@@ -160,41 +137,42 @@ TEST(ObjectNames, LinksDoNotLeadOutOfTheStore) {
 
 TEST(DatabaseState, OutlivesSessionsButNotTheDatabase) {
   const TempFolder folder;
-  const auto is_loaded = [](HCTX context, INST instance) {
+  const std::filesystem::path deep = folder / "a/b \xf0\x9f\x8c\x8d";
+  HCTX context = 0;
+  const auto is_loaded = [&] {
     DatabaseInfoRecord* info = nullptr;
     EXPECT_EQ(OlvGetDatabaseInfo(context, "Sample", "Basic", &info), kStatusOk);
     const bool loaded = info->dataLoaded != 0;
-    EXPECT_EQ(OlvFree(instance, info), kStatusOk);
+    EXPECT_EQ(OlvFree(0, info), kStatusOk);
     return loaded;
   };
-  uint32_t times = 9;
-  {
-    const Session session(folder.string());
-    const HCTX context = session.login();
-    ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
-    EXPECT_FALSE(is_loaded(context, session.instance()));
+  const auto restructured = [&] {
+    uint32_t times = 99;
     EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
-    EXPECT_EQ(times, 0u);
-
+    return times;
+  };
+  {
+    const Session session(deep.string());
+    context = session.login_with_database();
+    EXPECT_FALSE(is_loaded());
+    EXPECT_EQ(restructured(), 0u);
     EXPECT_EQ(OlvStandinSetDataLoaded(context, "Sample", "Basic", 1), kStatusOk);
     standin::Context found;
     ASSERT_EQ(standin::find_context(context, &found), kStatusOk);
     EXPECT_EQ(standin::mark_restructured(found, "Sample", "Basic"), kStatusOk);
     EXPECT_EQ(standin::mark_restructured(found, "Sample", "Basic"), kStatusOk);
   }
-  const Session session(folder.string());
-  const HCTX context = session.login();
-  EXPECT_TRUE(is_loaded(context, session.instance()));
-  EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
-  EXPECT_EQ(times, 2u);
+  const Session session(deep.string());
+  context = session.login();
+  EXPECT_TRUE(is_loaded());
+  EXPECT_EQ(restructured(), 2u);
   EXPECT_EQ(OlvStandinSetDataLoaded(context, "Sample", "Basic", 0), kStatusOk);
-  EXPECT_FALSE(is_loaded(context, session.instance()));
+  EXPECT_FALSE(is_loaded());
 
-  fs::remove_all(folder / "Sample");
-  EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), standin::kNoSuchDatabase);
+  fs::remove_all(deep / "Sample");
+  EXPECT_EQ(OlvStandinSetDataLoaded(context, "Sample", "Basic", 1), standin::kNoSuchDatabase);
   ASSERT_EQ(OlvStandinCreateDatabase(context, "Sample", "Basic"), kStatusOk);
-  EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
-  EXPECT_EQ(times, 0u);
+  EXPECT_EQ(restructured(), 0u);
 }
 
 TEST(StatusText, IsASentenceOfItsOwnForEveryStatus) {

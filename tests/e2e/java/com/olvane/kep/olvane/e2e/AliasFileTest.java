@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.e2e;
 
-import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static com.olvane.kep.olvane.e2e.StoreRule.create;
+import static com.olvane.kep.olvane.e2e.StoreRule.ok;
 import static org.junit.Assert.assertArrayEquals;
 import static org.junit.Assert.assertEquals;
 
@@ -31,10 +32,10 @@ public class AliasFileTest {
   public void createMembers() {
     file = Settings.newFolder().resolve("aliases");
     try (OpenOutline open = store.edit()) {
-      int year = StoreRule.create(open, 0, 0, "Year");
+      int year = create(open, 0, 0, "Year");
       int previous = 0;
       for (String member : MEMBERS) {
-        previous = StoreRule.create(open, year, previous, member);
+        previous = create(open, year, previous, member);
       }
       open.write();
     }
@@ -47,8 +48,8 @@ public class AliasFileTest {
 
   private static List<String> aliases(OpenOutline open, String table) {
     List<MemberAlias> aliases = new ArrayList<>();
-    check("read the aliases", OutlineJni.getMemberAliasesForTable(
-        open.instance(), open.handle(), table, MEMBERS, aliases, false));
+    ok(OutlineJni.getMemberAliasesForTable(open.instance(), open.handle(), table, MEMBERS, aliases,
+        false));
     return aliases.stream().map(MemberAlias::getAliasName).collect(Collectors.toList());
   }
 
@@ -91,24 +92,22 @@ public class AliasFileTest {
     List<String> written =
         Arrays.asList("Januar, 1\u00e9r", "quarter's \ud83d\ude00", null, "a\rb\tc");
     try (OpenOutline open = store.edit()) {
-      check("create", OutlineJni.createAliasTable(open.instance(), open.handle(), "Out"));
+      ok(OutlineJni.createAliasTable(open.instance(), open.handle(), "Out"));
       for (int i = 0; i < written.size(); i++) {
-        check("alias", OutlineJni.assignMemberAlias(open.instance(), open.handle(),
-            open.find(MEMBERS.get(i)), "Out", written.get(i)));
+        ok(OutlineJni.assignMemberAlias(open.instance(), open.handle(), open.find(MEMBERS.get(i)),
+            "Out", written.get(i)));
       }
-      check("export", OutlineJni.exportAliasTable(
-          open.instance(), open.handle(), "Out", file.toString()));
+      ok(OutlineJni.exportAliasTable(open.instance(), open.handle(), "Out", file.toString()));
       byte[] first = Files.readAllBytes(file);
-      check("delete", OutlineJni.deleteAliasTable(open.instance(), open.handle(), "Out"));
+      ok(OutlineJni.deleteAliasTable(open.instance(), open.handle(), "Out"));
 
       StringBuffer table = new StringBuffer();
       StringBuffer used = new StringBuffer();
-      check("import", OutlineJni.importAliasTable(
-          open.instance(), open.handle(), file.toString(), table, false, used));
+      ok(OutlineJni.importAliasTable(open.instance(), open.handle(), file.toString(), table, false,
+          used));
       assertEquals("the name stands in the file", "Out Out", table + " " + used);
       assertEquals(written, aliases(open, "Out"));
-      check("export", OutlineJni.exportAliasTable(
-          open.instance(), open.handle(), "Out", file.toString()));
+      ok(OutlineJni.exportAliasTable(open.instance(), open.handle(), "Out", file.toString()));
       assertArrayEquals(first, Files.readAllBytes(file));
     }
   }

@@ -1,6 +1,9 @@
 package com.olvane.kep.olvane.e2e;
 
-import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static com.olvane.kep.olvane.e2e.StoreRule.children;
+import static com.olvane.kep.olvane.e2e.StoreRule.create;
+import static com.olvane.kep.olvane.e2e.StoreRule.found;
+import static com.olvane.kep.olvane.e2e.StoreRule.ok;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertTrue;
 
@@ -10,6 +13,7 @@ import com.olvane.kep.olvane.api.outline.FindRequest;
 import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.DefinedGeneration;
 import com.olvane.kep.olvane.defs.DefinedLevel;
+import com.olvane.kep.olvane.defs.OutlineMemberProperties;
 import com.olvane.kep.olvane.defs.calcscript.MemberInfo;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.MemberPath;
@@ -59,30 +63,19 @@ public class ChainTest {
    * again: creating one below a long chain would climb to the top each time.
    */
   private void build(OpenOutline open) {
-    int dimension = StoreRule.create(open, 0, 0, DIMENSION);
-    List<int[]> chains = new ArrayList<>(); // top and bottom
-    int previous = 0;
+    int dimension = create(open, 0, 0, DIMENSION);
+    int[] links = new int[length];
     for (int i = 0; i < length; i++) {
-      previous = StoreRule.create(open, dimension, previous, name(i));
-      chains.add(new int[] {previous, previous});
+      links[i] = create(open, dimension, i == 0 ? 0 : links[i - 1], name(i));
     }
-    while (chains.size() > 1) {
-      List<int[]> joined = new ArrayList<>();
-      for (int i = 0; i + 1 < chains.size(); i += 2) {
-        check("join two chains", OutlineJni.moveMember(open.instance(), open.handle(),
-            chains.get(i)[1], chains.get(i + 1)[0], false));
-        joined.add(new int[] {chains.get(i)[0], chains.get(i + 1)[1]});
+    for (int chain = 1; chain < length; chain *= 2) {
+      for (int i = chain; i < length; i += 2 * chain) {
+        ok(OutlineJni.moveMember(open.instance(), open.handle(), links[i - 1], links[i], false));
       }
-      if (chains.size() % 2 == 1) {
-        joined.add(chains.get(chains.size() - 1));
-      }
-      chains = joined;
     }
-    int bottom = chains.get(0)[1];
-    check("set the attribute",
-        OutlineJni.setMemberUDA(open.instance(), open.handle(), bottom, UDA));
-    check("set the alias", OutlineJni.assignMemberAlias(
-        open.instance(), open.handle(), bottom, "Default", ALIAS));
+    int bottom = links[length - 1];
+    ok(OutlineJni.setMemberUDA(open.instance(), open.handle(), bottom, UDA));
+    ok(OutlineJni.assignMemberAlias(open.instance(), open.handle(), bottom, "Default", ALIAS));
   }
 
   private static String name(int i) {
@@ -102,8 +95,7 @@ public class ChainTest {
 
   private void search(OpenOutline open) {
     List<MemberPath> paths = new ArrayList<>();
-    check("find with path", OutlineJni.findMemberQuery(
-        open.handle(), ALIAS, "Default", true, true, paths));
+    ok(OutlineJni.findMemberQuery(open.handle(), ALIAS, "Default", true, true, paths));
     assertEquals(1, paths.size());
     List<String> path = paths.get(0).getNames();
     assertEquals(length + 1, path.size());
@@ -114,16 +106,11 @@ public class ChainTest {
     FindRequest request = new FindRequest();
     request.setText(UDA);
     request.setSearchUDAS(true);
-    List<DefaultMember> matches = new ArrayList<>();
-    do {
-      OutlineJni.findRequest(open.instance(), open.handle(), request, matches);
-    } while (request.getLastHandle() != 0);
+    assertEquals(Collections.singletonList(name(length - 1)), found(open, request));
     assertEquals(length + 1, request.getMembersProcessed());
-    assertEquals(1, matches.size());
 
     List<MemberInfo> infos = new ArrayList<>();
-    check("find by wildcard", OutlineJni.listFindMembers(
-        open.handle(), DIMENSION, name(length - 1), false, null, infos));
+    ok(OutlineJni.listFindMembers(open.handle(), DIMENSION, name(length - 1), false, null, infos));
     assertEquals(name(length - 2), infos.get(0).getParentName());
   }
 
@@ -131,32 +118,28 @@ public class ChainTest {
     // Each member object names its dimension, which takes a climb of its own: not from the bottom.
     int depth = Math.min(length - 1, 2000);
     List<DefaultMember> ancestors = new ArrayList<>();
-    check("list the ancestors", OutlineJni.getMemberAncestors(
-        open.instance(), open.handle(), name(depth), 0, ancestors));
+    ok(OutlineJni.getMemberAncestors(open.instance(), open.handle(), name(depth), 0, ancestors));
     assertEquals(depth + 1, ancestors.size());
     assertEquals(name(depth - 1), ancestors.get(0).getName());
     assertEquals(DIMENSION, ancestors.get(depth).getName());
 
     List<String> udas = new ArrayList<>();
-    check("list the attributes", OutlineJni.getDimensionUDAS(
-        open.instance(), open.handle(), DIMENSION, 0, udas));
+    ok(OutlineJni.getDimensionUDAS(open.instance(), open.handle(), DIMENSION, 0, udas));
     assertEquals(Collections.singletonList(UDA), udas);
 
     // Records count generations and levels in 16 bits.
     int most = Math.min(length + 1, Short.MAX_VALUE);
     List<DefinedGeneration> generations = new ArrayList<>();
-    check("list the generations", OutlineJni.getAllGenerations(
-        open.instance(), open.handle(), generations));
+    ok(OutlineJni.getAllGenerations(open.instance(), open.handle(), generations));
     List<DefinedLevel> levels = new ArrayList<>();
-    check("list the levels", OutlineJni.getAllLevels(open.instance(), open.handle(), levels));
+    ok(OutlineJni.getAllLevels(open.instance(), open.handle(), levels));
     assertTrue(generations.size() + " generations", generations.size() >= most);
     assertTrue(levels.size() + " levels", levels.size() >= most);
   }
 
   private void export(OpenOutline open) {
     Path file = Settings.newFolder().resolve("aliases");
-    check("export", OutlineJni.exportAliasTable(
-        open.instance(), open.handle(), "Default", file.toString()));
+    ok(OutlineJni.exportAliasTable(open.instance(), open.handle(), "Default", file.toString()));
     try {
       assertEquals(
           "$ALT_NAME  'Default'\n\"" + name(length - 1) + "\"   \"" + ALIAS + "\"\n$END\n",
@@ -168,8 +151,8 @@ public class ChainTest {
 
   private void edit(OpenOutline open) {
     List<VerifyFinding> findings = new ArrayList<>();
-    check("verify", OutlineJni.verifyOutlineEdit(
-        open.instance(), store.session().context(), open.handle(), findings));
+    ok(OutlineJni.verifyOutlineEdit(open.instance(), store.session().context(), open.handle(),
+        findings));
     // Only the generations that do not fit a record are complained about.
     assertEquals(Math.max(0, length + 1 - Short.MAX_VALUE), findings.size());
     for (VerifyFinding finding : findings) {
@@ -179,11 +162,16 @@ public class ChainTest {
     List<DefaultMember> copies = new ArrayList<>();
     assertEquals("a copy below itself", 1060013, OutlineJni.copyMember(open.instance(),
         open.handle(), name(length - 1), 0, name(0), 0, false, new CopyRequest(), copies));
-    check("copy the bottom", OutlineJni.copyMember(open.instance(), open.handle(),
-        name(length - 1), 0, name(length - 1), 0, true, new CopyRequest(), copies));
+    ok(OutlineJni.copyMember(open.instance(), open.handle(), name(length - 1), 0, name(length - 1),
+        0, true, new CopyRequest(), copies));
     assertEquals(1, copies.size());
-    check("delete the chain",
-        OutlineJni.deleteMember(open.instance(), open.handle(), open.find(name(0))));
-    assertEquals(Collections.emptyList(), StoreRule.children(open, DIMENSION));
+    int top = open.find(name(0));
+    ok(OutlineJni.moveMember(open.instance(), open.handle(), create(open, 0, 0, "Other"), top,
+        false));
+    OutlineMemberProperties other = new OutlineMemberProperties();
+    ok(OutlineJni.getMemberInfo(open.handle(), "Other", other));
+    assertEquals(Math.min(length, Short.MAX_VALUE), other.getLevel());
+    ok(OutlineJni.deleteMember(open.instance(), open.handle(), top));
+    assertEquals(Collections.emptyList(), children(open, "Other"));
   }
 }

@@ -1,6 +1,8 @@
 package com.olvane.kep.olvane.e2e;
 
-import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static com.olvane.kep.olvane.e2e.StoreRule.children;
+import static com.olvane.kep.olvane.e2e.StoreRule.create;
+import static com.olvane.kep.olvane.e2e.StoreRule.ok;
 import static org.hamcrest.CoreMatchers.containsString;
 import static org.hamcrest.MatcherAssert.assertThat;
 import static org.junit.Assert.assertArrayEquals;
@@ -17,6 +19,7 @@ import java.nio.file.Path;
 import java.nio.file.Paths;
 import java.util.LinkedHashMap;
 import java.util.Map;
+import java.util.function.IntSupplier;
 import org.junit.Rule;
 import org.junit.Test;
 
@@ -36,61 +39,58 @@ public class DiskTest {
       open.write(); // only an object that was written has a lock state
     }
     try (OpenOutline open = store.edit()) {
-      int dimension = StoreRule.create(open, 0, 0, "Kept");
+      int dimension = create(open, 0, 0, "Kept");
       open.write();
       byte[] before = Files.readAllBytes(stored);
       for (int i = 0; i < MEMBERS; i++) {
-        int member = StoreRule.create(open, dimension, 0, "Member " + i);
-        check("alias", OutlineJni.assignMemberAlias(
-            open.instance(), open.handle(), member, "Default", "The alias of member " + i));
+        int member = create(open, dimension, 0, "Member " + i);
+        ok(OutlineJni.assignMemberAlias(open.instance(), open.handle(), member, "Default",
+            "The alias of member " + i));
       }
       Path file = Settings.newFolder().resolve("aliases");
       Map<String, Integer> statuses = new LinkedHashMap<>();
-      limitFileSize(Integer.toString(LIMIT));
-      try {
-        statuses.put("write", OutlineJni.write(
-            context(), open.handle(), StoreRule.APPLICATION, StoreRule.DATABASE));
-        statuses.put("save to another database", OutlineJni.saveAsObject(open.instance(),
-            context(), open.handle(), context(), StoreRule.APPLICATION, OTHER));
-        statuses.put("save as a file", OutlineJni.saveAsFileBegin(
-            open.instance(), context(), open.handle(), new SavedFile()));
-        statuses.put("export", OutlineJni.exportAliasTable(
-            open.instance(), open.handle(), "Default", file.toString()));
-      } finally {
-        limitFileSize("unlimited");
-      }
-      assertEquals(-1, statuses.remove("export").intValue());
+      statuses.put("write", limited(() -> OutlineJni.write(
+          context(), open.handle(), StoreRule.APPLICATION, StoreRule.DATABASE)));
+      statuses.put("save to another database", limited(() -> OutlineJni.saveAsObject(
+          open.instance(), context(), open.handle(), context(), StoreRule.APPLICATION, OTHER)));
+      statuses.put("save as a file", limited(() -> OutlineJni.saveAsFileBegin(
+          open.instance(), context(), open.handle(), new SavedFile())));
       statuses.forEach((kind, status) -> assertThat(
           kind, StandinSession.message(status), containsString("The disk is full")));
+      assertEquals(-1, limited(() -> OutlineJni.exportAliasTable(
+          open.instance(), open.handle(), "Default", file.toString())));
       assertArrayEquals(before, Files.readAllBytes(stored));
       assertEquals("the lock was given back", 0, OutlineJni.getLockedState(
           open.instance(), context(), StoreRule.APPLICATION, OTHER));
       open.write();
     }
     try (OpenOutline open = store.query()) {
-      assertEquals(MEMBERS, StoreRule.children(open, "Kept").size());
+      assertEquals(MEMBERS, children(open, "Kept").size());
     }
-    restructureIsRefused(stored);
-  }
-
-  private void restructureIsRefused(Path stored) throws Exception {
     byte[] before = Files.readAllBytes(stored);
-    limitFileSize(Integer.toString(LIMIT));
-    int status;
-    try {
-      status = OutlineJni.restructure(
-          context(), (short) 1, StoreRule.APPLICATION, StoreRule.DATABASE);
-    } finally {
-      limitFileSize("unlimited");
-    }
+    int status = limited(this::restructure);
     assertThat(StandinSession.message(status), containsString("The disk is full"));
     assertArrayEquals(before, Files.readAllBytes(stored));
-    check("restructure", OutlineJni.restructure(
-        context(), (short) 1, StoreRule.APPLICATION, StoreRule.DATABASE));
+    ok(restructure());
+  }
+
+  private int restructure() {
+    return OutlineJni.restructure(
+        context(), (short) 1, StoreRule.APPLICATION, StoreRule.DATABASE);
   }
 
   private ContextHandle context() {
     return store.session().context();
+  }
+
+  /** The status of a call during which files stay small. */
+  private static int limited(IntSupplier call) throws IOException, InterruptedException {
+    limitFileSize(Integer.toString(LIMIT));
+    try {
+      return call.getAsInt();
+    } finally {
+      limitFileSize("unlimited");
+    }
   }
 
   /** Sets the size that this process may write to one file. */

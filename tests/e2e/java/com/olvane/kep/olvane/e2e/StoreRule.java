@@ -5,6 +5,7 @@ import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.api.outline.FindRequest;
 import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.standin.Ledger;
@@ -12,6 +13,7 @@ import com.olvane.kep.olvane.standin.StandinSession;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.stream.Collectors;
 import org.junit.rules.ExternalResource;
 
 /**
@@ -60,6 +62,20 @@ final class StoreRule extends ExternalResource {
 
   OpenOutline query() {
     return OpenOutline.query(session, APPLICATION, DATABASE);
+  }
+
+  /** Fails with the sentence of a status unless it is 0. */
+  static void ok(int status) {
+    check("call a native method", status);
+  }
+
+  /** The names of the members that a search finds, batch after batch. */
+  static List<String> found(OpenOutline open, FindRequest request) {
+    List<DefaultMember> matches = new ArrayList<>();
+    do {
+      OutlineJni.findRequest(open.instance(), open.handle(), request, matches);
+    } while (request.getLastHandle() != 0);
+    return matches.stream().map(DefaultMember::getName).collect(Collectors.toList());
   }
 
   /** Adds a member as the first child of a parent, or after a sibling; gives its handle. */

@@ -1,6 +1,9 @@
 package com.olvane.kep.olvane.e2e;
 
-import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static com.olvane.kep.olvane.e2e.StoreRule.children;
+import static com.olvane.kep.olvane.e2e.StoreRule.create;
+import static com.olvane.kep.olvane.e2e.StoreRule.found;
+import static com.olvane.kep.olvane.e2e.StoreRule.ok;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertNotEquals;
 import static org.junit.Assert.assertNull;
@@ -38,29 +41,25 @@ public class TextTest {
     try (OpenOutline open = store.edit()) {
       InstanceHandle instance = open.instance();
       OutlineHandle outline = open.handle();
-      check("create a table", OutlineJni.createAliasTable(instance, outline, table));
-      int dimension = StoreRule.create(open, 0, 0, "Texts");
+      ok(OutlineJni.createAliasTable(instance, outline, table));
+      int dimension = create(open, 0, 0, "Texts");
       int previous = 0;
       for (String text : TEXTS) {
-        previous = StoreRule.create(open, dimension, previous, text);
-        check("set the alias",
-            OutlineJni.assignMemberAlias(instance, outline, previous, table, "alias " + text));
-        check("set the comment",
-            OutlineJni.assignMemberComment(instance, outline, previous, "comment " + text));
-        check("set the formula",
-            OutlineJni.updateMemberFormula(instance, outline, previous, "formula " + text));
-        check("set the attribute",
-            OutlineJni.setMemberUDA(instance, outline, previous, "attribute " + text));
+        previous = create(open, dimension, previous, text);
+        ok(OutlineJni.assignMemberAlias(instance, outline, previous, table, "alias " + text));
+        ok(OutlineJni.assignMemberComment(instance, outline, previous, "comment " + text));
+        ok(OutlineJni.updateMemberFormula(instance, outline, previous, "formula " + text));
+        ok(OutlineJni.setMemberUDA(instance, outline, previous, "attribute " + text));
       }
       open.write();
     }
     try (OpenOutline open = store.query()) {
       List<String> names = new ArrayList<>();
-      check("list", OutlineJni.getChildrenFor(open.handle(), "Texts", "Texts", names));
+      ok(OutlineJni.getChildrenFor(open.handle(), "Texts", "Texts", names));
       assertEquals(Arrays.asList(TEXTS), names);
       List<MemberAlias> aliases = new ArrayList<>();
-      check("read the aliases", OutlineJni.getMemberAliasesForTable(
-          open.instance(), open.handle(), table, names, aliases, false));
+      ok(OutlineJni.getMemberAliasesForTable(open.instance(), open.handle(), table, names, aliases,
+          false));
       for (int i = 0; i < TEXTS.length; i++) {
         assertEquals("alias " + TEXTS[i], aliases.get(i).getAliasName());
         compare(open, TEXTS[i]);
@@ -70,28 +69,24 @@ public class TextTest {
 
   private static void compare(OpenOutline open, String text) {
     OutlineMemberProperties properties = new OutlineMemberProperties();
-    check("read", OutlineJni.getMemberInfo(open.handle(), text, properties));
+    ok(OutlineJni.getMemberInfo(open.handle(), text, properties));
     assertEquals(text, properties.getName());
     assertEquals("comment " + text, properties.getComment());
     Formula formula = new Formula();
-    check("read the formula",
-        OutlineJni.getMemberFormulaQuery(open.instance(), open.handle(), text, formula));
+    ok(OutlineJni.getMemberFormulaQuery(open.instance(), open.handle(), text, formula));
     assertEquals("formula " + text, formula.getFormula());
     List<String> attributes = new ArrayList<>();
-    check("read the attributes",
-        OutlineJni.getMemberUDASQuery(open.instance(), open.handle(), text, attributes));
+    ok(OutlineJni.getMemberUDASQuery(open.instance(), open.handle(), text, attributes));
     assertEquals(Collections.singletonList("attribute " + text), attributes);
 
     List<MemberPath> paths = new ArrayList<>();
-    check("search", OutlineJni.findMemberQuery(open.handle(), text, null, true, false, paths));
+    ok(OutlineJni.findMemberQuery(open.handle(), text, null, true, false, paths));
     assertEquals(Arrays.asList(text, "Texts"), paths.get(0).getNames());
     FindRequest request = new FindRequest();
     request.setText(text);
     request.setSearchMemberNames(false);
     request.setSearchFormulas(true);
-    List<DefaultMember> matches = new ArrayList<>();
-    OutlineJni.findRequest(open.instance(), open.handle(), request, matches);
-    assertEquals(text, matches.get(0).getName());
+    assertEquals(Collections.singletonList(text), found(open, request));
   }
 
   @Test
@@ -101,12 +96,12 @@ public class TextTest {
     try (OpenOutline open = store.edit()) {
       InstanceHandle instance = open.instance();
       OutlineHandle outline = open.handle();
-      int dimension = StoreRule.create(open, 0, 0, "Texts");
+      int dimension = create(open, 0, 0, "Texts");
       List<DefaultMember> created = new ArrayList<>();
       assertEquals(-1, OutlineJni.createMember(
           instance, outline, dimension, 0, fits + "x", created));
       assertTrue(created.isEmpty());
-      int member = StoreRule.create(open, dimension, 0, fits);
+      int member = create(open, dimension, 0, fits);
       assertNotEquals(0, OutlineJni.renameMember(instance, outline, member, fits + "x"));
       assertNotEquals(0, OutlineJni.assignMemberAlias(
           instance, outline, member, "Default", fits + "x"));
@@ -115,11 +110,10 @@ public class TextTest {
 
       char[] comment = new char[DefaultMember.MAX_COMMENT_BYTES];
       Arrays.fill(comment, 'c');
-      check("set the comment", OutlineJni.assignMemberComment(
-          instance, outline, member, new String(comment)));
+      ok(OutlineJni.assignMemberComment(instance, outline, member, new String(comment)));
       assertEquals(-1, OutlineJni.assignMemberComment(
           instance, outline, member, new String(comment) + "c"));
-      DefaultMember read = StoreRule.children(open, "Texts").get(0);
+      DefaultMember read = children(open, "Texts").get(0);
       assertEquals(fits, read.getName());
       assertEquals(new String(comment), read.getComment());
       assertNull(read.getCurrencyMember());

@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.e2e;
 
-import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static com.olvane.kep.olvane.e2e.StoreRule.create;
+import static com.olvane.kep.olvane.e2e.StoreRule.ok;
 import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.api.InstanceHandle;
@@ -23,8 +24,8 @@ public class VerifyTest {
 
   private List<String> verify(OpenOutline open) {
     List<VerifyFinding> findings = new ArrayList<>();
-    check("verify", OutlineJni.verifyOutlineEdit(
-        open.instance(), store.session().context(), open.handle(), findings));
+    ok(OutlineJni.verifyOutlineEdit(open.instance(), store.session().context(), open.handle(),
+        findings));
     List<String> sentences = new ArrayList<>();
     findings.forEach(finding -> sentences.addAll(finding.getSentences()));
     return sentences;
@@ -38,67 +39,41 @@ public class VerifyTest {
       assertEquals(Collections.singletonList(
           "The outline has no dimension but attribute dimensions."), verify(open));
 
-      int year = StoreRule.create(open, 0, 0, "Year");
-      int first = StoreRule.create(open, year, 0, "First");
-      int second = StoreRule.create(open, year, first, "Second");
+      int year = create(open, 0, 0, "Year");
+      int first = create(open, year, 0, "First");
+      int second = create(open, year, first, "Second");
+      int month = create(open, 0, year, "Month");
       assertEquals(Collections.emptyList(), verify(open));
-
-      check("rename", OutlineJni.renameMember(instance, outline, second, "First"));
-      assertEquals(Collections.singletonList(
-          "Member First has the same name as an earlier sibling."), verify(open));
-      check("rename", OutlineJni.renameMember(instance, outline, second, "+Second"));
-      assertEquals(Collections.singletonList("Member +Second has a name that begins with a"
-          + " character that formulas read as syntax."), verify(open));
-      check("rename", OutlineJni.renameMember(instance, outline, second, "Second"));
-
-      for (int member : new int[] {first, second}) {
-        check("set the alias", OutlineJni.assignMemberAlias(
-            instance, outline, member, "Default", "Either"));
-      }
-      assertEquals(Arrays.asList(
-          "Member First has an alias that another member has in the same table.",
-          "Member Second has an alias that another member has in the same table."), verify(open));
-      check("set the alias",
-          OutlineJni.assignMemberAlias(instance, outline, first, "Default", ""));
-      check("set the alias",
-          OutlineJni.assignMemberAlias(instance, outline, second, "Default", "first"));
-      assertEquals(Collections.singletonList(
-          "Member Second has an alias that is another member's name."), verify(open));
-      check("set the alias",
-          OutlineJni.assignMemberAlias(instance, outline, second, "Default", ""));
-
-      check("share", OutlineJni.assignMemberShare(
-          instance, outline, second, new Share(Share.LABEL_ONLY)));
-      assertEquals(Collections.singletonList(
-          "Member Second is label only but has no children."), verify(open));
-      check("share", OutlineJni.assignMemberShare(
-          instance, outline, second, new Share(Share.SHARED)));
-      assertEquals(Collections.singletonList("Member Second is marked as shared but its dimension"
-          + " has no unshared member of that name."), verify(open));
-    }
-  }
-
-  @Test
-  public void errorsOfDimensionsHaveSentencesToo() {
-    try (OpenOutline open = store.edit()) {
-      InstanceHandle instance = open.instance();
-      OutlineHandle outline = open.handle();
-      int year = StoreRule.create(open, 0, 0, "Year");
-      int month = StoreRule.create(open, 0, year, "Month");
       for (int dimension : new int[] {year, month}) {
-        check("set the category", OutlineJni.assignMemberDimensionCategory(instance, outline,
-            dimension, new DimensionCategory(DimensionCategory.TIME), null));
+        ok(OutlineJni.assignMemberDimensionCategory(instance, outline, dimension,
+            new DimensionCategory(DimensionCategory.TIME), null));
       }
-      assertEquals(Arrays.asList("The outline has more than one time dimension.",
+      ok(OutlineJni.assignMemberAlias(instance, outline, first, "Default", "month"));
+      ok(OutlineJni.renameMember(instance, outline, second, "+First"));
+      ok(OutlineJni.assignMemberShare(instance, outline, second, new Share(Share.SHARED)));
+      assertEquals(Arrays.asList(
+          "The outline has more than one time dimension.",
+          "Member First has an alias that is another member's name.",
+          "Member +First has a name that begins with a character that formulas read as syntax.",
+          "Member +First is marked as shared but its dimension has no unshared member of that"
+              + " name.",
           "Member Month is a further time dimension."), verify(open));
 
-      check("set the category", OutlineJni.assignMemberDimensionCategory(instance, outline, month,
+      ok(OutlineJni.assignMemberDimensionCategory(instance, outline, month,
           new DimensionCategory(DimensionCategory.ATTRIBUTE), null));
-      int red = StoreRule.create(open, month, 0, "Red");
-      check("set the formula", OutlineJni.updateMemberFormula(instance, outline, red, "1;"));
+      int red = create(open, month, 0, "Red");
+      ok(OutlineJni.updateMemberFormula(instance, outline, red, "1;"));
+      ok(OutlineJni.deleteMember(instance, outline, second));
+      ok(OutlineJni.renameMember(instance, outline, first, "a"));
+      ok(OutlineJni.assignMemberShare(instance, outline, first, new Share(Share.LABEL_ONLY)));
+      ok(OutlineJni.assignMemberAlias(instance, outline, first, "Default", "Same"));
+      ok(OutlineJni.assignMemberAlias(instance, outline, red, "Default", "same"));
       assertEquals(Arrays.asList(
+          "Member a is label only but has no children.",
+          "Member a has an alias that another member has in the same table.",
           "Member Month is an attribute dimension that no base dimension is associated with.",
-          "Member Red belongs to an attribute dimension but has a formula."), verify(open));
+          "Member Red belongs to an attribute dimension but has a formula.",
+          "Member Red has an alias that another member has in the same table."), verify(open));
     }
   }
 }
