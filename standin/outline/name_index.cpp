@@ -40,7 +40,7 @@ void NameIndex::reserve(uint32_t count) {
   }
 }
 
-MemberId NameIndex::find_head(std::string_view name, uint32_t hash) const {
+MemberId NameIndex::find(std::string_view name, uint32_t hash) const {
   if (buckets_.empty()) return kNoMember;
   MemberId head = buckets_[hash & (buckets_.size() - 1)];
   while (head != kNoMember && !(nodes_[head].hash == hash &&
@@ -59,7 +59,7 @@ MemberId* NameIndex::slot_of_head(MemberId head) {
 void NameIndex::insert(MemberId id) {
   Node& node = nodes_[id];
   node.hash = hash(members_.at(id).name);
-  const MemberId head = find_head(members_.at(id).name, node.hash);
+  const MemberId head = find(members_.at(id).name, node.hash);
   if (head == kNoMember) {
     MemberId& first = bucket(node.hash);
     node.next_in_bucket = first;
@@ -77,7 +77,7 @@ void NameIndex::insert(MemberId id) {
 
 void NameIndex::erase(MemberId id) {
   const Node& node = nodes_[id];
-  if (find_head(members_.at(id).name, node.hash) == id) {
+  if (find(members_.at(id).name, node.hash) == id) {
     MemberId* slot = slot_of_head(id);
     if (node.ring_next == id) {
       *slot = node.next_in_bucket;
@@ -95,14 +95,10 @@ void NameIndex::requeue(MemberId id) {
   insert(id);
 }
 
-MemberId NameIndex::find(std::string_view name) const {
-  return find_head(name, hash(name));
-}
-
 MemberId NameIndex::next_of_same_name(MemberId id) const {
   const MemberId next = nodes_[id].ring_next;
   if (next == id) return kNoMember;  // most names: no look into the table
-  return next == find_head(members_.at(id).name, nodes_[id].hash) ? kNoMember : next;
+  return next == find(members_.at(id).name, nodes_[id].hash) ? kNoMember : next;
 }
 
 void NameIndex::set_case_sensitive(bool sensitive) {

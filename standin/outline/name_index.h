@@ -39,7 +39,9 @@ class NameIndex {
   void requeue(MemberId id);
 
   // The first member of a name; 0 when there is none.
-  MemberId find(std::string_view name) const;
+  MemberId find(std::string_view name) const { return find(name, hash(name)); }
+  // The same for a caller who has the name's hash_text() at hand.
+  MemberId find(std::string_view name, uint32_t hash) const;
   // The next member of the same name as `id`; 0 after the last.
   MemberId next_of_same_name(MemberId id) const;
 
@@ -54,7 +56,6 @@ class NameIndex {
 
   uint32_t hash(std::string_view name) const { return hash_text(name, case_sensitive_); }
   MemberId& bucket(uint32_t hash) { return buckets_[hash & (buckets_.size() - 1)]; }
-  MemberId find_head(std::string_view name, uint32_t hash) const;
   MemberId* slot_of_head(MemberId head);
 
   const MemberArena& members_;

@@ -113,6 +113,7 @@ class Outline {
 
   // The member that has had this name longest; 0 when there is none.
   MemberId find(std::string_view name) const { return names_.find(name); }
+  MemberId find(std::string_view name, uint32_t hash) const { return names_.find(name, hash); }
   // The member that comes after `id` in the order in which its name was taken; 0 after the last.
   MemberId next_of_same_name(MemberId id) const { return names_.next_of_same_name(id); }
   // Makes `id` the youngest holder of its name: calling it for all holders in turn sets their
