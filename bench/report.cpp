@@ -63,7 +63,7 @@ void print_rows(const std::vector<Row>& rows) {
   }
   for (const Row& row : rows) {
     for (size_t i = 0; i < row.size(); ++i) {
-      std::printf("%s%*s", i == 0 ? "  " : "  ", static_cast<int>(widths[i]), row[i].c_str());
+      std::printf("  %*s", static_cast<int>(widths[i]), row[i].c_str());
     }
     std::printf("\n");
   }

@@ -22,8 +22,8 @@ class Fields {
   void compare(const char* name, Field Record::*field) {
     const std::string value = value_text(name, record_.*field);
     if (value == value_text(name, baseline_.*field)) return;
-    constexpr bool is_reserved = std::is_same_v<std::remove_extent_t<Field>, uint8_t>;
-    add(name, std::is_array_v<Field> && is_reserved ? "changed" : value);
+    constexpr bool kReserved = std::is_same_v<std::remove_extent_t<Field>, uint8_t>;
+    add(name, std::is_array_v<Field> && kReserved ? "changed" : value);
   }
 
   std::string text() const { return '{' + text_ + '}'; }
@@ -33,14 +33,15 @@ class Fields {
   static std::string value_text(const char* name, const Field& field) {
     if constexpr (std::is_integral_v<Field>) {
       return std::to_string(field);
-    } else if constexpr (std::is_pointer_v<Field>) {
-      return quoted(field);
     } else if constexpr (std::is_same_v<std::remove_extent_t<Field>, uint8_t>) {
       return std::string(std::begin(field), std::end(field));
-    } else if (std::memchr(field, '\0', sizeof field) == nullptr) {
-      journal().fault(std::string("A text without an end in the field ") + name);
-      return "endless";
     } else {
+      if constexpr (std::is_array_v<Field>) {
+        if (std::memchr(field, '\0', sizeof field) == nullptr) {
+          journal().fault(std::string("A text without an end in the field ") + name);
+          return "endless";
+        }
+      }
       return quoted(field);
     }
   }

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int kLength = 100000;
-constexpr size_t kStack = 256 * 1024;
+constexpr size_t kStack = size_t{256} * 1024;
 
 using Code = std::function<void(JNIEnv& probe, JavaObjects& objects)>;
 

@@ -89,8 +89,8 @@ struct ProbeFunctions {
   // Follows a local reference that a function gives.
   template <typename Reference>
   static Reference keep(JNIEnv* env, Reference reference) {
-    constexpr bool is_string = std::is_same_v<Reference, jstring>;
-    if (reference != nullptr) probe(env)->references_[reference] = is_string;
+    constexpr bool kString = std::is_same_v<Reference, jstring>;
+    if (reference != nullptr) probe(env)->references_[reference] = kString;
     return reference;
   }
 
@@ -258,9 +258,9 @@ struct ProbeFunctions {
 };
 
 JniProbe::JniProbe(JNIEnv* real) : real_(real) {
-  static const JNINativeInterface_ table = ProbeFunctions::make_table(
+  static const JNINativeInterface_ kTable = ProbeFunctions::make_table(
       std::make_index_sequence<sizeof(JNINativeInterface_) / sizeof(void*)>());
-  functions = &table;
+  functions = &kTable;
   take_jni_warnings();
 }
 

@@ -3,7 +3,7 @@
 
 int main(int argc, char**) {
   const size_t size = 8;
-  char* block = static_cast<char*>(std::calloc(size, 1));
+  auto* block = static_cast<unsigned char*>(std::calloc(size, 1));
   const int read = block[size + static_cast<size_t>(argc) - 1];
   std::free(block);
   return read & 0;

@@ -1,9 +1,9 @@
 // Random edits on an outline and on a plain model of it, which have to agree at every step.
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <random>
 
+#include "tests/long_run.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -151,16 +151,11 @@ class RandomEdits : public OutlineTest {
 
   void step() {
     const unsigned kind = model_.nodes.size() < 3 ? 0 : pick(100);
-    if (kind < 45)
-      add();
-    else if (kind < 75)
-      move();
-    else if (kind < 90)
-      rename();
-    else if (kind < 95)
-      sort();
-    else
-      remove();
+    if (kind < 45) return add();
+    if (kind < 75) return move();
+    if (kind < 90) return rename();
+    if (kind < 95) return sort();
+    remove();
   }
 
   void check_member(HMember id, const Node& node, int generation, const std::string& dimension) {
@@ -224,12 +219,8 @@ TEST_F(RandomEdits, AgreeWithAPlainModel) {
 class ShortSequences : public RandomEdits {};
 
 TEST_F(ShortSequences, KeepEveryInvariant) {
-  const char* const wanted = std::getenv("KEPOTL_SEQUENCES");
-  const char* const round_of_run = std::getenv("KEPOTL_ROUND");
-  const auto count =
-      wanted == nullptr ? 1000U : static_cast<unsigned>(std::strtoul(wanted, nullptr, 10));
-  const unsigned before =
-      round_of_run == nullptr ? 0 : count * static_cast<unsigned>(std::atoi(round_of_run));
+  const unsigned count = long_run_number("KEPOTL_SEQUENCES", 1000);
+  const unsigned before = count * long_run_number("KEPOTL_ROUND", 0);
   for (unsigned number = before + 1; number <= before + count; ++number) {
     ASSERT_NO_FATAL_FAILURE(start(number));
     for (int round = 0; round < 30; ++round) {

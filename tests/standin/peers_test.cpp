@@ -4,6 +4,7 @@
 
 #include <ctime>
 
+#include "tests/long_run.h"
 #include "tests/standin/editor.h"
 #include "tests/standin/peer.h"
 
@@ -83,12 +84,11 @@ double cpu_seconds(clockid_t clock) {
 
 // KEPOTL_MEMBERS sets the size; a million takes some seconds without an emulator.
 TEST(Peers, PollingBackToBackLeavesTheOnlyCoreToTheRestructure) {
-  const char* const wanted = std::getenv("KEPOTL_MEMBERS");
-  const int members = wanted == nullptr ? 50000 : std::atoi(wanted);
+  const unsigned members = long_run_number("KEPOTL_MEMBERS", 50000);
   const TempFolder folder;
   Editor editor(folder.string());
   const HMember dimension = editor.add(0, "Large");
-  for (int i = 0; i < members; ++i) editor.add(dimension, "m" + std::to_string(i));
+  for (unsigned i = 0; i < members; ++i) editor.add(dimension, "m" + std::to_string(i));
   ASSERT_EQ(editor.write(), 0);
 
   cpu_set_t all;

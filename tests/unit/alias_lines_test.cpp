@@ -46,7 +46,7 @@ std::string header(const std::string& text) {
 std::string trimmed(const std::string& text) {
   std::string buffer = text;
   EXPECT_EQ(getStrTrimInPlace(0, buffer.data()), buffer.data());
-  return buffer.c_str();
+  return buffer.substr(0, buffer.find('\0'));
 }
 
 TEST(AliasLines, FieldsAreQuotedOrWords) {

@@ -2,7 +2,6 @@
 // of few different characters, so that overlaps, runs and delimiters meet often.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <string>
@@ -10,16 +9,14 @@
 
 #include "aliasfile/aliasfile.h"
 #include "bridge/bridge.h"
+#include "tests/long_run.h"
 
 namespace {
 
 class RandomTexts : public testing::Test {
  protected:
   // Some tens of thousands, or as many as a long run asks for.
-  static unsigned long count() {
-    const char* wanted = std::getenv("KEPOTL_SEQUENCES");
-    return wanted == nullptr ? 50000 : 100 * std::strtoul(wanted, nullptr, 10);
-  }
+  static unsigned count() { return 100 * long_run_number("KEPOTL_SEQUENCES", 500); }
   size_t pick(size_t below) { return random_() % below; }
   std::string text(const std::string& characters, size_t longest) {
     std::string made(pick(longest + 1), ' ');
@@ -28,12 +25,7 @@ class RandomTexts : public testing::Test {
   }
 
   // Each round of a long run takes other texts.
-  static unsigned round() {
-    const char* const number = std::getenv("KEPOTL_ROUND");
-    return number == nullptr ? 0 : static_cast<unsigned>(std::atoi(number));
-  }
-
-  std::mt19937 random_{20261 + round()};
+  std::mt19937 random_{20261 + long_run_number("KEPOTL_ROUND", 0)};
 };
 
 std::string lower(std::string text) {
