@@ -47,9 +47,8 @@ HMember fill_bushes(const OpenOutline& outline, int64_t count) {
 // Copies the tree below another dimension, batch by batch, as a client does.
 class CopyBench {
  public:
-  CopyBench(const Jvm& jvm, const bench::Store& store) : jvm_(jvm), store_(store) {
-    inst_ = jvm.instance_handle(static_cast<jint>(store.instance()));
-  }
+  CopyBench(const Jvm& jvm, const bench::Store& store)
+      : jvm_(jvm), store_(store), inst_(jvm.instance_handle(static_cast<jint>(store.instance()))) {}
 
   double time(Fill fill, int64_t count) const {
     const OpenOutline outline(store_, "Copy");

@@ -22,9 +22,9 @@ constexpr int64_t kLargestOfStructures = 10'000;
 // The method list(outline, parent, list) of a Java class.
 class JavaListing {
  public:
-  JavaListing(const Jvm& jvm, const char* class_name) {
-    type_ = static_cast<jclass>(jvm.keep(jvm.env()->FindClass(class_name)));
-    method_ = jvm.env()->GetStaticMethodID(type_, "list", "(IILjava/util/Collection;)V");
+  JavaListing(const Jvm& jvm, const char* class_name)
+      : type_(static_cast<jclass>(jvm.keep(jvm.env()->FindClass(class_name)))),
+        method_(jvm.env()->GetStaticMethodID(type_, "list", "(IILjava/util/Collection;)V")) {
     jvm.check(class_name);
   }
   void list(JNIEnv* env, jint outline, jint parent, jobject list) const {
