@@ -134,7 +134,8 @@ KEPOTL_NATIVE(jint, listDTSLatestMembers)
   for (uint32_t i = 0; members && i < members.counts.totalCount && status == kStatusOk; ++i) {
     ApiBlock<MemberInfoRecord> info(inst);
     status = OlvOtlGetMemberInfo(outline, members[i], info.out());
-    if (status == kStatusOk && info) add_string(env, text, list, info->name);
+    if (status == kStatusOk && !info) status = kStatusRefused;
+    if (status == kStatusOk) add_string(env, text, list, info->name);
   }
   return status;
 } catch (const std::bad_alloc&) {

@@ -25,8 +25,6 @@ const char* api_status_text(int status) {
 
 const char* store_status_text(int status) {
   switch (status) {
-    case kNotImplemented:
-      return "This engine does not offer the function.";
     case kBadInstance:
       return "There is no such instance; it was never initialised or has been terminated.";
     case kBadContext:
@@ -51,6 +49,8 @@ const char* store_status_text(int status) {
     case kDamagedOutline:
       return "The outline file is damaged or is no outline of this engine; restore it from a "
              "backup.";
+    case kNewerOutline:
+      return "A later version of this engine wrote the outline file; open it with that version.";
     case kBadObjectName:
       return "The application, database or object name is not allowed: use 1 to 30 bytes without "
              "slashes or control characters, not starting with a dot.";

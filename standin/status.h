@@ -7,17 +7,17 @@
 namespace standin {
 
 enum Status : int {
-  kNotImplemented = 1900001,  // the stand-in does not offer this function yet
-  kBadInstance,               // no such instance
-  kBadContext,                // no such login or local context
-  kBadOutline,                // no such open outline
-  kBadMember,                 // no such member, or it was deleted
-  kBadArgument,               // a null or impossible argument
+  kBadInstance = 1900001,  // no such instance
+  kBadContext,             // no such login or local context
+  kBadOutline,             // no such open outline
+  kBadMember,              // no such member, or it was deleted
+  kBadArgument,            // a null or impossible argument
   kNoMemory,
   kNotAStore,       // the folder is not a store of this engine
   kStoreError,      // reading or writing the store failed
   kNoSpace,         // the disk is full
   kDamagedOutline,  // the outline file is damaged
+  kNewerOutline,    // the outline file has tables of a later version of this engine
   kBadObjectName,   // application, database or object name not allowed
   kNoSuchDatabase,
   kNoSuchObject,

@@ -185,7 +185,9 @@ int load_outline(const std::string& path, Outline* outline) {
   return run_guarded([&] {
     OutlineFile file = OutlineFile::open(path);
     demand(file.number("PRAGMA application_id") == kApplicationId);
-    demand(file.number("PRAGMA user_version") == kSchemaVersion);
+    const int64_t version = file.number("PRAGMA user_version");
+    if (version > kSchemaVersion) throw StoreFailure(kNewerOutline);
+    demand(version == kSchemaVersion);
     OutlineReader(file, *outline).read();
     return kStatusOk;
   });

@@ -9,8 +9,8 @@
 namespace standin {
 
 // Reads the file at `path` into an outline that is new and empty. kNoSuchObject when there is no
-// file, and the outline stays empty; kDamagedOutline when anything in it is not as it was written,
-// and the outline is of no use.
+// file or kNewerOutline when a later version of this engine wrote it, and the outline stays empty;
+// kDamagedOutline when anything in it is not as it was written, and the outline is of no use.
 int load_outline(const std::string& path, Outline* outline);
 
 // Writes an outline to `path`, durably, in place of what is there. kNoSpace or kStoreError when

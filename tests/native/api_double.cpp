@@ -52,6 +52,7 @@ int ApiDouble::call_on(const char* function, HOutline h, HMember member,
 // ---- Ledger ----
 
 void* ApiDouble::hand_out(const char* kind, Release release, size_t size, size_t count) {
+  if (++handed_out_ == withheld_) return nullptr;
   // Exactly as large as asked for, so that an address sanitizer sees reads
   // beyond the end.
   void* block = std::malloc(size == 0 ? 1 : size);
@@ -63,7 +64,7 @@ void* ApiDouble::hand_out(const char* kind, Release release, size_t size, size_t
 
 char* ApiDouble::hand_out_text(const char* kind, const std::string& text) {
   auto* block = static_cast<char*>(hand_out(kind, Release::kFree, text.size() + 1));
-  std::memcpy(block, text.c_str(), text.size() + 1);
+  if (block != nullptr) std::memcpy(block, text.c_str(), text.size() + 1);
   return block;
 }
 
@@ -114,6 +115,8 @@ void ApiDouble::clear_outline() {
   called_.clear();
   function_failures_.clear();
   fail_at_ = 0;
+  handed_out_ = 0;
+  withheld_ = 0;
   locks.clear();
   open_outlines = {kOutline};
   static_cast<DoubleState&>(*this) = DoubleState();

@@ -82,6 +82,10 @@ class ApiDouble : public DoubleState {
   void fail_call(int n, int status, bool onwards = false);
   // Calls of one function, from the n-th on from now, answer `status`.
   void fail_function(const std::string& function, int status, int n = 1);
+  // The n-th block from now is withheld: its call answers success, its count and a null pointer.
+  void withhold_block(int n) { withheld_ = handed_out_ + n; }
+  // Blocks handed out or withheld since the reset.
+  int handed_out() const { return handed_out_; }
   // Functions called since the reset, in order.
   const std::vector<std::string>& called() const { return called_; }
 
@@ -116,7 +120,7 @@ class ApiDouble : public DoubleState {
   // The same for a call on one member: handles come first, and unknown ones
   // have their statuses.
   int call_on(const char* function, HOutline h, HMember member, std::vector<std::string> rest = {});
-  // Hands out a block and notes how it is to be given back.
+  // Hands out a block and notes how it is to be given back; null when it is withheld.
   enum class Release { kFree, kMembers, kMemberRecord, kSpec };
   void* hand_out(const char* kind, Release release, size_t size, size_t count = 1);
   // Entries one behind the other, or one record.
@@ -125,7 +129,7 @@ class ApiDouble : public DoubleState {
                   Release release = Release::kFree) {
     const size_t size = entries.size() * sizeof(Entry);
     auto* block = static_cast<Entry*>(hand_out(kind, release, size, entries.size()));
-    std::copy(entries.begin(), entries.end(), block);
+    if (block != nullptr) std::copy(entries.begin(), entries.end(), block);
     return block;
   }
   char* hand_out_text(const char* kind, const std::string& text);
@@ -155,6 +159,8 @@ class ApiDouble : public DoubleState {
   int fail_at_ = 0;  // 0: never
   int fail_status_ = 0;
   bool fail_onwards_ = false;
+  int handed_out_ = 0;
+  int withheld_ = 0;                                              // 0: none
   std::map<std::string, std::pair<int, int>> function_failures_;  // calls to go, status
 };
 

@@ -35,6 +35,7 @@ char* give_found(const char* kind, const Texts& texts, const typename Texts::key
 char* give_packed(const std::vector<std::string>& texts) {
   // What stands behind the end of a text means nothing.
   char* block = api().hand_out("UDAs", std::vector<char>(texts.size() * kUdaStride, 'x'));
+  if (block == nullptr) return nullptr;
   for (size_t i = 0; i < texts.size(); ++i) std::strcpy(block + i * kUdaStride, texts[i].c_str());
   return block;
 }
@@ -196,6 +197,7 @@ int OlvOtlGetOutlineInfo(HOutline h, OutlineInfoRecord** info) {
   const size_t tables = api().alias_tables.size();
   *info = static_cast<OutlineInfoRecord*>(api().hand_out(
       "outline info", Release::kFree, sizeof(OutlineInfoRecord) + tables * kAliasTableStride));
+  if (*info == nullptr) return kStatusOk;
   **info = api().info;
   (*info)->aliasTableCount = static_cast<uint16_t>(tables);
   char* name = reinterpret_cast<char*>(*info + 1);

@@ -1,5 +1,6 @@
 // The sweeps: every native method runs with each of its API calls failing, once and from there on,
-// and with each argument missing or wrong. Whatever happens, everything goes back.
+// with each block that the API hands out missing, and with each argument missing or wrong. Whatever
+// happens, everything goes back.
 #include "tests/native/sweep.h"
 
 #include <algorithm>
@@ -22,6 +23,7 @@ struct Outcome {
   long result = 0;
   std::string exception;
   std::vector<std::string> functions;  // API functions called
+  int blocks = 0;                      // handed out by them
   std::set<std::string> locks;
   std::set<HOutline> outlines;
 };
@@ -39,17 +41,20 @@ class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCas
   }
 
   // Runs the entry on a fresh sample outline and checks what must hold whatever happens.
-  Outcome run(Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false) {
+  Outcome run(Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false,
+              int withheld = 0) {
     api().reset();
     journal().clear();
     env_->PushLocalFrame(512);
     if (fail_at != 0) api().fail_call(fail_at, kInjected, onwards);
+    if (withheld != 0) api().withhold_block(withheld);
     Outcome outcome;
     JniProbe probe(env_);
     outcome.result = GetParam().run(&probe, java, substitution);
     probe.finish();
     outcome.exception = probe.exception();
     outcome.functions = api().called();
+    outcome.blocks = api().handed_out();
     outcome.locks = api().locks;
     outcome.outlines = api().open_outlines;
     EXPECT_THAT(journal().take_faults(), testing::IsEmpty());
@@ -97,6 +102,16 @@ TEST_P(SweepTest, EachCallFailingFromThereOn) {
   for (size_t n = 1; n <= clean.functions.size(); ++n) {
     SCOPED_TRACE("calls fail from " + std::to_string(n) + " on, " + clean.functions[n - 1]);
     const Outcome outcome = run(nullptr, static_cast<int>(n), true);
+    EXPECT_EQ(outcome.exception, "");
+    expect_nothing_kept(outcome, clean);
+  }
+}
+
+TEST_P(SweepTest, EachBlockMissingInASuccess) {
+  const Outcome clean = run();
+  for (int n = 1; n <= clean.blocks; ++n) {
+    SCOPED_TRACE("block " + std::to_string(n) + " is withheld");
+    const Outcome outcome = run(nullptr, 0, false, n);
     EXPECT_EQ(outcome.exception, "");
     expect_nothing_kept(outcome, clean);
   }

@@ -12,6 +12,7 @@ namespace {
 
 constexpr char kLatin1[] = "Zo\xEB \xFF";  // no valid UTF-8
 const std::string kDamaged = std::to_string(standin::kDamagedOutline);
+const std::string kNewer = std::to_string(standin::kNewerOutline);
 
 class Persist : public OutlineTest {
  protected:
@@ -136,7 +137,7 @@ TEST_F(Persist, DamageIsRefused) {
     std::filesystem::remove(file());  // some file systems sync what is overwritten
     write_file(file(), damaged);
     const std::string text = stored();
-    const bool refused = text == kDamaged;
+    const bool refused = text == kDamaged || text == kNewer;
     EXPECT_TRUE(refused || text == rich) << "byte " << where;
     return refused;
   };
@@ -153,6 +154,16 @@ TEST_F(Persist, DamageIsRefused) {
     EXPECT_TRUE(is_refused(content.substr(0, length), length));
   }
   EXPECT_FALSE(is_refused(content, content.size()));
+}
+
+TEST_F(Persist, AFileOfALaterVersionIsNotCalledDamaged) {
+  build_rich_outline();
+  ASSERT_EQ(write(), 0);
+  constexpr size_t kLowByteOfUserVersion = 63;
+  std::string content = read_file(file());
+  ++content[kLowByteOfUserVersion];
+  write_file(file(), content);
+  EXPECT_EQ(stored(), kNewer);
 }
 
 TEST_F(Persist, FilesOfOthersAreRefused) {

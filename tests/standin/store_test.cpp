@@ -179,7 +179,7 @@ TEST(StatusText, IsASentenceOfItsOwnForEveryStatus) {
   std::set<std::string> texts{OlvStandinStatusText(12345)};
   std::vector<int> statuses = {kStatusOk, kStatusRefused, kStatusCopyFailed,
                                kStatusAliasTableExists, kStatusDuplicateName};
-  for (int status = standin::kNotImplemented; status <= standin::kVerificationFailed; ++status) {
+  for (int status = standin::kBadInstance; status <= standin::kVerificationFailed; ++status) {
     statuses.push_back(status);
   }
   for (const int status : statuses) {
