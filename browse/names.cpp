@@ -18,13 +18,15 @@ int list_with_aliases(JNIEnv* env, int context, INST inst, HOutline outline,
   return for_each_record(
       outline, members, status, [&](HMember member, const MemberInfoRecord& info) {
         try {
-          std::string alias;
-          std::string tag;
-          if (tagged) tag = quoted(info.dimensionCategory == kCategoryTime ? "Time" : "");
-          if (!table.is_null()) {
-            give_alias(inst, outline, member, table.api(), [&](const char* text) { alias = text; });
-          }
-          add_string(env, context, list, (quoted(info.name) + quoted(alias.c_str()) + tag).c_str());
+          std::string entry = quoted(info.name);
+          ApiBlock<char> alias(inst);
+          const bool known = !table.is_null() && OlvOtlGetMemberAlias(outline, member, table.api(),
+                                                                      alias.out()) == kStatusOk;
+          entry += quoted(known && alias ? alias.get() : "");
+          if (tagged) entry += quoted(info.dimensionCategory == kCategoryTime ? "Time" : "");
+          LocalRef string(env, env->NewStringUTF(getUTFCharsFromAPIChars(context, entry.c_str())));
+          alias.release();
+          if (string.get() != nullptr) CallListAddObject(env, list, string.get());
         } catch (const std::bad_alloc&) {
         }
       });

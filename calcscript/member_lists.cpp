@@ -105,13 +105,13 @@ KEPOTL_NATIVE(jint, listFindMembers)
   if (status != kStatusOk) return status;
   const Adder list(env, collection);
   for (uint32_t i = 0; members && i < members.counts.totalCount && status == kStatusOk; ++i) {
+    HandleArray parents(outline);
+    MemberRecord parent(outline);
     MemberRecord info(outline);
     status = info.read(members[i]);
     if (status != kStatusOk) break;
-    HandleArray parents(outline);
     status = parents.query_by_name(info->name, parent_query());
     if (status != kStatusOk) break;
-    MemberRecord parent(outline);
     LocalRef name(env, parent_name(env, text, outline, parents, use_aliases, selected_table(table),
                                    &parent, &status));
     jobject object = CreateMemberInfoObject(env, info.get(), static_cast<jstring>(name.get()));

@@ -6,14 +6,13 @@
 
 #include "bridge/scope.h"
 
-// Stores a text with its NUL in a fixed field that allows at most `limit` characters. False, and
-// the field untouched, when it does not fit: texts are never cut.
+// Stores a text with its NUL in a fixed field that allows at most `limit` characters; what stands
+// behind the NUL stays. False, and the field untouched, when it does not fit: texts are never cut.
 template <size_t Size>
 bool store_text(char (&field)[Size], size_t limit, const char* text) {
   const size_t length = std::strlen(text);
   if (length > limit || length >= Size) return false;
-  std::memset(field, 0, Size);
-  std::memcpy(field, text, length);
+  std::memcpy(field, text, length + 1);
   return true;
 }
 

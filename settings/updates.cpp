@@ -13,16 +13,17 @@ jint update_info(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
   if (outline == 0) return kStatusOk;
   ApiBlock<OutlineInfoRecord> info(inst);
   const int status = OlvOtlGetOutlineInfo(outline, info.out());
-  if (status != kStatusOk || !info) {
+  if (status != kStatusOk) {
     info.forget();
     return status;
   }
+  if (!info) return kStatusRefused;
   change(*info);
   return OlvOtlSetOutlineInfoEx(outline, info.get());
 }
 
 // Reads the attribute specifications, calls change(context, record), and writes them back. What
-// change returns is kept until then: it owns the characters that the record may point to.
+// change returns is kept until then: the characters that the record points to, or none.
 template <typename Change>
 jint update_specs(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
   TextContext text;
@@ -31,11 +32,13 @@ jint update_specs(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
   if (outline == 0) return kStatusOk;
   ApiBlock<AttributeSpecRecord> specs(inst);
   const int status = OlvOtlGetAttributeSpecifications(outline, specs.out());
-  if (status != kStatusOk || !specs) {
+  if (status != kStatusOk) {
     specs.forget();
     return status;
   }
-  [[maybe_unused]] const auto kept = change(text, *specs);
+  if (!specs) return kStatusRefused;
+  const JavaText kept = change(text, *specs);
+  if (kept.lost()) return kStatusRefused;
   return OlvOtlSetAttributeSpecifications(outline, specs.get());
 }
 
@@ -44,7 +47,8 @@ template <typename Field>
 jint update_code(JNIEnv* env, jobject jinst, jobject joutline, jobject value,
                  Field AttributeSpecRecord::*field) {
   return update_specs(env, jinst, joutline, [&](int, AttributeSpecRecord& specs) {
-    return specs.*field = static_cast<Field>(CallShortGetProperty(env, value, "getValue"));
+    specs.*field = static_cast<Field>(CallShortGetProperty(env, value, "getValue"));
+    return JavaText();
   });
 }
 
@@ -53,7 +57,7 @@ jint update_name(JNIEnv* env, jobject jinst, jobject joutline, jstring value,
                  const char* AttributeSpecRecord::*field) {
   return update_specs(env, jinst, joutline, [&](int context, AttributeSpecRecord& specs) {
     JavaText name(env, context, value);
-    if (!name.lost()) specs.*field = name.api();
+    specs.*field = name.api();
     return name;
   });
 }

@@ -237,8 +237,8 @@ TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
                           "OlvOtlGetMemberAlias(outline, Qtr1, \"Long Names\")",
                           "OlvFree(0, alias)", "OlvOtlGetMemberAlias(outline, Jan, \"Long Names\")",
                           "OlvFree(0, alias)", "OlvOtlFreeStructure(outline, 1, 65, member record)",
-                          "OlvOtlFreeMembers(outline, 1, query result)",
                           "OlvOtlFreeStructure(outline, 1, 65, member record)",
+                          "OlvOtlFreeMembers(outline, 1, query result)",
                           "OlvOtlFreeMembers(outline, 1, query result)"));
 }
 
