@@ -74,7 +74,7 @@ final class TreeCommand implements Callable<Integer> {
       } else {
         throw new IllegalArgumentException(
             "There is no member " + member + " in " + names.application + "." + names.database
-                + ". Names are codes, not aliases; list them without --member");
+                + ". Give its name, not an alias; the tree without --member lists all names");
       }
       if (json) {
         writeJson(open, roots, out);
