@@ -1,4 +1,6 @@
 // Changes of the outline's shape, of member properties, and of attribute dimensions.
+#include <cstring>
+
 #include "bridge/bridge.h"
 #include "tests/native/native_test.h"
 
@@ -173,6 +175,16 @@ TEST_F(EditTest, RecordsAreReadChangedWrittenAndReleased) {
   EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), "x"), 0);
   EXPECT_THAT(journal().lines(Entry::kText), ElementsAre("chars(\"x\")", "release(\"x\")"));
   EXPECT_EQ(journal().all_lines().front(), "chars(\"x\")");
+}
+
+TEST_F(EditTest, BytesBehindAShorterTextGoBackAsTheyWereRead) {
+  MemberInfoRecord& info = api().member("Jan").info;
+  std::strcpy(info.comment, "before");
+  info.currencyMember[81] = '\x7F';  // padding
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), "x"), 0);
+  EXPECT_EQ(on("Jan", NATIVE(assignMemberCategory), "EUR"), 0);
+  EXPECT_EQ(std::string(info.comment, 7), std::string("x\0fore\0", 7));
+  EXPECT_EQ(info.currencyMember[81], '\x7F');
 }
 
 TEST_F(EditTest, LongTextsAreRefusedWhole) {
