@@ -271,7 +271,7 @@ int run(int argc, char** argv) {
   bench::Report report(argc, argv, "Changing an outline");
   const std::vector<int64_t> sizes = {1'000, 10'000, 100'000};
   // A chain costs more per member the longer it is: each batch climbs from its last member to the
-  // dimension on both sides, and each new member changes the level of all above it.
+  // dimension on both sides.
   const std::vector<int64_t> chain_sizes = {1'000, 3'000, 10'000};
   const int64_t calls = report.largest({1'000, 10'000});
   const Jvm jvm(report.largest(sizes) * kBytesPerCall * 2);

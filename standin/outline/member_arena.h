@@ -55,7 +55,8 @@ struct Member {
   MemberId dimension = kNoMember;  // itself for a dimension
   uint32_t child_count = 0;
   uint32_t generation = 0;    // 1 for a dimension
-  mutable int32_t level = 0;  // kLevelUnknown until asked for; read it with Outline::level
+  mutable int32_t level = 0;  // kLevelUnknown until asked for, not kept for a dimension: read it
+                              // with Outline::level
   bool living = false;
   MemberProperties properties;
   std::string name;
@@ -81,8 +82,6 @@ class MemberArena {
     if (size_ == chunks_.size() * kChunk) chunks_.push_back(std::make_unique<Member[]>(kChunk));
     return size_++;
   }
-  // Takes back the member that grow() gave last.
-  void shrink() { --size_; }
 
  private:
   static constexpr uint32_t kChunk = 1024;

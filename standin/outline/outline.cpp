@@ -73,6 +73,8 @@ void Outline::unlink(MemberId id) {
 MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name) {
   std::string copy(name);
   names_.reserve(members_.size() + 1);
+  make_room(parent == kRoot ? members_.size() : member(parent).dimension,
+            member(parent).generation + 1);
   const MemberId id = members_.grow();
   Member& added = member(id);
   added.name = std::move(copy);
@@ -80,6 +82,7 @@ MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name)
   added.generation = member(parent).generation + 1;
   added.dimension = parent == kRoot ? id : member(parent).dimension;
   link(id, parent, previous);
+  count_in(id);
   level_added(parent, id);
   names_.insert(id);
   ++living_;
@@ -92,23 +95,26 @@ MemberId Outline::append(MemberId parent, std::string_view name) {
 
 void Outline::move(MemberId id, MemberId parent, MemberId previous) {
   if (previous == id) return;
+  const MemberId dimension = parent == kRoot ? id : member(parent).dimension;
+  const bool other_dimension = dimension != member(id).dimension;
+  const uint32_t generation = member(parent).generation + 1;
+  const bool renumbered = other_dimension || member(id).generation != generation;
+  if (renumbered) make_room(dimension, generation + level(id));
   level_removed(member(id).parent, id);
   unlink(id);
   link(id, parent, previous);
   level_added(parent, id);
-  const MemberId dimension = parent == kRoot ? id : member(parent).dimension;
-  const bool other_dimension = dimension != member(id).dimension;
-  if (other_dimension || member(id).generation != member(parent).generation + 1) {
-    renumber_subtree(id);
-  }
+  if (renumbered) renumber_subtree(id);
   if (other_dimension) drop_invalid_associations(id);
 }
 
 void Outline::renumber_subtree(MemberId top) {
   for (MemberId id = top; id != kNoMember; id = next_in_subtree(id, top)) {
+    count_out(id);
     Member& moved = member(id);
     moved.generation = member(moved.parent).generation + 1;
-    moved.dimension = moved.parent == kRoot ? id : member(moved.parent).dimension;
+    moved.dimension = member(moved.parent).dimension;
+    count_in(id);
   }
 }
 
@@ -124,6 +130,7 @@ void Outline::remove(MemberId id) {
 // Takes back what one member owns and what refers to it, except its links.
 void Outline::erase(MemberId id) {
   names_.erase(id);
+  count_out(id);
   drop_associations(id);
   for (AliasTable& table : alias_tables) table.aliases.erase(id);
   dimension_names.erase(id);

@@ -90,7 +90,8 @@ class Outline {
   // Child number `index` of a member or of the root, counted from 0; 0 when there are fewer. Going
   // on from where the last call on the same parent ended is cheap.
   MemberId child_at(MemberId parent, uint32_t index) const;
-  // Level of a member, 0 without children, else one above its highest child. Amortised constant.
+  // Level of a member, 0 without children, else one above its highest child. Constant for a
+  // dimension, amortised constant for others.
   uint32_t level(MemberId id) const;
 
   // ---- Shape ----
@@ -99,8 +100,8 @@ class Outline {
   MemberId add(MemberId parent, MemberId previous, std::string_view name);
   // Adds a member as the last child; the way to build an outline from a list in pre-order.
   MemberId append(MemberId parent, std::string_view name);
-  // Moves a member with its subtree; `parent` must not lie within it. Associations that the new
-  // place rules out are removed.
+  // Moves a member with its subtree; `parent` must not lie within it, and is the root for a
+  // dimension and only then. Associations that the new place rules out are removed.
   void move(MemberId id, MemberId parent, MemberId previous);
   // Removes a member with its subtree and everything that refers to it.
   void remove(MemberId id);
@@ -179,6 +180,9 @@ class Outline {
   void drop_invalid_associations(MemberId top);
   void drop_invalid_associations_of(MemberId id);
   bool association_allowed(MemberId base, MemberId attribute) const;
+  void make_room(MemberId dimension, uint32_t generation);
+  void count_in(MemberId id);
+  void count_out(MemberId id);
   void level_added(MemberId parent, MemberId child);
   void level_removed(MemberId parent, MemberId child);
   void invalidate_levels(MemberId id);
@@ -186,6 +190,8 @@ class Outline {
   MemberArena members_;
   NameIndex names_{members_};
   uint32_t living_ = 0;
+  // Members per generation, by dimension; the dimension itself comes first, a zero never last.
+  std::unordered_map<MemberId, std::vector<uint32_t>> generation_sizes_;
   mutable Cursor cursor_;
 };
 

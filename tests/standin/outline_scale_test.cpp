@@ -1,4 +1,6 @@
 // A size at which a step that isn't constant would show.
+#include <algorithm>
+
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -33,4 +35,17 @@ TEST_F(Scale, AMillionMembersReadWhileTheyAreAdded) {
   for (const HMember group : groups) ASSERT_EQ(remove(group), 0);
   EXPECT_EQ(info(top).level, 0);
   EXPECT_EQ(query(kQueryChildren, top).total, 0U);
+}
+
+TEST_F(Scale, AChainReadWhileItGrows) {
+  constexpr int kDepth = 100'000;
+  constexpr int kHighestLevel = 32'767;  // that a record can tell
+  const HMember top = dimension("Top");
+  HMember last = top;
+  for (int depth = 1; depth <= kDepth; ++depth) {
+    last = child(last, "m" + std::to_string(depth));
+    ASSERT_EQ(info(top).level, std::min(depth, kHighestLevel));
+  }
+  EXPECT_EQ(remove(find("m20000")), 0);
+  EXPECT_EQ(info(top).level, 19'999);
 }
