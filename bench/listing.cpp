@@ -11,6 +11,8 @@
 #include "bridge/jni_calls.h"
 #include "com_olvane_kep_olvane_api_jni_OutlineJni.h"
 
+using namespace kepotl;
+
 namespace {
 
 using bench::Jvm;

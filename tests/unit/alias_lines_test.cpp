@@ -26,8 +26,8 @@ void PrintTo(const Read& read, std::ostream* out) {
 // Reads a line into fields that hold something from the line before.
 Read read(const std::string& text) {
   std::string line = text;
-  char member[kAliasFieldSize] = "old member";
-  char alias[kAliasFieldSize] = "old alias";
+  char member[kepotl::kAliasFieldSize] = "old member";
+  char alias[kepotl::kAliasFieldSize] = "old alias";
   const int result = CallReadMemberAliasLine(line.data(), member, alias);
   return {result, member, alias};
 }
@@ -36,7 +36,7 @@ Read read(const std::string& text) {
 // was left alone.
 std::string header(const std::string& text) {
   std::string line = text;
-  char name[kAliasFieldSize] = "kept";
+  char name[kepotl::kAliasFieldSize] = "kept";
   const char* result = CallReadAliasTableHeader(line.data(), name);
   if (result == nullptr) return std::string("null ") + name;
   EXPECT_EQ(result, name);

@@ -88,7 +88,7 @@ Line model_line(const std::string& line) {
     read.member = parts.empty() ? "" : trimmed(parts[0]);
   }
   for (std::string* field : {&read.member, &read.alias}) {
-    if (field->size() >= kAliasFieldSize) field->clear();
+    if (field->size() >= kepotl::kAliasFieldSize) field->clear();
   }
   read.result = read.member.empty() || read.alias.empty() ? 0 : 2;
   return read;
@@ -127,8 +127,8 @@ TEST_F(RandomTexts, AliasLinesReadAsThePlainModelSays) {
     const Line wanted = model_line(line);
     pairs += wanted.result == 2;
     std::vector<char> copy(line.c_str(), line.c_str() + line.size() + 1);
-    char member[kAliasFieldSize] = "";
-    char alias[kAliasFieldSize] = "";
+    char member[kepotl::kAliasFieldSize] = "";
+    char alias[kepotl::kAliasFieldSize] = "";
     ASSERT_EQ(CallReadMemberAliasLine(copy.data(), member, alias), wanted.result)
         << testing::PrintToString(line);
     ASSERT_EQ(member, wanted.member) << testing::PrintToString(line);

@@ -1,0 +1,100 @@
+// Facts about the database behind an outline, and its currency database.
+#include <limits>
+
+#include "bridge/bridge.h"
+#include "bridge/native.h"
+#include "bridge/scope.h"
+#include "lifecycle/objects.h"
+
+namespace kepotl {
+namespace {
+
+// Truncates toward zero. What does not fit, not-a-number included, becomes the smallest value.
+jint truncated(double count) {
+  constexpr double kBelowFirst = -2147483649.0;
+  constexpr double kAboveLast = 2147483648.0;
+  if (count > kBelowFirst && count < kAboveLast) return static_cast<jint>(count);
+  return std::numeric_limits<jint>::min();
+}
+
+// An outline that lives only inside one call.
+class DerivedOutline {
+ public:
+  explicit DerivedOutline(HOutline outline) : outline_(outline) {}
+  ~DerivedOutline() { OlvOtlCloseOutline(outline_); }
+  DerivedOutline(const DerivedOutline&) = delete;
+  DerivedOutline& operator=(const DerivedOutline&) = delete;
+
+ private:
+  HOutline outline_;
+};
+
+}  // namespace
+}  // namespace kepotl
+
+using namespace kepotl;
+
+KEPOTL_NATIVE(jint, getCellCount)
+(JNIEnv* env, jclass, jobject jcontext, jstring jarea, jobject holder) {
+  TextContext text;
+  JavaText area(env, text, jarea);
+  const HCTX context = RetrieveHCTX(env, jcontext);
+  if (context == 0) return kStatusOk;
+  double count = 0;
+  const int status = OlvPartitionGetAreaCellCount(context, area.api(), &count);
+  if (status == kStatusOk) CallIntegerSetProperty(env, holder, "setValue", truncated(count));
+  return status;
+}
+
+KEPOTL_NATIVE(jint, getDataLoaded)
+(JNIEnv* env, jclass, jobject jinst, jobject jcontext, jstring japplication, jstring jdatabase) {
+  TextContext text;
+  JavaText application(env, text, japplication);
+  JavaText database(env, text, jdatabase);
+  const INST inst = RetrieveINST(env, jinst);
+  const HCTX context = RetrieveHCTX(env, jcontext);
+  if (context == 0) return kStatusOk;
+  ApiBlock<DatabaseInfoRecord> info(inst);
+  const int status = OlvGetDatabaseInfo(context, application.api(), database.api(), info.out());
+  if (status != kStatusOk) {
+    info.forget();
+    return status;
+  }
+  return info && info->dataLoaded != 0 ? -1 : 0;
+}
+
+KEPOTL_NATIVE(jint, getLockedState)
+(JNIEnv* env, jclass, jobject jinst, jobject jcontext, jstring japplication, jstring jdatabase) {
+  TextContext text;
+  JavaText application(env, text, japplication);
+  JavaText database(env, text, jdatabase);
+  const INST inst = RetrieveINST(env, jinst);
+  const HCTX context = RetrieveHCTX(env, jcontext);
+  if (context == 0) return kStatusOk;
+  ApiBlock<ObjectInfoRecord> info(inst);
+  const int status = OlvGetObjectInfo(context, kObjectTypeOutline, application.api(),
+                                      database.api(), database.api(), info.out());
+  if (status != kStatusOk) {
+    info.forget();
+    return status;
+  }
+  return info ? info->locked : 0;
+}
+
+KEPOTL_NATIVE(jint, generateCurrencyDB)
+(JNIEnv* env, jclass, jobject jinst, jobject joutline, jobject jcontext, jstring japplication,
+ jstring jdatabase) {
+  TextContext text;
+  RetrieveINST(env, jinst);
+  const HCTX context = RetrieveHCTX(env, jcontext);
+  const HOutline outline = RetrieveHOutline(env, joutline);
+  if (outline == 0) return kStatusOk;
+  HOutline currency = 0;
+  const int status = OlvOtlGenerateCurrencyOutline(outline, &currency);
+  if (status != kStatusOk || currency == 0) return status;
+  JavaText application(env, text, japplication);
+  JavaText database(env, text, jdatabase);
+  DerivedOutline closing(currency);
+  return write_and_restructure(context, currency, application.api(), database.api(),
+                               kRestructureCurrency);
+}
