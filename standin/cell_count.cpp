@@ -1,17 +1,12 @@
-// Counting cells: one pass over the members of the outline file, which are numbered in pre-order,
-// so that a subtree is a range of numbers.
+// Counting cells: one pass over the members of each dimension.
 #include "standin/cell_count.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
-#include <unordered_map>
+#include <unordered_set>
 
 #include "api/types.h"
 #include "standin/guard.h"
-#include "standin/outline/name_index.h"
-#include "standin/outline/schema.h"
-#include "standin/sqlite.h"
+#include "standin/outline/file/stored_outline.h"
 
 namespace standin {
 namespace {
@@ -22,11 +17,6 @@ std::string trimmed(const std::string& text) {
   const size_t first = text.find_first_not_of(kBlanks);
   if (first == std::string::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-std::string folded(std::string name, bool case_sensitive) {
-  if (!case_sensitive) std::transform(name.begin(), name.end(), name.begin(), fold);
-  return name;
 }
 
 // Reads a quoted name that starts at `at` and moves `at` behind it and the blanks that follow.
@@ -45,95 +35,39 @@ std::string read_quoted(const std::string& area, size_t* at) {
   throw StoreFailure(kBadArgument);  // no closing quote
 }
 
-// The members of an outline file as far as counting needs them, all by member number.
-struct Members {
-  std::vector<uint32_t> last;                       // last member of the subtree
-  std::vector<uint32_t> leaves;                     // level-0 members up to and including this one
-  std::vector<uint32_t> dimensions;                 // the dimensions that count
-  std::unordered_map<std::string, uint32_t> named;  // the holders of the wanted names, 0: none
-};
+using MemberSet = std::unordered_set<MemberId>;
 
-// A member that was renamed to a name in use stands behind the one that had it first, whatever
-// their numbers. The file tells where that matters.
-void read_name_order(Connection& file, bool case_sensitive, Members* members) {
-  Statement row(file,
-                "SELECT member.id, member.name FROM name_order "
-                "JOIN member ON member.id = name_order.member ORDER BY name_order.rowid");
-  while (row.next()) {
-    const auto wanted = members->named.find(folded(row.text(1), case_sensitive));
-    if (wanted != members->named.end() && wanted->second == 0) {
-      wanted->second = static_cast<uint32_t>(row.number(0));
-    }
+MemberSet find_all(const Outline& outline, const std::vector<std::string>& names) {
+  MemberSet found;
+  for (const std::string& name : names) {
+    const MemberId id = outline.find(name);
+    if (id == kNoMember) throw StoreFailure(kMemberNotFound);
+    found.insert(id);
   }
+  return found;
 }
 
-Members read_members(Connection& file, const std::vector<std::string>& names) {
-  if (file.number("PRAGMA application_id") != kApplicationId ||
-      file.number("PRAGMA user_version") != kSchemaVersion) {
-    throw StoreFailure(kDamagedOutline);
-  }
-  const bool case_sensitive = file.number("SELECT case_sensitive FROM outline") != 0;
-  Members members;
-  for (const std::string& name : names) members.named.emplace(folded(name, case_sensitive), 0);
-  if (!names.empty()) read_name_order(file, case_sensitive, &members);
-
-  std::vector<uint32_t> parents(1);
-  std::vector<bool> has_child(1);
-  Statement row(file, "SELECT id, parent, dimension_category, name FROM member ORDER BY id");
-  while (row.next()) {
-    const size_t id = parents.size();
-    const int64_t parent = row.number(1);
-    if (row.number(0) != static_cast<int64_t>(id) || parent < 0 ||
-        parent >= static_cast<int64_t>(id)) {
-      throw StoreFailure(kDamagedOutline);
-    }
-    parents.push_back(static_cast<uint32_t>(parent));
-    has_child.push_back(false);
-    has_child[static_cast<size_t>(parent)] = true;
-    if (parent == 0 && row.number(2) != kCategoryAttribute) {
-      members.dimensions.push_back(static_cast<uint32_t>(id));
-    }
-    if (names.empty()) continue;
-    const auto wanted = members.named.find(folded(row.text(3), case_sensitive));
-    if (wanted != members.named.end() && wanted->second == 0) {
-      wanted->second = static_cast<uint32_t>(id);
-    }
-  }
-
-  members.leaves.resize(parents.size());
-  members.last.resize(parents.size());
-  for (size_t id = 1; id < parents.size(); ++id) {
-    members.leaves[id] = members.leaves[id - 1] + (has_child[id] ? 0 : 1);
-  }
-  for (size_t id = parents.size() - 1; id > 0; --id) {
-    members.last[id] = std::max(members.last[id], static_cast<uint32_t>(id));
-    uint32_t& above = members.last[parents[id]];
-    above = std::max(above, members.last[id]);
-  }
-  return members;
-}
-
-// Level-0 members of one dimension below the named ones (sorted by number), or all of them when
-// none of the named ones is in it. `*used` grows by the names that are.
-double count_leaves(const Members& members, uint32_t dimension, const std::vector<uint32_t>& named,
+// Level-0 members of one dimension below the named ones, or all of them when none of the named
+// ones is in it. `*used` grows by the names that are.
+double count_leaves(const Outline& outline, MemberId dimension, const MemberSet& named,
                     size_t* used) {
-  const auto leaves_of = [&](uint32_t id) {
-    return static_cast<double>(members.leaves[members.last[id]] - members.leaves[id - 1]);
-  };
-  double count = 0;
-  uint32_t counted_to = 0;
+  double all = 0;
+  double below_named = 0;
   bool any = false;
-  for (const uint32_t id : named) {
-    if (id < dimension || id > members.last[dimension]) continue;
-    any = true;
-    ++*used;
-    // A subtree that begins within the one before it lies within it altogether.
-    if (id > counted_to) {
-      count += leaves_of(id);
-      counted_to = members.last[id];
+  uint32_t within = 0;  // generation of the named member that the walk is below; 0: none
+  for (const MemberId id : outline.subtree(dimension)) {
+    const Member& member = outline.member(id);
+    if (member.generation <= within) within = 0;
+    if (named.count(id) != 0) {
+      any = true;
+      ++*used;
+      if (within == 0) within = member.generation;
     }
+    if (member.first_child != kNoMember) continue;
+    ++all;
+    if (within != 0) ++below_named;
   }
-  return any ? count : leaves_of(dimension);
+  return any ? below_named : all;
 }
 
 }  // namespace
@@ -157,30 +91,19 @@ std::vector<std::string> parse_area(const std::string& area) {
 }
 
 double count_cells(const std::string& file, const std::vector<std::string>& names) {
-  // Written outlines are replaced and never changed, so nothing needs to be locked.
-  Connection connection(file, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOFOLLOW, "unix-none");
-  Members members;
-  try {
-    members = read_members(connection, names);
-  } catch (const StoreFailure&) {
-    const int result = sqlite3_errcode(connection.get()) & 0xff;
-    throw StoreFailure(result == SQLITE_IOERR ? kStoreError : kDamagedOutline);
-  }
-
-  std::vector<uint32_t> named;
-  for (const auto& [name, id] : members.named) {
-    if (id == 0) throw StoreFailure(kMemberNotFound);
-    named.push_back(id);
-  }
-  std::sort(named.begin(), named.end());
-
-  double cells = members.dimensions.empty() ? 0 : 1;
+  Outline outline;
+  require(load_outline(file, &outline));
+  const MemberSet named = find_all(outline, names);
+  double cells = 1;
+  bool counted = false;
   size_t used = 0;
-  for (const uint32_t dimension : members.dimensions) {
-    cells *= count_leaves(members, dimension, named, &used);
+  for (const MemberId dimension : outline.children(kRoot)) {
+    if (outline.member(dimension).properties.dimension_category == kCategoryAttribute) continue;
+    cells *= count_leaves(outline, dimension, named, &used);
+    counted = true;
   }
   if (used != named.size()) throw StoreFailure(kBadArgument);
-  return cells;
+  return counted ? cells : 0;
 }
 
 }  // namespace standin

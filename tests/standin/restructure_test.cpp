@@ -1,5 +1,5 @@
 // Restructuring a stored database, and the currency outline derived from an outline.
-#include "standin/outline/codes.h"
+#include "standin/outline/model/codes.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;

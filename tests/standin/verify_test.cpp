@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "standin/outline/codes.h"
+#include "standin/outline/model/codes.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;

@@ -1,0 +1,196 @@
+// Reading an outline from its file, refusing one that is damaged.
+#include "standin/outline/file/stored_outline.h"
+
+#include "standin/guard.h"
+#include "standin/outline/file/outline_file.h"
+#include "standin/outline/file/schema.h"
+#include "standin/outline/model/series.h"
+
+namespace standin {
+namespace {
+
+void demand(bool sound) {
+  if (!sound) throw StoreFailure(kDamagedOutline);
+}
+
+// Reads one file into a new outline, where members get the numbers that they have in the file.
+class OutlineReader {
+ public:
+  OutlineReader(OutlineFile& file, Outline& outline) : file_(file), outline_(outline) {}
+
+  // The tables in the order in which they were written, which the checksum depends on.
+  void read() {
+    read_settings();
+    read_members();
+    read_reserved();
+    read_name_order();
+    for (const TextTable& table : kTextTables) read_texts(table);
+    read_udas();
+    read_associations("dimension_association", true);
+    read_associations("member_association", false);
+    for (const NumberedNameTable& table : kNumberedNameTables) read_numbered_names(table);
+    read_series();
+    read_alias_tables();
+    check_checksum();
+  }
+
+ private:
+  MemberId member_of(RowReader& row) {
+    return static_cast<MemberId>(row.number_within(1, outline_.member_count()));
+  }
+
+  AliasTable& table_of(RowReader& row) {
+    const auto last = static_cast<int64_t>(outline_.alias_tables.size()) - 1;
+    return outline_.alias_tables[static_cast<size_t>(row.number_within(0, last))];
+  }
+
+  void read_settings() {
+    RowReader row(file_, "outline", kSettingsColumns);
+    demand(row.next());
+    outline_.set_case_sensitive(row.number_within(0, 1) != 0);
+    visit_settings(outline_, [&](auto& value) {
+      value = row.number<std::remove_reference_t<decltype(value)>>();
+    });
+    for (auto& text : outline_.attribute_settings.texts) text = row.optional_text(kMaxMemberName);
+    demand(!row.next());
+  }
+
+  void read_members() {
+    // No more than the file can hold, or damage could ask for all memory there is.
+    const int64_t count = file_.number("SELECT max(id) FROM member");
+    const int64_t bytes = file_.number("PRAGMA page_count") * file_.number("PRAGMA page_size");
+    demand(count >= 0 && count <= bytes / kMemberColumns);
+    outline_.reserve(static_cast<uint32_t>(count));
+
+    RowReader row(file_, "member", kMemberColumns);
+    MemberId last = kRoot;
+    while (row.next()) {
+      const MemberId expected = outline_.id_limit();
+      demand(row.number<int64_t>() == expected);
+      const auto parent = static_cast<MemberId>(row.number_within(kRoot, expected - 1));
+      // Pre-order: the parent is the member before or one of those above it.
+      while (last != parent && last != kRoot) last = outline_.member(last).parent;
+      demand(last == parent);
+      last = outline_.append(parent, row.name(kMaxMemberName));
+      visit_codes(outline_.member(last).properties, [&](auto& value) {
+        value = row.number<std::remove_reference_t<decltype(value)>>();
+      });
+    }
+    demand(outline_.member_count() == static_cast<uint64_t>(count));
+  }
+
+  void read_reserved() {
+    RowReader row(file_, "reserved", 3);
+    while (row.next()) {
+      auto& bytes = outline_.member(member_of(row)).properties.reserved;
+      const int64_t position = row.number_within(0, static_cast<int64_t>(bytes.size()) - 1);
+      bytes[static_cast<size_t>(position)] = row.number<uint8_t>();
+    }
+  }
+
+  void read_name_order() {
+    RowReader row(file_, "name_order", 1);
+    while (row.next()) outline_.requeue_name(member_of(row));
+  }
+
+  void read_texts(const TextTable& table) {
+    RowReader row(file_, table.name, 2);
+    while (row.next()) {
+      const MemberId id = member_of(row);
+      outline_.member(id).extras().*table.text = row.name(table.longest);
+    }
+  }
+
+  void read_udas() {
+    RowReader row(file_, "uda", 2);
+    while (row.next()) {
+      const MemberId id = member_of(row);
+      outline_.member(id).extras().udas.push_back(row.name(kMaxUda));
+    }
+  }
+
+  void read_associations(const char* table, bool of_dimensions) {
+    RowReader row(file_, table, 2);
+    while (row.next()) {
+      const MemberId base = member_of(row);
+      const MemberId attribute = member_of(row);
+      demand(base != attribute && !outline_.associated(base, attribute));
+      demand(outline_.is_dimension(base) == of_dimensions);
+      demand(outline_.is_dimension(attribute) == of_dimensions);
+      demand(of_dimensions || outline_.associated(outline_.member(base).dimension,
+                                                  outline_.member(attribute).dimension));
+      demand(of_dimensions || !outline_.carries_other(base, attribute));
+      outline_.associate(base, attribute);
+    }
+  }
+
+  void read_numbered_names(const NumberedNameTable& table) {
+    RowReader row(file_, table.name, 3);
+    while (row.next()) {
+      const MemberId dimension = member_of(row);
+      demand(outline_.is_dimension(dimension));
+      const auto number = static_cast<uint16_t>(row.number_within(table.first, UINT16_MAX));
+      auto& names = outline_.dimension_names[dimension].*table.names;
+      demand(names.emplace(number, row.name(kMaxMemberName)).second);
+    }
+  }
+
+  void read_series() {
+    RowReader row(file_, "series", 2);
+    while (row.next()) {
+      SeriesEntry entry;
+      entry.name = row.name(kMaxMemberName);
+      entry.generation = static_cast<int16_t>(row.number_within(1, INT16_MAX));
+      demand(is_series_name(entry.name) && find_series(outline_, entry.name) == nullptr);
+      outline_.series.push_back(std::move(entry));
+    }
+  }
+
+  void read_alias_tables() {
+    RowReader table(file_, "alias_table", 2);
+    RowReader alias(file_, "alias", 3);
+    RowReader series_alias(file_, "series_alias", 3);
+    outline_.alias_tables.clear();
+    while (table.next()) {
+      demand(table.number<int64_t>() == static_cast<int64_t>(outline_.alias_tables.size()));
+      outline_.alias_tables.emplace_back().name = table.name(kMaxAliasTableName);
+    }
+    demand(!outline_.alias_tables.empty() && outline_.alias_tables.size() <= UINT16_MAX);
+    while (alias.next()) {
+      auto& aliases = table_of(alias).aliases;
+      const MemberId member = member_of(alias);
+      demand(aliases.emplace(member, alias.name(kMaxMemberName)).second);
+    }
+    while (series_alias.next()) {
+      auto& aliases = table_of(series_alias).series_aliases;
+      std::string series = series_alias.name(kMaxMemberName);
+      demand(is_series_name(series));
+      demand(aliases.emplace(std::move(series), series_alias.name(kMaxMemberName)).second);
+    }
+  }
+
+  void check_checksum() {
+    const int64_t expected = file_.checksum.value();
+    RowReader row(file_, "checksum", 1);
+    demand(row.next() && row.number<int64_t>() == expected && !row.next());
+  }
+
+  OutlineFile& file_;
+  Outline& outline_;
+};
+
+}  // namespace
+
+int load_outline(const std::string& path, Outline* outline) {
+  return run_guarded([&] {
+    OutlineFile file = OutlineFile::open(path);
+    demand(file.number("PRAGMA application_id") == kApplicationId);
+    const int64_t version = file.number("PRAGMA user_version");
+    if (version > kSchemaVersion) throw StoreFailure(kNewerOutline);
+    demand(version == kSchemaVersion);
+    OutlineReader(file, *outline).read();
+    return kStatusOk;
+  });
+}
+
+}  // namespace standin

@@ -1,0 +1,231 @@
+// Writing an outline to its file.
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <set>
+#include <utility>
+
+#include "standin/guard.h"
+#include "standin/outline/file/outline_file.h"
+#include "standin/outline/file/pending_file.h"
+#include "standin/outline/file/schema.h"
+#include "standin/outline/file/stored_outline.h"
+
+namespace standin {
+namespace {
+
+// Writes one outline into a new file. Rows name members by their number in pre-order.
+class OutlineWriter {
+ public:
+  OutlineWriter(const Outline& outline, OutlineFile& file) : outline_(outline), file_(file) {
+    numbers_.resize(outline.id_limit());
+    order_.reserve(outline.member_count());
+    for (const MemberId id : outline.subtree(kRoot)) {
+      order_.push_back(id);
+      numbers_[id] = static_cast<uint32_t>(order_.size());
+    }
+  }
+
+  void write() {
+    write_settings();
+    write_members();
+    write_reserved();
+    write_name_order();
+    for (const TextTable& table : kTextTables) write_texts(table);
+    write_udas();
+    write_associations("dimension_association", true);
+    write_associations("member_association", false);
+    for (const NumberedNameTable& table : kNumberedNameTables) write_numbered_names(table);
+    write_series();
+    write_alias_tables();
+    write_checksum();
+  }
+
+  void write_index() {
+    std::vector<uint32_t> last(order_.size() + 1);
+    for (size_t number = order_.size(); number > 0; --number) {
+      const auto own = static_cast<uint32_t>(number);
+      last[number] = std::max(last[number], own);
+      uint32_t& above = last[numbers_[outline_.member(order_[number - 1]).parent]];
+      above = std::max(above, last[number]);
+    }
+    RowWriter row(file_, "member_index", 4);
+    for (const MemberId id : order_) {
+      row.number(numbers_[id]).number(outline_.member(id).generation).number(outline_.level(id));
+      row.number(last[numbers_[id]]).end();
+    }
+  }
+
+ private:
+  void write_settings() {
+    RowWriter row(file_, "outline", kSettingsColumns);
+    row.number(outline_.case_sensitive() ? 1 : 0);
+    visit_settings(outline_, [&](int64_t value) { row.number(value); });
+    for (const auto& text : outline_.attribute_settings.texts) row.optional_text(text);
+    row.end();
+  }
+
+  void write_members() {
+    RowWriter row(file_, "member", kMemberColumns);
+    for (const MemberId id : order_) {
+      const Member& member = outline_.member(id);
+      row.number(numbers_[id]).number(numbers_[member.parent]).text(member.name);
+      visit_codes(member.properties, [&](int64_t value) { row.number(value); });
+      row.end();
+    }
+  }
+
+  void write_reserved() {
+    RowWriter row(file_, "reserved", 3);
+    for (const MemberId id : order_) {
+      const auto& bytes = outline_.member(id).properties.reserved;
+      for (size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == 0) continue;
+        row.number(numbers_[id]).number(static_cast<int64_t>(i)).number(bytes[i]).end();
+      }
+    }
+  }
+
+  // Members of one name take it in the order of their numbers when they are read again; where
+  // another order holds it is told.
+  void write_name_order() {
+    RowWriter row(file_, "name_order", 1);
+    std::set<MemberId> told;  // the first holders
+    for (const MemberId id : order_) {
+      const MemberId next = outline_.next_of_same_name(id);
+      if (next == kNoMember || numbers_[next] > numbers_[id]) continue;
+      const MemberId first = outline_.find(outline_.member(id).name);
+      if (!told.insert(first).second) continue;
+      for (MemberId holder = first; holder != kNoMember;
+           holder = outline_.next_of_same_name(holder)) {
+        row.number(numbers_[holder]).end();
+      }
+    }
+  }
+
+  void write_texts(const TextTable& table) {
+    RowWriter row(file_, table.name, 2);
+    for (const MemberId id : order_) {
+      const MemberExtras* extra = outline_.member(id).extra.get();
+      if (extra == nullptr || (extra->*table.text).empty()) continue;
+      row.number(numbers_[id]).text(extra->*table.text).end();
+    }
+  }
+
+  void write_udas() {
+    RowWriter row(file_, "uda", 2);
+    for (const MemberId id : order_) {
+      const MemberExtras* extra = outline_.member(id).extra.get();
+      if (extra == nullptr) continue;
+      for (const std::string& uda : extra->udas) row.number(numbers_[id]).text(uda).end();
+    }
+  }
+
+  void write_associations(const char* table, bool of_dimensions) {
+    RowWriter row(file_, table, 2);
+    for (const MemberId id : order_) {
+      if (outline_.is_dimension(id) != of_dimensions) continue;
+      for (const MemberId attribute : outline_.associations(id)) {
+        row.number(numbers_[id]).number(numbers_[attribute]).end();
+      }
+    }
+  }
+
+  void write_numbered_names(const NumberedNameTable& table) {
+    RowWriter row(file_, table.name, 3);
+    for (const MemberId id : outline_.children(kRoot)) {
+      const auto found = outline_.dimension_names.find(id);
+      if (found == outline_.dimension_names.end()) continue;
+      for (const auto& [number, name] : found->second.*table.names) {
+        row.number(numbers_[id]).number(number).text(name).end();
+      }
+    }
+  }
+
+  void write_series() {
+    RowWriter row(file_, "series", 2);
+    for (const SeriesEntry& entry : outline_.series) {
+      row.text(entry.name).number(entry.generation).end();
+    }
+  }
+
+  void write_alias_tables() {
+    RowWriter table(file_, "alias_table", 2);
+    RowWriter alias(file_, "alias", 3);
+    RowWriter series_alias(file_, "series_alias", 3);
+    for (size_t i = 0; i < outline_.alias_tables.size(); ++i) {
+      const auto number = static_cast<int64_t>(i);
+      table.number(number).text(outline_.alias_tables[i].name).end();
+    }
+    std::vector<std::pair<uint32_t, const std::string*>> sorted;
+    for (size_t i = 0; i < outline_.alias_tables.size(); ++i) {
+      sorted.clear();
+      for (const auto& [id, text] : outline_.alias_tables[i].aliases) {
+        sorted.emplace_back(numbers_[id], &text);
+      }
+      std::sort(sorted.begin(), sorted.end());
+      for (const auto& [member, text] : sorted) {
+        alias.number(static_cast<int64_t>(i)).number(member).text(*text).end();
+      }
+    }
+    for (size_t i = 0; i < outline_.alias_tables.size(); ++i) {
+      for (const auto& [series, text] : outline_.alias_tables[i].series_aliases) {
+        series_alias.number(static_cast<int64_t>(i)).text(series).text(text).end();
+      }
+    }
+  }
+
+  void write_checksum() {
+    const int64_t value = file_.checksum.value();
+    RowWriter(file_, "checksum", 1).number(value).end();
+  }
+
+  const Outline& outline_;
+  OutlineFile& file_;
+  std::vector<MemberId> order_;    // members in pre-order
+  std::vector<uint32_t> numbers_;  // place in that order from 1, by member; 0 for the root
+};
+
+void write_file(const Outline& outline, const std::string& path, bool with_index) {
+  OutlineFile file = OutlineFile::create(path);
+  file.run(("PRAGMA application_id=" + std::to_string(kApplicationId) +
+            "; PRAGMA user_version=" + std::to_string(kSchemaVersion) + "; BEGIN")
+               .c_str());
+  file.run(kSchema);
+  OutlineWriter writer(outline, file);
+  writer.write();
+  if (with_index) writer.write_index();
+  file.run("COMMIT");
+  file.close();
+}
+
+}  // namespace
+
+int save_outline(const Outline& outline, const std::string& path) {
+  return run_guarded([&] {
+    PendingFile pending(path);
+    write_file(outline, pending.path(), false);
+    pending.publish();
+    return kStatusOk;
+  });
+}
+
+int restructure_outline(const std::string& path) {
+  return run_guarded([&] {
+    for (;;) {
+      struct stat seen {};
+      if (stat(path.c_str(), &seen) != 0) {
+        throw StoreFailure(errno == ENOENT ? kNoSuchObject : kStoreError);
+      }
+      Outline outline;
+      require(load_outline(path, &outline));
+      PendingFile pending(path);
+      write_file(outline, pending.path(), true);
+      if (pending.publish_over(seen)) return kStatusOk;
+      // Replaced while we read or wrote: the newer outline is the one to take.
+    }
+  });
+}
+
+}  // namespace standin

@@ -1,0 +1,219 @@
+// The shape of the outline in memory: adding, moving, removing, renaming and sorting members.
+#include "standin/outline/model/outline.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace standin {
+
+Outline::Outline() {
+  members_.grow();  // the root
+  names_.reserve(1);
+  alias_tables.emplace_back();
+  alias_tables.front().name = kDefaultTableName;
+}
+
+bool Outline::contains(MemberId id) const {
+  return id != kRoot && id < members_.size() && member(id).living;
+}
+
+void Outline::reserve(uint32_t count) {
+  names_.reserve(count + 1);
+}
+
+bool Outline::is_within(MemberId id, MemberId ancestor) const {
+  const uint32_t generation = member(ancestor).generation;
+  while (member(id).generation > generation) id = member(id).parent;
+  return id == ancestor;
+}
+
+MemberId Outline::next_in_subtree(MemberId id, MemberId top) const {
+  if (member(id).first_child != kNoMember) return member(id).first_child;
+  for (; id != top; id = member(id).parent) {
+    if (member(id).next != kNoMember) return member(id).next;
+  }
+  return kNoMember;
+}
+
+MemberId Outline::find_dimension(std::string_view name) const {
+  MemberId id = find(name);
+  while (id != kNoMember && !is_dimension(id)) id = next_of_same_name(id);
+  return id;
+}
+
+MemberId Outline::first_dimension_of(int16_t category) const {
+  for (const MemberId id : children(kRoot)) {
+    if (member(id).properties.dimension_category == category) return id;
+  }
+  return kNoMember;
+}
+
+bool Outline::same_text(std::string_view a, std::string_view b) const {
+  return equal_text(a, b, case_sensitive());
+}
+
+MemberId Outline::child_at(MemberId parent, uint32_t index) const {
+  if (index >= member(parent).child_count) return kNoMember;
+  const bool go_on = cursor_.child != kNoMember && cursor_.parent == parent;
+  if (!go_on || cursor_.index > index) cursor_ = {parent, member(parent).first_child, 0};
+  for (; cursor_.index < index; ++cursor_.index) cursor_.child = member(cursor_.child).next;
+  return cursor_.child;
+}
+
+void Outline::link(MemberId id, MemberId parent, MemberId previous) {
+  cursor_ = {};
+  Member& linked = member(id);
+  Member& above = member(parent);
+  linked.parent = parent;
+  linked.previous = previous;
+  MemberId& before = previous != kNoMember ? member(previous).next : above.first_child;
+  linked.next = before;
+  before = id;
+  (linked.next != kNoMember ? member(linked.next).previous : above.last_child) = id;
+  ++above.child_count;
+}
+
+void Outline::unlink(MemberId id) {
+  cursor_ = {};
+  const Member& leaving = member(id);
+  Member& above = member(leaving.parent);
+  (leaving.previous != kNoMember ? member(leaving.previous).next : above.first_child) =
+      leaving.next;
+  (leaving.next != kNoMember ? member(leaving.next).previous : above.last_child) = leaving.previous;
+  --above.child_count;
+}
+
+MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name) {
+  std::string copy(name);
+  names_.reserve(members_.size() + 1);
+  make_room(parent == kRoot ? members_.size() : member(parent).dimension,
+            member(parent).generation + 1);
+  const MemberId id = members_.grow();
+  Member& added = member(id);
+  added.name = std::move(copy);
+  added.living = true;
+  added.generation = member(parent).generation + 1;
+  added.dimension = parent == kRoot ? id : member(parent).dimension;
+  link(id, parent, previous);
+  count_in(id);
+  level_added(parent, id);
+  names_.insert(id);
+  ++living_;
+  return id;
+}
+
+MemberId Outline::append(MemberId parent, std::string_view name) {
+  return add(parent, member(parent).last_child, name);
+}
+
+void Outline::move(MemberId id, MemberId parent, MemberId previous) {
+  if (previous == id) return;
+  const MemberId dimension = parent == kRoot ? id : member(parent).dimension;
+  const bool other_dimension = dimension != member(id).dimension;
+  const uint32_t generation = member(parent).generation + 1;
+  const bool renumbered = other_dimension || member(id).generation != generation;
+  if (renumbered) make_room(dimension, generation + level(id));
+  level_removed(member(id).parent, id);
+  unlink(id);
+  link(id, parent, previous);
+  level_added(parent, id);
+  if (renumbered) renumber_subtree(id);
+  if (other_dimension) drop_invalid_associations(id);
+}
+
+void Outline::renumber_subtree(MemberId top) {
+  for (const MemberId id : subtree(top)) {
+    count_out(id);
+    Member& moved = member(id);
+    moved.generation = member(moved.parent).generation + 1;
+    moved.dimension = member(moved.parent).dimension;
+    count_in(id);
+  }
+}
+
+void Outline::remove(MemberId id) {
+  const bool was_dimension = is_dimension(id);
+  level_removed(member(id).parent, id);
+  unlink(id);
+  // Removed members keep their links: the walk goes on over them.
+  for (const MemberId removed : subtree(id)) erase(removed);
+  if (was_dimension) drop_series_without_time();
+}
+
+// Takes back what one member owns and what refers to it, except its links.
+void Outline::erase(MemberId id) {
+  names_.erase(id);
+  count_out(id);
+  drop_associations(id);
+  for (AliasTable& table : alias_tables) table.aliases.erase(id);
+  dimension_names.erase(id);
+  Member& removed = member(id);
+  removed.extra.reset();
+  std::string().swap(removed.name);
+  removed.living = false;
+  --living_;
+}
+
+void Outline::rename(MemberId id, std::string_view name) {
+  std::string copy(name);
+  if (same_text(copy, member(id).name)) {
+    member(id).name = std::move(copy);  // the place among equal names stays
+    return;
+  }
+  names_.erase(id);
+  member(id).name = std::move(copy);
+  names_.insert(id);
+}
+
+void Outline::sort_children(MemberId parent, bool descending) {
+  std::vector<MemberId> order;
+  order.reserve(member(parent).child_count);
+  for (const MemberId id : children(parent)) order.push_back(id);
+  const bool sensitive = case_sensitive();
+  const auto byte_before = [sensitive](char a, char b) {
+    return static_cast<unsigned char>(sensitive ? a : fold(a)) <
+           static_cast<unsigned char>(sensitive ? b : fold(b));
+  };
+  const auto before = [&](MemberId a, MemberId b) {
+    if (descending) std::swap(a, b);
+    const std::string& x = member(a).name;
+    const std::string& y = member(b).name;
+    return std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(), byte_before);
+  };
+  std::stable_sort(order.begin(), order.end(), before);
+  cursor_ = {};
+  MemberId previous = kNoMember;
+  for (const MemberId id : order) {
+    member(id).previous = previous;
+    (previous != kNoMember ? member(previous).next : member(parent).first_child) = id;
+    previous = id;
+  }
+  if (previous != kNoMember) member(previous).next = kNoMember;
+  member(parent).last_child = previous;
+}
+
+int Outline::find_table(const char* name) const {
+  if (name == nullptr) return 0;
+  for (size_t i = 0; i < alias_tables.size(); ++i) {
+    if (same_text(alias_tables[i].name, name)) return static_cast<int>(i);
+  }
+  return equal_text(name, kDefaultTableName, false) ? 0 : -1;
+}
+
+AliasTable* Outline::table(const char* name) {
+  const int found = find_table(name);
+  return found < 0 ? nullptr : &alias_tables[static_cast<size_t>(found)];
+}
+
+const AliasTable* Outline::table(const char* name) const {
+  const int found = find_table(name);
+  return found < 0 ? nullptr : &alias_tables[static_cast<size_t>(found)];
+}
+
+void Outline::drop_series_without_time() {
+  if (first_dimension_of(kCategoryTime) != kNoMember) return;
+  series.clear();
+  for (AliasTable& table : alias_tables) table.series_aliases.clear();
+}
+
+}  // namespace standin
