@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "api/records.h"
 #include "standin/status.h"
@@ -16,12 +18,23 @@ namespace standin {
 // How a block must come back: OlvFree, OlvOtlFreeMembers or OlvOtlFreeStructure.
 enum class BlockKind { kPlain, kMembers, kStructure };
 
-// Hands out `bytes` zeroed bytes (at least 1) and enters them in the ledger; null when memory is
-// out. `count` and `code` are what the release has to repeat (structures, handle arrays).
+// Hands out `bytes` zeroed bytes (at least 1) and enters them in the ledger. `count` and `code` are
+// what the release has to repeat (structures, handle arrays). Throws std::bad_alloc, as do the
+// functions made of it.
 void* hand_out(BlockKind kind, size_t bytes, uint32_t count = 0, uint32_t code = 0);
 
+// hand_out for `count` records of one type that go back with OlvFree.
+template <typename Record>
+Record* hand_out_records(size_t count) {
+  return static_cast<Record*>(hand_out(BlockKind::kPlain, count * sizeof(Record)));
+}
+
+// hand_out for an array of handles; null for an empty one. Those of kMembers go back with their
+// count.
+HMember* hand_out_handles(BlockKind kind, const std::vector<HMember>& handles);
+
 // hand_out for a text with its NUL.
-char* hand_out_text(const std::string& text);
+char* hand_out_text(std::string_view text);
 
 // Gives a block back. Null succeeds. kBlockUnknown or kBlockWrongRelease when it does not fit; both
 // are counted, and abort the process when OLV_STANDIN_STRICT is 1. A structure may also come back
@@ -46,6 +59,9 @@ int find_context(HCTX handle, Context* context);
 // bytes, not empty). The file need not exist; for a local context its folder is made.
 int object_path(const Context& context, uint32_t type, const char* app, const char* db,
                 const char* object, std::string* path);
+
+// Path of the outline of the context's active database; kNoActiveDatabase when it has none.
+int active_outline_path(const Context& context, std::string* path);
 
 // ---- Locks of stored objects, shared by all processes on the store ----
 

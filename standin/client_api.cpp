@@ -101,9 +101,7 @@ int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, co
     const std::string file = object_file(describe(*state), type, app, db, object);
     uint64_t size = 0;
     if (flag == 0 && !object_size(file, &size)) return static_cast<int>(kNoSuchObject);
-    char* text = hand_out_text(file);
-    if (text == nullptr) return static_cast<int>(kNoMemory);
-    *path = text;
+    *path = hand_out_text(file);
     return kStatusOk;
   });
 }
@@ -119,9 +117,7 @@ int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, c
     uint64_t size = 0;
     // An object that is locked but not written yet is there, with nothing in it.
     if (!object_size(file, &size) && !locked) return static_cast<int>(kNoSuchObject);
-    auto* record =
-        static_cast<ObjectInfoRecord*>(hand_out(BlockKind::kPlain, sizeof(ObjectInfoRecord)));
-    if (record == nullptr) return static_cast<int>(kNoMemory);
+    auto* record = hand_out_records<ObjectInfoRecord>(1);
     constexpr uint64_t kLargest = std::numeric_limits<uint32_t>::max();
     record->size = static_cast<uint32_t>(size < kLargest ? size : kLargest);
     record->locked = locked ? 1 : 0;
@@ -135,9 +131,7 @@ int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRe
     if (info == nullptr) return static_cast<int>(kBadArgument);
     const auto state = require_login(ctx);
     const bool loaded = state->store->data_loaded(existing_database(describe(*state), app, db));
-    auto* record =
-        static_cast<DatabaseInfoRecord*>(hand_out(BlockKind::kPlain, sizeof(DatabaseInfoRecord)));
-    if (record == nullptr) return static_cast<int>(kNoMemory);
+    auto* record = hand_out_records<DatabaseInfoRecord>(1);
     record->dataLoaded = loaded ? 1 : 0;
     *info = record;
     return kStatusOk;
@@ -148,10 +142,8 @@ int OlvPartitionGetAreaCellCount(HCTX ctx, const char* area, double* count) {
   return run_guarded([&] {
     if (area == nullptr || count == nullptr) return static_cast<int>(kBadArgument);
     const Context context = describe(*require_login(ctx));
-    if (context.application.empty()) return static_cast<int>(kNoActiveDatabase);
-    const char* db = context.database.c_str();
-    const std::string file =
-        object_file(context, kObjectTypeOutline, context.application.c_str(), db, db);
+    std::string file;
+    require(active_outline_path(context, &file));
     uint64_t size = 0;
     if (!object_size(file, &size)) return static_cast<int>(kNoSuchObject);
     *count = count_cells(file, parse_area(area));

@@ -92,24 +92,31 @@ int wrong_release(int status, const void* block, const char* reason) {
 
 void* hand_out(BlockKind kind, size_t bytes, uint32_t count, uint32_t code) {
   void* block = std::calloc(1, bytes == 0 ? 1 : bytes);
-  if (block == nullptr) return nullptr;
-  const int status = run_guarded([&] {
+  if (block == nullptr) throw std::bad_alloc();
+  try {
     Shard& shard = shard_of(block);
     const std::lock_guard<std::mutex> lock(shard.mutex);
     shard.blocks[block] = Entry{kind, count, code};
-    return kStatusOk;
-  });
-  if (status != kStatusOk) {
+  } catch (...) {
     std::free(block);
-    return nullptr;
+    throw;
   }
   ++handed_out;
   return block;
 }
 
-char* hand_out_text(const std::string& text) {
-  char* block = static_cast<char*>(hand_out(BlockKind::kPlain, text.size() + 1));
-  if (block != nullptr) std::memcpy(block, text.c_str(), text.size() + 1);
+HMember* hand_out_handles(BlockKind kind, const std::vector<HMember>& handles) {
+  if (handles.empty()) return nullptr;
+  const size_t bytes = handles.size() * sizeof(HMember);
+  const auto count = static_cast<uint32_t>(handles.size());
+  void* block = hand_out(kind, bytes, kind == BlockKind::kMembers ? count : 0);
+  std::memcpy(block, handles.data(), bytes);
+  return static_cast<HMember*>(block);
+}
+
+char* hand_out_text(std::string_view text) {
+  char* block = hand_out_records<char>(text.size() + 1);
+  text.copy(block, text.size());
   return block;
 }
 

@@ -128,6 +128,13 @@ int object_path(const Context& context, uint32_t type, const char* app, const ch
   });
 }
 
+int active_outline_path(const Context& context, std::string* path) {
+  if (context.database.empty()) return kNoActiveDatabase;
+  const char* const database = context.database.c_str();
+  return object_path(context, kObjectTypeOutline, context.application.c_str(), database, database,
+                     path);
+}
+
 int lock_object(const Context& context, uint32_t type, const char* app, const char* db,
                 const char* object) {
   return run_guarded([&] {

@@ -1,7 +1,6 @@
 // The OlvOtl functions for whole alias tables. The default table comes first and stays: it can be
 // renamed, cleared and overwritten, but not deleted.
 #include <cstring>
-#include <utility>
 
 #include "api/olvotl.h"
 #include "standin/outline/calls/open_outlines.h"
@@ -18,13 +17,13 @@ int check_new_name(const char* name) {
 // Finds the table of a name, null for the default one, and runs `work(position)`.
 template <typename Work>
 int with_table(Outline& outline, const char* name, Work&& work) {
-  const int found = outline.find_table(name);
-  return found < 0 ? kNoSuchAliasTable : work(static_cast<size_t>(found));
+  const size_t found = outline.find_table(name);
+  return found == kNoTable ? kNoSuchAliasTable : work(found);
 }
 
-int add_table(Outline& outline, AliasTable&& table) {
-  if (outline.alias_tables.size() == UINT16_MAX) return kBadArgument;  // counted in 16 bits
-  outline.alias_tables.push_back(std::move(table));
+int add_table(Outline& outline, const char* name) {
+  if (outline.alias_tables().size() == UINT16_MAX) return kBadArgument;  // counted in 16 bits
+  outline.add_table(name);
   return kStatusOk;
 }
 
@@ -37,10 +36,8 @@ extern "C" int OlvOtlCreateAliasTable(HOutline h, const char* table) {
   return edit_outline(h, [&](Outline& outline) -> int {
     const int status = check_new_name(table);
     if (status != kStatusOk) return status;
-    if (outline.find_table(table) >= 0) return kStatusAliasTableExists;
-    AliasTable created;
-    created.name = table;
-    return add_table(outline, std::move(created));
+    if (outline.find_table(table) != kNoTable) return kStatusAliasTableExists;
+    return add_table(outline, table);
   });
 }
 
@@ -48,8 +45,7 @@ extern "C" int OlvOtlDeleteAliasTable(HOutline h, const char* table) {
   return edit_outline(h, [&](Outline& outline) -> int {
     return with_table(outline, table, [&](size_t position) -> int {
       if (position == 0) return kDefaultAliasTable;
-      outline.alias_tables.erase(outline.alias_tables.begin() +
-                                 static_cast<std::ptrdiff_t>(position));
+      outline.remove_table(position);
       return kStatusOk;
     });
   });
@@ -58,8 +54,7 @@ extern "C" int OlvOtlDeleteAliasTable(HOutline h, const char* table) {
 extern "C" int OlvOtlClearAliasTable(HOutline h, const char* table) {
   return edit_outline(h, [&](Outline& outline) -> int {
     return with_table(outline, table, [&](size_t position) -> int {
-      outline.alias_tables[position].aliases = {};
-      outline.alias_tables[position].series_aliases.clear();
+      outline.clear_table(position);
       return kStatusOk;
     });
   });
@@ -70,9 +65,9 @@ extern "C" int OlvOtlRenameAliasTable(HOutline h, const char* table1, const char
     return with_table(outline, table2, [&](size_t position) -> int {
       const int status = check_new_name(table1);
       if (status != kStatusOk) return status;
-      const int taken = outline.find_table(table1);
-      if (taken >= 0 && static_cast<size_t>(taken) != position) return kStatusAliasTableExists;
-      outline.alias_tables[position].name = table1;
+      const size_t taken = outline.find_table(table1);
+      if (taken != kNoTable && taken != position) return kStatusAliasTableExists;
+      outline.rename_table(position, table1);
       return kStatusOk;
     });
   });
@@ -84,17 +79,22 @@ extern "C" int OlvOtlCopyAliasTable(HOutline h, const char* table1, const char* 
     return with_table(outline, table2, [&](size_t source) -> int {
       const int status = check_new_name(table1);
       if (status != kStatusOk) return status;
-      const int taken = outline.find_table(table1);
-      if (taken >= 0 && flag == 0) return kStatusAliasTableExists;
-      if (taken == static_cast<int>(source)) return kStatusOk;
-      AliasTable copy = outline.alias_tables[source];
-      if (taken < 0) {
-        copy.name = table1;
-        return add_table(outline, std::move(copy));
+      const size_t taken = outline.find_table(table1);
+      if (taken != kNoTable && flag == 0) return kStatusAliasTableExists;
+      if (taken == source) return kStatusOk;
+      if (taken != kNoTable) {
+        outline.copy_table(source, taken);
+        return kStatusOk;
       }
-      AliasTable& overwritten = outline.alias_tables[static_cast<size_t>(taken)];
-      copy.name = overwritten.name;
-      overwritten = std::move(copy);
+      const int added = add_table(outline, table1);
+      if (added != kStatusOk) return added;
+      const size_t last = outline.alias_tables().size() - 1;
+      try {
+        outline.copy_table(source, last);
+      } catch (...) {
+        outline.remove_table(last);
+        throw;
+      }
       return kStatusOk;
     });
   });

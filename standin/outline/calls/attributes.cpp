@@ -1,6 +1,5 @@
 // Associating attribute dimensions with base dimensions, and attribute members with base members.
 // A base member carries at most one member of each attribute dimension.
-#include <cstring>
 #include <limits>
 
 #include "api/olvotl.h"
@@ -13,7 +12,7 @@ namespace {
 
 bool is_attribute_dimension(const Outline& outline, MemberId id) {
   return outline.is_dimension(id) &&
-         outline.member(id).properties.dimension_category == kCategoryAttribute;
+         outline.properties(id).dimension_category == kCategoryAttribute;
 }
 
 // Both have to be dimensions, the second an attribute dimension and the first none.
@@ -52,17 +51,11 @@ int remove_association(Outline& outline, HMember base, HMember attribute) {
 // Hands out the associations of a member; null when there are none.
 int hand_out_associations(const Outline& outline, MemberId id, BlockKind kind, uint32_t* count,
                           HMember** members) {
-  const auto& list = outline.associations(id);
   *count = 0;
   *members = nullptr;
-  if (list.empty()) return kStatusOk;
-  const auto found = static_cast<uint32_t>(list.size());
-  const size_t bytes = list.size() * sizeof(HMember);
-  void* block = hand_out(kind, bytes, kind == BlockKind::kMembers ? found : 0);
-  if (block == nullptr) return kNoMemory;
-  std::memcpy(block, list.data(), bytes);
-  *members = static_cast<HMember*>(block);
-  *count = found;
+  const std::vector<MemberId> found = outline.associations(id);
+  *members = hand_out_handles(kind, found);
+  *count = static_cast<uint32_t>(found.size());
   return kStatusOk;
 }
 

@@ -45,11 +45,9 @@ class CurrencyDerivation {
     std::vector<std::string> categories;
     std::unordered_set<std::string> seen;
     for (const MemberId id : base_.subtree(kRoot)) {
-      const Member& member = base_.member(id);
-      if (!member.extra || member.extra->currency_member.empty()) continue;
-      if (member.dimension == country) continue;
-      const std::string& category = member.extra->currency_member;
-      if (seen.insert(category).second) categories.push_back(category);
+      const std::string_view category = base_.text(id, TextKind::kCurrencyMember);
+      if (category.empty() || base_.member(id).dimension == country) continue;
+      if (seen.emplace(category).second) categories.emplace_back(category);
     }
     return categories;
   }
@@ -59,11 +57,11 @@ class CurrencyDerivation {
     derived_.outline_type = kOutlineTypeCurrency;
     derived_.configure_flags = base_.configure_flags;
     derived_.attribute_settings = base_.attribute_settings;
-    derived_.alias_tables.resize(base_.alias_tables.size());
-    for (size_t i = 0; i < base_.alias_tables.size(); ++i) {
-      derived_.alias_tables[i].name = base_.alias_tables[i].name;
-      derived_.alias_tables[i].series_aliases = base_.alias_tables[i].series_aliases;
+    for (size_t i = 0; i < base_.alias_tables().size(); ++i) {
+      if (i > 0) derived_.add_table(base_.alias_tables()[i].name);
+      derived_.series_aliases(i) = base_.series_aliases(i);
     }
+    derived_.rename_table(0, base_.alias_tables().front().name);
   }
 
   // Copies a dimension with its members, their texts and aliases. Formulas stay behind: they may
@@ -71,19 +69,9 @@ class CurrencyDerivation {
   void copy_dimension(MemberId dimension) {
     std::unordered_map<MemberId, MemberId> copies{{kRoot, kRoot}};
     for (const MemberId id : base_.subtree(dimension)) {
-      const Member& source = base_.member(id);
-      const MemberId copy = derived_.append(copies.at(source.parent), source.name);
+      const MemberId copy = derived_.append(copies.at(base_.member(id).parent), base_.name(id));
       copies.emplace(id, copy);
-      derived_.member(copy).properties = source.properties;
-      if (!source.extra) continue;
-      MemberExtras& extra = derived_.member(copy).extras();
-      extra.comment = source.extra->comment;
-      extra.currency_member = source.extra->currency_member;
-      extra.extended_comment = source.extra->extended_comment;
-      extra.udas = source.extra->udas;
-    }
-    for (size_t i = 0; i < base_.alias_tables.size(); ++i) {
-      copy_aliases(base_.alias_tables[i], derived_.alias_tables[i], copies);
+      copy_details(id, copy);
     }
     const auto names = base_.dimension_names.find(dimension);
     if (names != base_.dimension_names.end()) {
@@ -91,11 +79,16 @@ class CurrencyDerivation {
     }
   }
 
-  static void copy_aliases(const AliasTable& from, AliasTable& to,
-                           const std::unordered_map<MemberId, MemberId>& copies) {
-    for (const auto& [id, copy] : copies) {
-      const auto alias = from.aliases.find(id);
-      if (alias != from.aliases.end()) to.aliases.emplace(copy, alias->second);
+  void copy_details(MemberId id, MemberId copy) {
+    derived_.set_properties(copy, base_.properties(id));
+    for (const TextKind kind :
+         {TextKind::kComment, TextKind::kExtendedComment, TextKind::kCurrencyMember}) {
+      derived_.set_text(copy, kind, base_.text(id, kind));
+    }
+    for (const std::string_view uda : base_.udas(id)) derived_.add_uda(copy, uda);
+    for (size_t i = 0; i < base_.alias_tables().size(); ++i) {
+      const std::string_view alias = base_.alias(i, id);
+      if (!alias.empty()) derived_.set_alias(i, copy, alias);
     }
   }
 
@@ -108,7 +101,9 @@ class CurrencyDerivation {
 
   MemberId add_member(MemberId parent, const std::string& name) {
     const MemberId id = derived_.append(parent, name);
-    derived_.member(id).properties.storage_type = kStorageTypeRegular;
+    MemberProperties properties;
+    properties.storage_type = kStorageTypeRegular;
+    derived_.set_properties(id, properties);
     return id;
   }
 

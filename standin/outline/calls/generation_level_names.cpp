@@ -37,9 +37,10 @@ uint16_t last_number(const Outline& outline, MemberId dimension, const Kind& kin
 }
 
 // "Gen2,Year": cut after a whole character where the dimension's name leaves no room.
-std::string generated_name(const Kind& kind, uint16_t number, const std::string& dimension) {
+std::string generated_name(const Kind& kind, uint16_t number, std::string_view dimension) {
   constexpr size_t kRoom = sizeof(GenLevelNameEntry::name) - 1;
-  std::string name = kind.prefix + std::to_string(number) + "," + dimension;
+  std::string name = kind.prefix + std::to_string(number) + ",";
+  name += dimension;
   if (name.size() <= kRoom) return name;
   size_t end = kRoom;
   while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) --end;
@@ -64,7 +65,7 @@ std::vector<NumberedName> list_names(const Outline& outline, MemberId dimension,
       if (named != names.end() && named->first == own) {
         list.push_back({own, (named++)->second});
       } else {
-        list.push_back({own, generated_name(kind, own, outline.member(dimension).name)});
+        list.push_back({own, generated_name(kind, own, outline.name(dimension))});
       }
     }
   }
@@ -82,9 +83,7 @@ int get_names(HOutline h, const char* dimension, const Kind& kind, bool extended
     if (id == kNoMember) return kNoSuchDimension;
     const std::vector<NumberedName> list = list_names(outline, id, kind, extended);
     if (list.empty()) return kStatusOk;
-    auto* entries = static_cast<GenLevelNameEntry*>(
-        hand_out(BlockKind::kPlain, list.size() * sizeof(GenLevelNameEntry)));
-    if (entries == nullptr) return kNoMemory;
+    auto* entries = hand_out_records<GenLevelNameEntry>(list.size());
     for (const NumberedName& entry : list) {
       GenLevelNameEntry& record = entries[(*count)++];
       record.number = entry.number;

@@ -34,10 +34,8 @@ int open_for_query(HCTX ctx, HOutline* opened) {
   Context context;
   int status = find_context(ctx, &context);
   if (status != kStatusOk) return status;
-  if (context.database.empty()) return kNoActiveDatabase;
   std::string path;
-  status = object_path(context, kObjectTypeOutline, context.application.c_str(),
-                       context.database.c_str(), context.database.c_str(), &path);
+  status = active_outline_path(context, &path);
   if (status != kStatusOk) return status;
   auto open = std::make_shared<OpenOutline>();
   open->read_only = true;

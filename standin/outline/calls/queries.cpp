@@ -1,7 +1,6 @@
 // Member queries: children, parent, named members, searches, members for time series, and the
 // UDAs of a dimension. A text that is null or empty counts as not given.
 #include <algorithm>
-#include <cstring>
 #include <unordered_set>
 
 #include "api/olvotl.h"
@@ -57,19 +56,19 @@ int search(const Outline& outline, MemberId start, const MemberQuery& query, Mem
   MemberId dimension = kNoMember;
   const int status = find_dimension(outline, query.dimension, &dimension);
   if (status != kStatusOk) return status;
-  const AliasTable* table = nullptr;
-  if (query.options == kQueryOptionAliases) {
-    table = outline.table(given(query.pattern2) ? query.pattern2 : nullptr);
-    if (table == nullptr) return kNoSuchAliasTable;
+  const bool with_aliases = query.options == kQueryOptionAliases;
+  size_t table = 0;
+  if (with_aliases) {
+    table = outline.find_table(given(query.pattern2) ? query.pattern2 : nullptr);
+    if (table == kNoTable) return kNoSuchAliasTable;
   }
   const std::string_view pattern = query.pattern1;
   const bool sensitive = outline.case_sensitive();
   walk_scope(outline, start, dimension, [&](MemberId id) {
-    bool matches = matches_wildcards(pattern, outline.member(id).name, sensitive);
-    if (!matches && table != nullptr) {
-      const auto alias = table->aliases.find(id);
-      matches =
-          alias != table->aliases.end() && matches_wildcards(pattern, alias->second, sensitive);
+    bool matches = matches_wildcards(pattern, outline.name(id), sensitive);
+    if (!matches && with_aliases) {
+      const std::string_view alias = outline.alias(table, id);
+      matches = !alias.empty() && matches_wildcards(pattern, alias, sensitive);
     }
     if (matches) found->push_back(id);
   });
@@ -162,15 +161,8 @@ int answer_query(const Outline& outline, HMember start, const MemberQuery& query
   MemberQueryCounts answer = *counts;
   const int status = run_query(outline, start, query, &answer, &found);
   if (status != kStatusOk) return status;
-  HMember* array = nullptr;
-  if (!found.empty()) {
-    const size_t bytes = found.size() * sizeof(HMember);
-    array = static_cast<HMember*>(hand_out(BlockKind::kMembers, bytes, answer.returned));
-    if (array == nullptr) return kNoMemory;
-    std::memcpy(array, found.data(), bytes);
-  }
+  *members = hand_out_handles(BlockKind::kMembers, found);
   *counts = answer;
-  *members = array;
   return kStatusOk;
 }
 
@@ -183,9 +175,7 @@ int list_udas(const Outline& outline, const MemberQuery& query,
   if (status != kStatusOk) return status;
   std::unordered_set<std::string> seen;
   walk_scope(outline, dimension, kNoMember, [&](MemberId id) {
-    const MemberExtras* extra = outline.member(id).extra.get();
-    if (extra == nullptr) return;
-    for (const std::string& uda : extra->udas) {
+    for (const std::string_view uda : outline.udas(id)) {
       if (seen.insert(folded(uda, outline.case_sensitive())).second) udas->push_back(uda);
     }
   });

@@ -8,6 +8,7 @@
 #include "api/olvotl.h"
 #include "standin/client.h"
 #include "standin/outline/calls/open_outlines.h"
+#include "standin/outline/model/member_fields.h"
 
 namespace standin {
 
@@ -22,7 +23,7 @@ std::string_view text_of(const char (&field)[kSize]) {
 // `text` is shorter than the field, which is cleared already.
 template <size_t kSize>
 void put_text(char (&field)[kSize], std::string_view text) {
-  std::memcpy(field, text.data(), std::min(text.size(), kSize - 1));
+  text.copy(field, kSize - 1);
 }
 
 // Generations and levels beyond the field's range stay at its end.
@@ -32,62 +33,35 @@ int16_t clamp(uint32_t number) {
 }
 
 MemberProperties properties_of(const MemberInfoRecord& info) {
-  MemberProperties p;
-  p.consolidation = info.consolidation;
-  p.conversion_type = info.conversionType;
-  p.time_balance = info.timeBalance;
-  p.time_balance_skip = info.timeBalanceSkip;
-  p.share_option = info.shareOption;
-  p.storage_type = info.storageType;
-  p.dimension_category = info.dimensionCategory;
-  p.storage_category = info.storageCategory;
-  p.attribute_type = info.attributeType;
-  p.two_pass = info.twoPass;
-  p.expense = info.expense;
-  p.hybrid_flag = info.hybridFlag;
-  p.hybrid_analysis_enabled = info.hybridAnalysisEnabled;
-  auto next =
-      std::copy(std::begin(info.reserved530), std::end(info.reserved530), p.reserved.begin());
-  next = std::copy(std::begin(info.reserved534), std::end(info.reserved534), next);
-  std::copy(std::begin(info.reserved546), std::end(info.reserved546), next);
-  return p;
+  MemberProperties properties;
+  visit_member_codes([&](const char*, auto ours, auto theirs) { properties.*ours = info.*theirs; });
+  uint8_t* to = properties.reserved.data();
+  visit_reserved_bytes(
+      info, [&](const uint8_t* bytes, size_t size) { to = std::copy_n(bytes, size, to); });
+  return properties;
 }
 
-void put_properties(MemberInfoRecord& info, const MemberProperties& p) {
-  info.consolidation = p.consolidation;
-  info.conversionType = p.conversion_type;
-  info.timeBalance = p.time_balance;
-  info.timeBalanceSkip = p.time_balance_skip;
-  info.shareOption = p.share_option;
-  info.storageType = p.storage_type;
-  info.dimensionCategory = p.dimension_category;
-  info.storageCategory = p.storage_category;
-  info.attributeType = p.attribute_type;
-  info.twoPass = p.two_pass;
-  info.expense = p.expense;
-  info.hybridFlag = p.hybrid_flag;
-  info.hybridAnalysisEnabled = p.hybrid_analysis_enabled;
-  const auto* from = p.reserved.data();
-  std::memcpy(info.reserved530, from, sizeof info.reserved530);
-  from += sizeof info.reserved530;
-  std::memcpy(info.reserved534, from, sizeof info.reserved534);
-  from += sizeof info.reserved534;
-  std::memcpy(info.reserved546, from, sizeof info.reserved546);
+void put_properties(MemberInfoRecord& info, const MemberProperties& properties) {
+  visit_member_codes([&](const char*, auto ours, auto theirs) { info.*theirs = properties.*ours; });
+  const uint8_t* from = properties.reserved.data();
+  visit_reserved_bytes(info, [&](uint8_t* bytes, size_t size) {
+    std::copy_n(from, size, bytes);
+    from += size;
+  });
 }
 
 // Fills a cleared record.
 void put_member(const Outline& outline, MemberId id, MemberInfoRecord& info) {
   const Member& member = outline.member(id);
-  put_text(info.name, member.name);
+  put_text(info.name, outline.name(id));
   info.level = clamp(outline.level(id));
   info.generation = clamp(member.generation);
   info.childCount = member.child_count;
-  put_text(info.dimensionName, outline.member(member.dimension).name);
-  info.isAttributed = outline.associations(id).empty() ? 0 : 1;
-  put_properties(info, member.properties);
-  if (!member.extra) return;
-  put_text(info.currencyMember, member.extra->currency_member);
-  put_text(info.comment, member.extra->comment);
+  put_text(info.dimensionName, outline.name(member.dimension));
+  info.isAttributed = outline.has_associations(id) ? 1 : 0;
+  put_properties(info, outline.properties(id));
+  put_text(info.currencyMember, outline.text(id, TextKind::kCurrencyMember));
+  put_text(info.comment, outline.text(id, TextKind::kComment));
 }
 
 }  // namespace
@@ -108,16 +82,9 @@ int check_record(const MemberInfoRecord& info) {
 }
 
 void apply_record(Outline& outline, MemberId id, const MemberInfoRecord& info) {
-  Member& member = outline.member(id);
-  std::string currency_member(text_of(info.currencyMember));
-  std::string comment(text_of(info.comment));
-  if (member.extra || !currency_member.empty() || !comment.empty()) {
-    member.extras().currency_member.swap(currency_member);
-    member.extras().comment.swap(comment);
-  }
-  const int16_t old_category = member.properties.dimension_category;
-  member.properties = properties_of(info);
-  const int16_t category = member.properties.dimension_category;
+  const int16_t old_category = outline.properties(id).dimension_category;
+  outline.set_record(id, properties_of(info), text_of(info.currencyMember), text_of(info.comment));
+  const int16_t category = info.dimensionCategory;
   if (category == old_category || !outline.is_dimension(id)) return;
   if (category == kCategoryAttribute || old_category == kCategoryAttribute) {
     outline.drop_dimension_associations(id);
@@ -136,7 +103,6 @@ int OlvOtlGetMemberInfo(HOutline h, HMember member, MemberInfoRecord** info) {
   return read_member(h, member, [&](const Outline& outline) -> int {
     void* block =
         hand_out(BlockKind::kStructure, sizeof(MemberInfoRecord), 1, kStructureMemberInfo);
-    if (block == nullptr) return kNoMemory;
     *info = static_cast<MemberInfoRecord*>(block);
     put_member(outline, member, **info);
     return kStatusOk;

@@ -15,10 +15,8 @@ extern "C" int OlvOtlRestructure(HCTX ctx, uint16_t /*option*/) {
     Context context;
     int status = find_context(ctx, &context);
     if (status != kStatusOk) return status;
-    if (context.database.empty()) return kNoActiveDatabase;
     std::string path;
-    status = object_path(context, kObjectTypeOutline, context.application.c_str(),
-                         context.database.c_str(), context.database.c_str(), &path);
+    status = active_outline_path(context, &path);
     if (status != kStatusOk) return status;
     if (access(path.c_str(), F_OK) != 0) return kNoSuchObject;
     return start_process(context, [context, path] {

@@ -31,10 +31,9 @@ extern "C" int OlvOtlGetOutlineInfo(HOutline h, OutlineInfoRecord** info) {
   if (info == nullptr) return kBadArgument;
   return read_outline(h, [&](const Outline& outline) -> int {
     *info = nullptr;
-    const size_t tables = outline.alias_tables.size();
+    const size_t tables = outline.alias_tables().size();
     auto* record = static_cast<OutlineInfoRecord*>(
         hand_out(BlockKind::kPlain, sizeof(OutlineInfoRecord) + tables * kAliasTableStride));
-    if (record == nullptr) return kNoMemory;
     record->caseSensitive = outline.case_sensitive() ? 1 : 0;
     record->reserved1 = outline.reserved_info[0];
     record->outlineType = outline.outline_type;
@@ -42,7 +41,7 @@ extern "C" int OlvOtlGetOutlineInfo(HOutline h, OutlineInfoRecord** info) {
     record->reserved5 = outline.reserved_info[1];
     record->aliasTableCount = static_cast<uint16_t>(tables);
     char* slot = reinterpret_cast<char*>(record) + sizeof(OutlineInfoRecord);
-    for (const AliasTable& table : outline.alias_tables) {
+    for (const AliasTable& table : outline.alias_tables()) {
       table.name.copy(slot, kMaxAliasTableName);
       slot += kAliasTableStride;
     }
@@ -74,7 +73,6 @@ extern "C" int OlvOtlGetAttributeSpecifications(HOutline h, AttributeSpecRecord*
     for (const auto& text : settings.texts) bytes += text ? text->size() + 1 : 0;
     auto* record = static_cast<AttributeSpecRecord*>(
         hand_out(BlockKind::kStructure, bytes, 1, kStructureAttributeSpec));
-    if (record == nullptr) return kNoMemory;
     record->longNameConstructor = settings.long_name_constructor;
     record->longNameSource = settings.long_name_source;
     record->longNameDelimiter = settings.long_name_delimiter;

@@ -56,7 +56,7 @@ bool name_refused(const Outline& outline, MemberId id, std::string_view name) {
   }
   if (outline.find(name) == kNoMember) return false;
   for (const MemberId dimension : outline.children(kRoot)) {
-    if (outline.same_text(outline.member(dimension).name, name)) return true;
+    if (outline.same_text(outline.name(dimension), name)) return true;
   }
   return false;
 }

@@ -27,10 +27,8 @@ int locate(const Outline& outline, const char* name, const char* table, std::str
   *entry = standard_name(outline, name);
   if (entry->empty()) return kNoSuchSeries;
   if (find_series(outline, *entry) == nullptr) return kSeriesNotEnabled;
-  const int found = outline.find_table(table);
-  if (found < 0) return kNoSuchAliasTable;
-  *position = static_cast<size_t>(found);
-  return kStatusOk;
+  *position = outline.find_table(table);
+  return *position == kNoTable ? kNoSuchAliasTable : kStatusOk;
 }
 
 int enable(Outline& outline, std::string_view name, int16_t generation) {
@@ -62,9 +60,7 @@ extern "C" int OlvOtlGetEnabledDTSMembers(HOutline h, uint16_t* count, DtsEntry*
     *count = 0;
     *entries = nullptr;
     if (outline.series.empty()) return kStatusOk;
-    auto* list = static_cast<DtsEntry*>(
-        hand_out(BlockKind::kPlain, outline.series.size() * sizeof(DtsEntry)));
-    if (list == nullptr) return kNoMemory;
+    auto* list = hand_out_records<DtsEntry>(outline.series.size());
     for (const SeriesEntry& entry : outline.series) {
       DtsEntry& record = list[(*count)++];
       entry.name.copy(record.name, sizeof record.name - 1);
@@ -94,11 +90,11 @@ extern "C" int OlvOtlGetDTSMemberAlias(HOutline h, const char* name, const char*
     size_t position = 0;
     const int status = locate(outline, name, table, &entry, &position);
     if (status != kStatusOk) return status;
-    const auto& aliases = outline.alias_tables[position].series_aliases;
+    const auto& aliases = outline.series_aliases(position);
     const auto found = aliases.find(entry);
     if (found == aliases.end()) return kStatusOk;
     *alias = hand_out_text(found->second);
-    return *alias != nullptr ? kStatusOk : kNoMemory;
+    return kStatusOk;
   });
 }
 
@@ -113,7 +109,7 @@ extern "C" int OlvOtlSetDTSMemberAlias(HOutline h, const char* text1, const char
     std::string alias(text3);
     if (alias.empty()) return kEmptyName;
     if (alias.size() > kMaxMemberName) return kAliasTooLong;
-    outline.alias_tables[position].series_aliases[entry] = std::move(alias);
+    outline.series_aliases(position)[entry] = std::move(alias);
     return kStatusOk;
   });
 }
@@ -124,7 +120,7 @@ extern "C" int OlvOtlDeleteDTSMemberAlias(HOutline h, const char* text1, const c
     size_t position = 0;
     const int status = locate(outline, text1, text2, &entry, &position);
     if (status != kStatusOk) return status;
-    outline.alias_tables[position].series_aliases.erase(entry);
+    outline.series_aliases(position).erase(entry);
     return kStatusOk;
   });
 }

@@ -26,7 +26,7 @@ class Verifier {
       check_member(id);
       check_holders_of_name(id);
     }
-    for (const AliasTable& table : outline_.alias_tables) check_aliases(table);
+    for (size_t i = 0; i < outline_.alias_tables().size(); ++i) check_aliases(i);
     check_alias_table_names();
   }
 
@@ -37,9 +37,7 @@ class Verifier {
     *count = 0;
     *errors = nullptr;
     if (found_.empty()) return kStatusOk;
-    auto* list = static_cast<MemberErrorEntry*>(
-        hand_out(BlockKind::kPlain, found_.size() * sizeof(MemberErrorEntry)));
-    if (list == nullptr) return kNoMemory;
+    auto* list = hand_out_records<MemberErrorEntry>(found_.size());
     for (const MemberId id : outline_.subtree(kRoot)) {
       const auto entry = found_.find(id);
       if (entry != found_.end())
@@ -55,9 +53,7 @@ class Verifier {
     uint32_t extended = 0;
   };
 
-  bool shared(MemberId id) const {
-    return outline_.member(id).properties.share_option == kShareShared;
-  }
+  bool shared(MemberId id) const { return outline_.properties(id).share_option == kShareShared; }
   void error(MemberId id, uint32_t bits) {
     if (bits != 0) found_[id].error |= bits;
   }
@@ -77,7 +73,7 @@ class Verifier {
       error(id, own);
     };
     for (const MemberId id : outline_.children(kRoot)) {
-      const int16_t category = outline_.member(id).properties.dimension_category;
+      const int16_t category = outline_.properties(id).dimension_category;
       if (category != kCategoryAttribute) ++base_dimensions;
       if (category == kCategoryTime) only_one(&time, id, kGlobalTwoTime, kErrorSecondTime);
       if (category == kCategoryAccounts) {
@@ -94,8 +90,7 @@ class Verifier {
   }
 
   void check_attribute_dimension(MemberId id) {
-    const MemberExtras* extra = outline_.member(id).extra.get();
-    if (extra == nullptr || extra->carriers.empty()) error(id, kErrorAttributeUnused);
+    if (!outline_.has_carriers(id)) error(id, kErrorAttributeUnused);
   }
 
   void check_series(MemberId time) {
@@ -121,14 +116,13 @@ class Verifier {
 
   void check_member(MemberId id) {
     const Member& member = outline_.member(id);
-    const MemberExtras* extra = member.extra.get();
-    uint32_t bits = name_error_bits(member.name);
+    uint32_t bits = name_error_bits(outline_.name(id));
     if (shared(id) && member.child_count != 0) bits |= kErrorSharedWithChildren;
-    if (member.properties.share_option == kShareLabelOnly && member.child_count == 0) {
+    if (outline_.properties(id).share_option == kShareLabelOnly && member.child_count == 0) {
       bits |= kErrorLabelOnlyLevel0;
     }
-    if (extra != nullptr && !extra->formula.empty() &&
-        outline_.member(member.dimension).properties.dimension_category == kCategoryAttribute) {
+    if (outline_.properties(member.dimension).dimension_category == kCategoryAttribute &&
+        !outline_.text(id, TextKind::kFormula).empty()) {
       bits |= kErrorFormulaOnAttribute;
     }
     error(id, bits);
@@ -140,7 +134,7 @@ class Verifier {
   // Checks all members of one name when `id` is the one that has had it longest.
   void check_holders_of_name(MemberId id) {
     if (outline_.next_of_same_name(id) == kNoMember && !shared(id)) return;
-    if (outline_.find(outline_.member(id).name) != id) return;
+    if (outline_.find(outline_.name(id)) != id) return;
     std::unordered_set<MemberId> parents;
     std::unordered_set<MemberId> dimensions_with_base;
     bool has_base = false;
@@ -162,25 +156,25 @@ class Verifier {
   struct Alias {
     uint32_t hash;
     MemberId holder;
-    const std::string* text;
+    std::string_view text;
   };
 
   // Sorts by hash instead of filling a hash table: the sorting reads memory in order, the table
   // would jump around in it.
-  void check_aliases(const AliasTable& table) {
+  void check_aliases(size_t table) {
     std::vector<Alias> unshared;
-    unshared.reserve(table.aliases.size());
-    for (const auto& [id, alias] : table.aliases) {
+    unshared.reserve(outline_.alias_count(table));
+    outline_.visit_aliases(table, [&](MemberId id, std::string_view alias) {
       if (kForbiddenFirst.find(alias.front()) != std::string_view::npos) {
         extended(id, kExtendedAliasFirst);
       }
       const uint32_t hash = hash_text(alias, outline_.case_sensitive());
       const MemberId named = outline_.find(alias, hash);
-      if (named != kNoMember && !outline_.same_text(outline_.member(id).name, alias)) {
+      if (named != kNoMember && !outline_.same_text(outline_.name(id), alias)) {
         extended(id, kExtendedAliasIsName);
       }
-      if (!shared(id)) unshared.push_back({hash, id, &alias});
-    }
+      if (!shared(id)) unshared.push_back({hash, id, alias});
+    });
     const auto before = [](const Alias& a, const Alias& b) { return a.hash < b.hash; };
     std::sort(unshared.begin(), unshared.end(), before);
     for (auto begin = unshared.cbegin(); begin != unshared.cend();) {
@@ -196,7 +190,7 @@ class Verifier {
     if (end - begin == 1) return;
     std::unordered_map<std::string, MemberId> holders;
     for (auto alias = begin; alias != end; ++alias) {
-      const auto [holder, added] = holders.emplace(comparable(*alias->text), alias->holder);
+      const auto [holder, added] = holders.emplace(comparable(alias->text), alias->holder);
       if (added) continue;
       extended(holder->second, kExtendedAliasTwice);
       extended(alias->holder, kExtendedAliasTwice);
@@ -205,7 +199,7 @@ class Verifier {
 
   void check_alias_table_names() {
     std::unordered_set<std::string> seen;
-    for (const AliasTable& table : outline_.alias_tables) {
+    for (const AliasTable& table : outline_.alias_tables()) {
       if (!seen.insert(comparable(table.name)).second) global_ |= kGlobalAliasTables;
     }
   }

@@ -4,6 +4,7 @@
 #include "standin/guard.h"
 #include "standin/outline/file/outline_file.h"
 #include "standin/outline/file/schema.h"
+#include "standin/outline/model/member_fields.h"
 #include "standin/outline/model/series.h"
 
 namespace standin {
@@ -24,7 +25,9 @@ class OutlineReader {
     read_members();
     read_reserved();
     read_name_order();
-    for (const TextTable& table : kTextTables) read_texts(table);
+    visit_member_texts([this](const char* table, TextKind kind, size_t longest) {
+      read_texts(table, kind, longest);
+    });
     read_udas();
     read_associations("dimension_association", true);
     read_associations("member_association", false);
@@ -39,9 +42,9 @@ class OutlineReader {
     return static_cast<MemberId>(row.number_within(1, outline_.member_count()));
   }
 
-  AliasTable& table_of(RowReader& row) {
-    const auto last = static_cast<int64_t>(outline_.alias_tables.size()) - 1;
-    return outline_.alias_tables[static_cast<size_t>(row.number_within(0, last))];
+  size_t table_of(RowReader& row) {
+    const auto last = static_cast<int64_t>(outline_.alias_tables().size()) - 1;
+    return static_cast<size_t>(row.number_within(0, last));
   }
 
   void read_settings() {
@@ -59,10 +62,11 @@ class OutlineReader {
     // No more than the file can hold, or damage could ask for all memory there is.
     const int64_t count = file_.number("SELECT max(id) FROM member");
     const int64_t bytes = file_.number("PRAGMA page_count") * file_.number("PRAGMA page_size");
-    demand(count >= 0 && count <= bytes / kMemberColumns);
+    demand(count >= 0 && count <= bytes / member_columns());
     outline_.reserve(static_cast<uint32_t>(count));
 
-    RowReader row(file_, "member", kMemberColumns);
+    RowReader row(file_, "member", member_columns());
+    MemberProperties properties;
     MemberId last = kRoot;
     while (row.next()) {
       const MemberId expected = outline_.id_limit();
@@ -72,9 +76,11 @@ class OutlineReader {
       while (last != parent && last != kRoot) last = outline_.member(last).parent;
       demand(last == parent);
       last = outline_.append(parent, row.name(kMaxMemberName));
-      visit_codes(outline_.member(last).properties, [&](auto& value) {
+      visit_member_codes([&](const char*, auto code, auto) {
+        auto& value = properties.*code;
         value = row.number<std::remove_reference_t<decltype(value)>>();
       });
+      outline_.set_properties(last, properties);
     }
     demand(outline_.member_count() == static_cast<uint64_t>(count));
   }
@@ -82,9 +88,12 @@ class OutlineReader {
   void read_reserved() {
     RowReader row(file_, "reserved", 3);
     while (row.next()) {
-      auto& bytes = outline_.member(member_of(row)).properties.reserved;
-      const int64_t position = row.number_within(0, static_cast<int64_t>(bytes.size()) - 1);
-      bytes[static_cast<size_t>(position)] = row.number<uint8_t>();
+      const MemberId id = member_of(row);
+      MemberProperties properties = outline_.properties(id);
+      const auto last = static_cast<int64_t>(properties.reserved.size()) - 1;
+      const auto position = static_cast<size_t>(row.number_within(0, last));
+      properties.reserved[position] = row.number<uint8_t>();
+      outline_.set_properties(id, properties);
     }
   }
 
@@ -93,11 +102,11 @@ class OutlineReader {
     while (row.next()) outline_.requeue_name(member_of(row));
   }
 
-  void read_texts(const TextTable& table) {
-    RowReader row(file_, table.name, 2);
+  void read_texts(const char* table, TextKind kind, size_t longest) {
+    RowReader row(file_, table, 2);
     while (row.next()) {
       const MemberId id = member_of(row);
-      outline_.member(id).extras().*table.text = row.name(table.longest);
+      outline_.set_text(id, kind, row.name(longest));
     }
   }
 
@@ -105,7 +114,7 @@ class OutlineReader {
     RowReader row(file_, "uda", 2);
     while (row.next()) {
       const MemberId id = member_of(row);
-      outline_.member(id).extras().udas.push_back(row.name(kMaxUda));
+      outline_.add_uda(id, row.name(kMaxUda));
     }
   }
 
@@ -150,19 +159,25 @@ class OutlineReader {
     RowReader table(file_, "alias_table", 2);
     RowReader alias(file_, "alias", 3);
     RowReader series_alias(file_, "series_alias", 3);
-    outline_.alias_tables.clear();
-    while (table.next()) {
-      demand(table.number<int64_t>() == static_cast<int64_t>(outline_.alias_tables.size()));
-      outline_.alias_tables.emplace_back().name = table.name(kMaxAliasTableName);
+    int64_t tables = 0;
+    for (; table.next(); ++tables) {
+      demand(table.number<int64_t>() == tables);
+      const std::string name = table.name(kMaxAliasTableName);
+      if (tables == 0) {
+        outline_.rename_table(0, name);
+      } else {
+        outline_.add_table(name);
+      }
     }
-    demand(!outline_.alias_tables.empty() && outline_.alias_tables.size() <= UINT16_MAX);
+    demand(tables > 0 && tables <= UINT16_MAX);
     while (alias.next()) {
-      auto& aliases = table_of(alias).aliases;
+      const size_t to = table_of(alias);
       const MemberId member = member_of(alias);
-      demand(aliases.emplace(member, alias.name(kMaxMemberName)).second);
+      demand(outline_.alias(to, member).empty());
+      outline_.set_alias(to, member, alias.name(kMaxMemberName));
     }
     while (series_alias.next()) {
-      auto& aliases = table_of(series_alias).series_aliases;
+      auto& aliases = outline_.series_aliases(table_of(series_alias));
       std::string series = series_alias.name(kMaxMemberName);
       demand(is_series_name(series));
       demand(aliases.emplace(std::move(series), series_alias.name(kMaxMemberName)).second);

@@ -11,6 +11,7 @@
 #include "standin/outline/file/pending_file.h"
 #include "standin/outline/file/schema.h"
 #include "standin/outline/file/stored_outline.h"
+#include "standin/outline/model/member_fields.h"
 
 namespace standin {
 namespace {
@@ -32,7 +33,8 @@ class OutlineWriter {
     write_members();
     write_reserved();
     write_name_order();
-    for (const TextTable& table : kTextTables) write_texts(table);
+    visit_member_texts(
+        [this](const char* table, TextKind kind, size_t) { write_texts(table, kind); });
     write_udas();
     write_associations("dimension_association", true);
     write_associations("member_association", false);
@@ -67,11 +69,12 @@ class OutlineWriter {
   }
 
   void write_members() {
-    RowWriter row(file_, "member", kMemberColumns);
+    RowWriter row(file_, "member", member_columns());
     for (const MemberId id : order_) {
       const Member& member = outline_.member(id);
-      row.number(numbers_[id]).number(numbers_[member.parent]).text(member.name);
-      visit_codes(member.properties, [&](int64_t value) { row.number(value); });
+      row.number(numbers_[id]).number(numbers_[member.parent]).text(outline_.name(id));
+      const MemberProperties& properties = outline_.properties(id);
+      visit_member_codes([&](const char*, auto code, auto) { row.number(properties.*code); });
       row.end();
     }
   }
@@ -79,7 +82,7 @@ class OutlineWriter {
   void write_reserved() {
     RowWriter row(file_, "reserved", 3);
     for (const MemberId id : order_) {
-      const auto& bytes = outline_.member(id).properties.reserved;
+      const auto& bytes = outline_.properties(id).reserved;
       for (size_t i = 0; i < bytes.size(); ++i) {
         if (bytes[i] == 0) continue;
         row.number(numbers_[id]).number(static_cast<int64_t>(i)).number(bytes[i]).end();
@@ -95,7 +98,7 @@ class OutlineWriter {
     for (const MemberId id : order_) {
       const MemberId next = outline_.next_of_same_name(id);
       if (next == kNoMember || numbers_[next] > numbers_[id]) continue;
-      const MemberId first = outline_.find(outline_.member(id).name);
+      const MemberId first = outline_.find(outline_.name(id));
       if (!told.insert(first).second) continue;
       for (MemberId holder = first; holder != kNoMember;
            holder = outline_.next_of_same_name(holder)) {
@@ -104,21 +107,20 @@ class OutlineWriter {
     }
   }
 
-  void write_texts(const TextTable& table) {
-    RowWriter row(file_, table.name, 2);
+  void write_texts(const char* table, TextKind kind) {
+    RowWriter row(file_, table, 2);
     for (const MemberId id : order_) {
-      const MemberExtras* extra = outline_.member(id).extra.get();
-      if (extra == nullptr || (extra->*table.text).empty()) continue;
-      row.number(numbers_[id]).text(extra->*table.text).end();
+      const std::string_view text = outline_.text(id, kind);
+      if (!text.empty()) row.number(numbers_[id]).text(text).end();
     }
   }
 
   void write_udas() {
     RowWriter row(file_, "uda", 2);
     for (const MemberId id : order_) {
-      const MemberExtras* extra = outline_.member(id).extra.get();
-      if (extra == nullptr) continue;
-      for (const std::string& uda : extra->udas) row.number(numbers_[id]).text(uda).end();
+      for (const std::string_view uda : outline_.udas(id)) {
+        row.number(numbers_[id]).text(uda).end();
+      }
     }
   }
 
@@ -154,23 +156,22 @@ class OutlineWriter {
     RowWriter table(file_, "alias_table", 2);
     RowWriter alias(file_, "alias", 3);
     RowWriter series_alias(file_, "series_alias", 3);
-    for (size_t i = 0; i < outline_.alias_tables.size(); ++i) {
-      const auto number = static_cast<int64_t>(i);
-      table.number(number).text(outline_.alias_tables[i].name).end();
+    const std::vector<AliasTable>& tables = outline_.alias_tables();
+    for (size_t i = 0; i < tables.size(); ++i) {
+      table.number(static_cast<int64_t>(i)).text(tables[i].name).end();
     }
-    std::vector<std::pair<uint32_t, const std::string*>> sorted;
-    for (size_t i = 0; i < outline_.alias_tables.size(); ++i) {
+    std::vector<std::pair<uint32_t, std::string_view>> sorted;
+    for (size_t i = 0; i < tables.size(); ++i) {
       sorted.clear();
-      for (const auto& [id, text] : outline_.alias_tables[i].aliases) {
-        sorted.emplace_back(numbers_[id], &text);
-      }
+      outline_.visit_aliases(
+          i, [&](MemberId id, std::string_view text) { sorted.emplace_back(numbers_[id], text); });
       std::sort(sorted.begin(), sorted.end());
       for (const auto& [member, text] : sorted) {
-        alias.number(static_cast<int64_t>(i)).number(member).text(*text).end();
+        alias.number(static_cast<int64_t>(i)).number(member).text(text).end();
       }
     }
-    for (size_t i = 0; i < outline_.alias_tables.size(); ++i) {
-      for (const auto& [series, text] : outline_.alias_tables[i].series_aliases) {
+    for (size_t i = 0; i < tables.size(); ++i) {
+      for (const auto& [series, text] : outline_.series_aliases(i)) {
         series_alias.number(static_cast<int64_t>(i)).text(series).text(text).end();
       }
     }
@@ -192,7 +193,7 @@ void write_file(const Outline& outline, const std::string& path, bool with_index
   file.run(("PRAGMA application_id=" + std::to_string(kApplicationId) +
             "; PRAGMA user_version=" + std::to_string(kSchemaVersion) + "; BEGIN")
                .c_str());
-  file.run(kSchema);
+  file.run(schema_sql().c_str());
   OutlineWriter writer(outline, file);
   writer.write();
   if (with_index) writer.write_index();

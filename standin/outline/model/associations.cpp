@@ -14,28 +14,38 @@ void take_out(std::vector<MemberId>& list, MemberId id) {
 
 }  // namespace
 
-const std::vector<MemberId>& Outline::associations(MemberId id) const {
-  static const std::vector<MemberId> kNone;
-  return member(id).extra ? member(id).extra->associations : kNone;
+std::vector<MemberId> Outline::associations(MemberId id) const {
+  const MemberExtras* extra = member(id).extra.get();
+  return extra == nullptr ? std::vector<MemberId>() : extra->associations;
+}
+
+bool Outline::has_associations(MemberId id) const {
+  const MemberExtras* extra = member(id).extra.get();
+  return extra != nullptr && !extra->associations.empty();
+}
+
+bool Outline::has_carriers(MemberId attribute) const {
+  const MemberExtras* extra = member(attribute).extra.get();
+  return extra != nullptr && !extra->carriers.empty();
 }
 
 bool Outline::associated(MemberId base, MemberId attribute) const {
-  const std::vector<MemberId>& list = associations(base);
+  const std::vector<MemberId> list = associations(base);
   return std::find(list.begin(), list.end(), attribute) != list.end();
 }
 
 bool Outline::carries_other(MemberId base, MemberId attribute) const {
-  const std::vector<MemberId>& list = associations(base);
+  const std::vector<MemberId> list = associations(base);
   return std::any_of(list.begin(), list.end(), [&](MemberId other) {
     return other != attribute && member(other).dimension == member(attribute).dimension;
   });
 }
 
 void Outline::associate(MemberId base, MemberId attribute) {
-  std::vector<MemberId>& list = member(base).extras().associations;
+  std::vector<MemberId>& list = own(base).extras().associations;
   list.push_back(attribute);
   try {
-    member(attribute).extras().carriers.insert(base);
+    own(attribute).extras().carriers.insert(base);
   } catch (...) {
     list.pop_back();
     throw;

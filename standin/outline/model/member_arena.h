@@ -34,14 +34,15 @@ struct MemberProperties {
   std::array<uint8_t, 22> reserved{};  // reserved530, reserved534 and reserved546, in this order
 };
 
+// The texts that a member may have besides its name.
+enum class TextKind : uint8_t { kFormula, kComment, kExtendedComment, kCurrencyMember };
+inline constexpr size_t kTextKinds = 4;
+
 // What few members have. Empty texts mean "none".
 struct MemberExtras {
-  std::string comment;
-  std::string currency_member;
-  std::string extended_comment;
-  std::string formula;
-  std::vector<std::string> udas;          // in the order they were given
-  std::vector<MemberId> associations;     // attributes of this member, or of this dimension
+  std::array<std::string, kTextKinds> texts;  // by TextKind
+  std::vector<std::string> udas;              // in the order they were given
+  std::vector<MemberId> associations;         // attributes of this member, or of this dimension
   std::unordered_set<MemberId> carriers;  // the other direction: who is associated with this one
 };
 

@@ -9,8 +9,7 @@ namespace standin {
 Outline::Outline() {
   members_.grow();  // the root
   names_.reserve(1);
-  alias_tables.emplace_back();
-  alias_tables.front().name = kDefaultTableName;
+  add_table(kDefaultTableName);
 }
 
 bool Outline::contains(MemberId id) const {
@@ -62,24 +61,23 @@ MemberId Outline::child_at(MemberId parent, uint32_t index) const {
 
 void Outline::link(MemberId id, MemberId parent, MemberId previous) {
   cursor_ = {};
-  Member& linked = member(id);
-  Member& above = member(parent);
+  Member& linked = own(id);
+  Member& above = own(parent);
   linked.parent = parent;
   linked.previous = previous;
-  MemberId& before = previous != kNoMember ? member(previous).next : above.first_child;
+  MemberId& before = previous != kNoMember ? own(previous).next : above.first_child;
   linked.next = before;
   before = id;
-  (linked.next != kNoMember ? member(linked.next).previous : above.last_child) = id;
+  (linked.next != kNoMember ? own(linked.next).previous : above.last_child) = id;
   ++above.child_count;
 }
 
 void Outline::unlink(MemberId id) {
   cursor_ = {};
   const Member& leaving = member(id);
-  Member& above = member(leaving.parent);
-  (leaving.previous != kNoMember ? member(leaving.previous).next : above.first_child) =
-      leaving.next;
-  (leaving.next != kNoMember ? member(leaving.next).previous : above.last_child) = leaving.previous;
+  Member& above = own(leaving.parent);
+  (leaving.previous != kNoMember ? own(leaving.previous).next : above.first_child) = leaving.next;
+  (leaving.next != kNoMember ? own(leaving.next).previous : above.last_child) = leaving.previous;
   --above.child_count;
 }
 
@@ -89,7 +87,7 @@ MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name)
   make_room(parent == kRoot ? members_.size() : member(parent).dimension,
             member(parent).generation + 1);
   const MemberId id = members_.grow();
-  Member& added = member(id);
+  Member& added = own(id);
   added.name = std::move(copy);
   added.living = true;
   added.generation = member(parent).generation + 1;
@@ -124,7 +122,7 @@ void Outline::move(MemberId id, MemberId parent, MemberId previous) {
 void Outline::renumber_subtree(MemberId top) {
   for (const MemberId id : subtree(top)) {
     count_out(id);
-    Member& moved = member(id);
+    Member& moved = own(id);
     moved.generation = member(moved.parent).generation + 1;
     moved.dimension = member(moved.parent).dimension;
     count_in(id);
@@ -145,9 +143,9 @@ void Outline::erase(MemberId id) {
   names_.erase(id);
   count_out(id);
   drop_associations(id);
-  for (AliasTable& table : alias_tables) table.aliases.erase(id);
+  for (AliasTable& table : alias_tables_) table.aliases.erase(id);
   dimension_names.erase(id);
-  Member& removed = member(id);
+  Member& removed = own(id);
   removed.extra.reset();
   std::string().swap(removed.name);
   removed.living = false;
@@ -157,11 +155,11 @@ void Outline::erase(MemberId id) {
 void Outline::rename(MemberId id, std::string_view name) {
   std::string copy(name);
   if (same_text(copy, member(id).name)) {
-    member(id).name = std::move(copy);  // the place among equal names stays
+    own(id).name = std::move(copy);  // the place among equal names stays
     return;
   }
   names_.erase(id);
-  member(id).name = std::move(copy);
+  own(id).name = std::move(copy);
   names_.insert(id);
 }
 
@@ -184,36 +182,18 @@ void Outline::sort_children(MemberId parent, bool descending) {
   cursor_ = {};
   MemberId previous = kNoMember;
   for (const MemberId id : order) {
-    member(id).previous = previous;
-    (previous != kNoMember ? member(previous).next : member(parent).first_child) = id;
+    own(id).previous = previous;
+    (previous != kNoMember ? own(previous).next : own(parent).first_child) = id;
     previous = id;
   }
-  if (previous != kNoMember) member(previous).next = kNoMember;
-  member(parent).last_child = previous;
-}
-
-int Outline::find_table(const char* name) const {
-  if (name == nullptr) return 0;
-  for (size_t i = 0; i < alias_tables.size(); ++i) {
-    if (same_text(alias_tables[i].name, name)) return static_cast<int>(i);
-  }
-  return equal_text(name, kDefaultTableName, false) ? 0 : -1;
-}
-
-AliasTable* Outline::table(const char* name) {
-  const int found = find_table(name);
-  return found < 0 ? nullptr : &alias_tables[static_cast<size_t>(found)];
-}
-
-const AliasTable* Outline::table(const char* name) const {
-  const int found = find_table(name);
-  return found < 0 ? nullptr : &alias_tables[static_cast<size_t>(found)];
+  if (previous != kNoMember) own(previous).next = kNoMember;
+  own(parent).last_child = previous;
 }
 
 void Outline::drop_series_without_time() {
   if (first_dimension_of(kCategoryTime) != kNoMember) return;
   series.clear();
-  for (AliasTable& table : alias_tables) table.series_aliases.clear();
+  for (AliasTable& table : alias_tables_) table.series_aliases.clear();
 }
 
 }  // namespace standin

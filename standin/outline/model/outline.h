@@ -22,6 +22,9 @@ namespace standin {
 
 inline constexpr char kDefaultTableName[] = "Default";
 
+// Position of an alias table in its outline.
+inline constexpr size_t kNoTable = SIZE_MAX;
+
 // Aliases of one table. Texts are kept as given.
 struct AliasTable {
   std::string name;
@@ -73,7 +76,6 @@ class Outline {
 
   // True for a living member, false for the root, a deleted member and an invented number.
   bool contains(MemberId id) const;
-  Member& member(MemberId id) { return members_.at(id); }
   const Member& member(MemberId id) const { return members_.at(id); }
   // Living members, without the root.
   uint32_t member_count() const { return living_; }
@@ -123,6 +125,8 @@ class Outline {
 
   // ---- Names ----
 
+  std::string_view name(MemberId id) const { return member(id).name; }
+
   // The member that has had this name longest; 0 when there is none.
   MemberId find(std::string_view name) const { return names_.find(name); }
   MemberId find(std::string_view name, uint32_t hash) const { return names_.find(name, hash); }
@@ -140,10 +144,32 @@ class Outline {
   // Compares two texts as member names are compared.
   bool same_text(std::string_view a, std::string_view b) const;
 
+  // ---- Details ----
+
+  const MemberProperties& properties(MemberId id) const { return member(id).properties; }
+  void set_properties(MemberId id, const MemberProperties& properties);
+  // set_properties() and set_text() of what a record brings, all or nothing.
+  void set_record(MemberId id, const MemberProperties& properties, std::string_view currency_member,
+                  std::string_view comment);
+  // A text of a member, empty when it has none; an empty one is none.
+  std::string_view text(MemberId id, TextKind kind) const;
+  void set_text(MemberId id, TextKind kind, std::string_view text);
+  // The user-defined attributes of a member in the order in which they were given. Those of one
+  // member are told apart as names are.
+  std::vector<std::string_view> udas(MemberId id) const;
+  bool has_uda(MemberId id, std::string_view uda) const;
+  void add_uda(MemberId id, std::string_view uda);
+  // False when the member does not carry it.
+  bool remove_uda(MemberId id, std::string_view uda);
+
   // ---- Attributes ----
 
-  // The member's associations: attribute dimensions of a dimension, attribute members of others.
-  const std::vector<MemberId>& associations(MemberId id) const;
+  // The member's associations: attribute dimensions of a dimension, attribute members of others;
+  // in the order in which they were made.
+  std::vector<MemberId> associations(MemberId id) const;
+  bool has_associations(MemberId id) const;
+  // True when any member, or dimension, is associated with this attribute.
+  bool has_carriers(MemberId attribute) const;
   bool associated(MemberId base, MemberId attribute) const;
   // True when `base` carries another member of the attribute's dimension: it may carry one.
   bool carries_other(MemberId base, MemberId attribute) const;
@@ -156,14 +182,40 @@ class Outline {
 
   // ---- Alias tables ----
 
-  // Position of a table; -1 when there is none. Table names are compared as member names are;
+  // Position of a table; kNoTable when there is none. Table names are compared as member names are;
   // null, and "Default" in any case unless another table bears it, name the default table.
-  int find_table(const char* name) const;
-  // The same as a pointer, null when there is none.
-  AliasTable* table(const char* name);
-  const AliasTable* table(const char* name) const;
+  size_t find_table(const char* name) const;
+  // The default table is the first one; there is always one.
+  const std::vector<AliasTable>& alias_tables() const { return alias_tables_; }
+  // Adds an empty table behind the others.
+  void add_table(std::string_view name);
+  void rename_table(size_t table, std::string_view name);
+  void remove_table(size_t table);
+  // Removes the aliases of a table, those of time series included.
+  void clear_table(size_t table);
+  // Gives table `to` the aliases of table `from` in place of its own.
+  void copy_table(size_t from, size_t to);
 
-  std::vector<AliasTable> alias_tables;  // the default table first; never empty
+  // A member's alias in a table, empty when it has none.
+  std::string_view alias(size_t table, MemberId id) const;
+  void set_alias(size_t table, MemberId id, std::string_view alias);
+  void remove_alias(size_t table, MemberId id);
+  size_t alias_count(size_t table) const { return alias_tables_[table].aliases.size(); }
+  // Calls `visit(member, alias)` for every alias of a table, in no order.
+  template <typename Visit>
+  void visit_aliases(size_t table, Visit&& visit) const {
+    for (const auto& [id, alias] : alias_tables_[table].aliases) {
+      visit(id, std::string_view(alias));
+    }
+  }
+
+  // Aliases of time series, by entry name.
+  const std::map<std::string, std::string>& series_aliases(size_t table) const {
+    return alias_tables_[table].series_aliases;
+  }
+  std::map<std::string, std::string>& series_aliases(size_t table) {
+    return alias_tables_[table].series_aliases;
+  }
 
   // ---- Settings ----
 
@@ -185,6 +237,8 @@ class Outline {
     uint32_t index = 0;
   };
 
+  // The member itself, to be changed.
+  Member& own(MemberId id) { return members_.at(id); }
   MemberId next_in_subtree(MemberId id, MemberId top) const;
   void link(MemberId id, MemberId parent, MemberId previous);
   void unlink(MemberId id);
@@ -207,6 +261,7 @@ class Outline {
   // Members per generation, by dimension; the dimension itself comes first, a zero never last.
   std::unordered_map<MemberId, std::vector<uint32_t>> generation_sizes_;
   mutable Cursor cursor_;
+  std::vector<AliasTable> alias_tables_;
 };
 
 }  // namespace standin
