@@ -1,7 +1,11 @@
 // Reads an alias table file and assigns its aliases.
-#include "aliasfile/aliasfile.h"
+#include <new>
+
+#include "aliasfile/alias_file.h"
+#include "aliasfile/lines.h"
 #include "bridge/native.h"
-#include "browse/browse.h"
+#include "bridge/scope.h"
+#include "browse/members.h"
 
 namespace kepotl {
 namespace {
@@ -14,9 +18,9 @@ struct Pair {
   // Assigns the alias if the member is there. `status` becomes that of the last call made.
   void apply(HOutline outline, const char* table, int* status) const {
     if (*member == '\0' || *alias == '\0') return;
-    HMember found = 0;
-    *status = find_by_name(outline, member, &found);
-    if (found != 0) *status = OlvOtlSetMemberAlias(outline, found, table, alias);
+    const GivenHandle found = find_by_name(outline, member);
+    *status = found.status;
+    if (found.handle != 0) *status = OlvOtlSetMemberAlias(outline, found.handle, table, alias);
   }
 };
 
@@ -26,7 +30,7 @@ bool read_line(FILE* file, char* line) {
 
 // Applies the pairs of the remaining lines, each when the next line has been read; a last line
 // without an end line behind it counts too. The status of the last call, or `status`; the refusal
-// when the file could not be read to its end.
+// whenever the file could not be read to its end.
 int import_lines(HOutline outline, const char* table, FILE* file, int status) {
   char line[kAliasLineSize];
   Pair pair;
@@ -35,7 +39,7 @@ int import_lines(HOutline outline, const char* table, FILE* file, int status) {
     if (CallReadMemberAliasLine(line, pair.member, pair.alias) < 0) return status;
   }
   pair.apply(outline, table, &status);
-  return status == kStatusOk && std::ferror(file) != 0 ? kStatusRefused : status;
+  return std::ferror(file) != 0 ? kStatusRefused : status;
 }
 
 }  // namespace
@@ -45,22 +49,25 @@ using namespace kepotl;
 
 KEPOTL_NATIVE(jint, importAliasTable)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jpath, jobject wanted_buffer,
- jboolean allow_existing, jobject used_buffer) {
+ jboolean allow_existing, jobject used_buffer) try {
   TextContext text;
   JavaText path(env, text, jpath);
   JavaText wanted(env, text, CallStringGetProperty(env, wanted_buffer, "toString"));
-  File file(std::fopen(path.api(), "r"));
+  AliasFile file = open_alias_file(path.java(), "r");
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  if (!file) return kStatusRefused;
+  if (!file || any_lost(path, wanted)) return kStatusRefused;
 
   // The first line is the header's, whether or not its name is wanted.
   char line[kAliasLineSize] = "";
   char header_name[kAliasFieldSize] = "";
   const bool named_by_file = wanted.empty();
   if (!read_line(file.get(), line) && std::ferror(file.get()) != 0) return kStatusRefused;
-  if (named_by_file) CallReadAliasTableHeader(line, header_name);
+  // Cut, or taken for none, the name would send the aliases to another table.
+  if (named_by_file && read_alias_header(line, header_name) == AliasHeader::kTooLong) {
+    return kStatusRefused;
+  }
   const char* name = named_by_file ? header_name : wanted.api();
   CallStringBufferAppend(env, used_buffer, name);
 
@@ -71,4 +78,6 @@ KEPOTL_NATIVE(jint, importAliasTable)
   if (!goes_on) return status;
   if (named_by_file) CallStringBufferAppend(env, wanted_buffer, name);
   return import_lines(outline, table, file.get(), status);
+} catch (const std::bad_alloc&) {
+  return kStatusRefused;
 }

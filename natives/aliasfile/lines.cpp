@@ -1,9 +1,9 @@
-// Reads the lines of an alias table file.
-#include "aliasfile/aliasfile.h"
+// Reads the lines of an alias table file, without a virtual machine.
+#include "aliasfile/lines.h"
 
 #include <cstring>
 
-#include "bridge/scope.h"
+#include "bridge/guards.h"
 
 namespace kepotl {
 namespace {
@@ -25,6 +25,18 @@ int store_fields(char* member, char* alias, const char* member_text, const char*
 }
 
 }  // namespace
+
+AliasHeader read_alias_header(char* line, char* table_name) {
+  static constexpr char kKeyword[] = "$ALT_NAME";
+  trimStr(line);
+  if (std::strstr(line, kKeyword) == nullptr) return AliasHeader::kNone;
+  *table_name = '\0';
+  char* position = nullptr;
+  const char* name = strtok_r(trimStr(line + std::strlen(kKeyword)), "'", &position);
+  if (name == nullptr) return AliasHeader::kNone;
+  return store_field(table_name, name) ? AliasHeader::kNamed : AliasHeader::kTooLong;
+}
+
 }  // namespace kepotl
 
 using namespace kepotl;
@@ -35,14 +47,8 @@ char* trimStr(char* text) {
 }
 
 char* CallReadAliasTableHeader(char* line, char* table_name) {
-  static constexpr char kKeyword[] = "$ALT_NAME";
   if (line == nullptr || table_name == nullptr) return nullptr;
-  trimStr(line);
-  if (std::strstr(line, kKeyword) == nullptr) return nullptr;
-  char* rest = trimStr(line + std::strlen(kKeyword));
-  *table_name = '\0';
-  char* position = nullptr;
-  return store_field(table_name, strtok_r(rest, "'", &position)) ? table_name : nullptr;
+  return read_alias_header(line, table_name) == AliasHeader::kNamed ? table_name : nullptr;
 }
 
 int CallReadMemberAliasLine(char* line, char* member, char* alias) {

@@ -1,5 +1,6 @@
 // Every helper that libkepotl.so exports beside its native methods, grouped by the folder that
-// implements it, and the exported table of Java class names and signatures.
+// implements it, and the exported table of Java class names and signatures. The helpers that need
+// no virtual machine stand in plain_helpers.h.
 //
 // Rules that hold for all of them: `env` is the calling thread's and is not stored. A missing
 // class, method or constructor and a null object make a helper do nothing and return 0 or null;
@@ -10,26 +11,9 @@
 #include <jni.h>
 
 #include <cstdint>
-#include <cstdio>
 
 #include "api/records.h"
-
-#define KEPOTL_EXPORT extern "C" __attribute__((visibility("default")))
-
-// ---- bridge/text.cpp ----
-
-// Opens a text-conversion context; always 0 on this platform.
-KEPOTL_EXPORT int LoInitialize();
-// Ends a text-conversion context.
-KEPOTL_EXPORT void LoUninitialize(int context);
-// Converts modified UTF-8 to API characters; the same bytes on this platform, so `text` itself.
-KEPOTL_EXPORT char* getAPICharsFromUTFChars(int context, const char* text);
-// Converts API characters to modified UTF-8; `text` itself on this platform.
-KEPOTL_EXPORT char* getUTFCharsFromAPIChars(int context, const char* text);
-// Removes leading and trailing blanks, tabs and line feeds in place. Returns `text`.
-KEPOTL_EXPORT char* getStrTrimInPlace(int context, char* text);
-// New Java string of an API text.
-KEPOTL_EXPORT jstring NewStringUTFfromAPI(int context, JNIEnv* env, const char* text);
+#include "bridge/plain_helpers.h"
 
 // ---- bridge/handles.cpp ----
 
@@ -77,7 +61,8 @@ KEPOTL_EXPORT jobject CallListGetObject(JNIEnv* env, jobject list, jint index);
 
 // New object of a class by its no-argument constructor.
 KEPOTL_EXPORT jobject CreateSimpleObject(JNIEnv* env, const char* class_name);
-// New Java string of an API text.
+// New Java string of an API text, in the caller's text-conversion context or in one of its own.
+KEPOTL_EXPORT jstring NewStringUTFfromAPI(int context, JNIEnv* env, const char* text);
 KEPOTL_EXPORT jstring CreateStringObject(JNIEnv* env, const char* text);
 // New value object whose setValue(short) or setValue(long) has been called. Unsigned 32-bit
 // values are zero-extended.
@@ -91,9 +76,6 @@ KEPOTL_EXPORT jobject CreateJavaLong(JNIEnv* env, uint32_t value);
 
 // New MemberVerifyError of one entry; null when the entry is null or names no member.
 KEPOTL_EXPORT jobject CreateMemberError(JNIEnv* env, HOutline outline, MemberErrorEntry* entry);
-// Writes the first scratch object name that is free into `name`, or the empty text when the local
-// path cannot be had. Returns `name`.
-KEPOTL_EXPORT char* getLocalPathCandidate(INST inst, HCTX local, char name[128]);
 
 // ---- browse/ ----
 
@@ -128,11 +110,7 @@ struct MemberInfoIDStruct {
 };
 static_assert(sizeof(MemberInfoIDStruct) == 25 * sizeof(void*));
 
-// Dimension of a member (a dimension yields itself); 0 when a parent cannot be read.
-KEPOTL_EXPORT HMember LocateDimensionForMember(HOutline outline, HMember member);
-// Hybrid flag of the leaf reached through first children only; 0 on any failure.
-KEPOTL_EXPORT uint8_t DetermineIfDimensionHasHybridChildren(HOutline outline, HMember member);
-// Fills all slots; all null when the class is missing.
+// Fills all slots; all null when the class is missing. A null structure does nothing.
 KEPOTL_EXPORT void populateMemberInfoIDStruct(JNIEnv* env, MemberInfoIDStruct* ids);
 // New DefaultMember of a record, each setter looked up per call.
 KEPOTL_EXPORT jobject CreateMemberObjectWithInfo(JNIEnv* env, HOutline outline, HMember member,
@@ -160,26 +138,6 @@ KEPOTL_EXPORT jobject CreateMemberInfoObject(JNIEnv* env, MemberInfoRecord* info
 
 // ---- edit/ ----
 
-// Dimension that holds the insertion point given by a parent or, when that is 0, by a sibling.
-KEPOTL_EXPORT HMember locateDimension(HOutline outline, HMember parent, HMember sibling);
-// Fill the record of a new member of `dimension`, or of a new dimension behind
-// `previous_dimension`. `name` has at most kMaxMemberName characters.
-KEPOTL_EXPORT void populateMemberInfo(HOutline outline, HMember dimension, MemberInfoRecord* info,
-                                      const char* name);
-KEPOTL_EXPORT void populateDimensionInfo(HOutline outline, HMember previous_dimension,
-                                         MemberInfoRecord* info, const char* name);
-// Takes all attribute dimensions off a dimension, going on past failures; the status of giving
-// the association list back, or of reading it.
-KEPOTL_EXPORT int removeAllAttributeAssociations(INST inst, HOutline outline, HMember dimension);
-// The last dimension before the first attribute dimension at or behind `start`; 0 when there is
-// none.
-KEPOTL_EXPORT HMember FindLastNonAttributeDimension(HOutline outline, HMember start);
-// Replaces a regular dimension by a new attribute dimension of the given name.
-KEPOTL_EXPORT int CreateAttributeDimension(uintptr_t unread, HOutline outline, HMember dimension,
-                                           const char* name, uint16_t attribute_type);
-// True when the source lies above the target, and when a parent cannot be read.
-KEPOTL_EXPORT jboolean IsCopySourceAncestorOfTarget(HOutline outline, HMember target,
-                                                    HMember source);
 // Copies one member (behind the target, or as its first child) or one member out as a dimension
 // behind the target's, and updates the copy request. 0 when nothing was copied.
 KEPOTL_EXPORT HMember CopyCreateMember(JNIEnv* env, jobject request, INST inst, HOutline outline,
@@ -188,12 +146,6 @@ KEPOTL_EXPORT HMember CopyCreateMember(JNIEnv* env, jobject request, INST inst, 
 KEPOTL_EXPORT HMember CopyCreateDimension(JNIEnv* env, jobject request, INST inst, HOutline outline,
                                           HMember target, HMember target_dimension, HMember source,
                                           HMember source_dimension);
-// Copy one kind of detail; best effort.
-KEPOTL_EXPORT void CopyUDAS(INST inst, HOutline outline, HMember target, HMember source);
-KEPOTL_EXPORT void CopyExtendedComments(INST inst, HOutline outline, HMember target,
-                                        HMember source);
-KEPOTL_EXPORT void CopyFormula(INST inst, HOutline outline, HMember target, HMember source);
-KEPOTL_EXPORT void CopyAttributeMaps(INST inst, HOutline outline, HMember target, HMember source);
 
 // ---- genlevel/ ----
 
@@ -207,44 +159,12 @@ KEPOTL_EXPORT void getDTSAliases(JNIEnv* env, int context, INST inst, HOutline o
 
 // ---- search/ ----
 
-// Folds a text in place, byte by byte, by the process's locale.
-KEPOTL_EXPORT void CallLowercase(char* text);
-// True when the search text occurs between delimiters or ends; null or empty delimiters are
-// blank and line feed.
-KEPOTL_EXPORT jboolean CallFindWholeWord(const char* search_text, const char* candidate,
-                                         const char* delimiters);
-// The one comparison of all searches. Null or empty texts never match.
-KEPOTL_EXPORT jboolean CallCompareStrings(const char* search_text, const char* candidate,
-                                          jboolean case_sensitive, jboolean whole_word,
-                                          const char* delimiters);
-// First member of a search and the member after one in pre-order; 0 at the end.
-KEPOTL_EXPORT HMember findRequestGetFirstMember(HOutline outline, jboolean one_dimension,
-                                                const char* dimension);
-KEPOTL_EXPORT HMember findRequestGetNextMember(HOutline outline, HMember member,
-                                               jboolean one_dimension);
 // Adds a MemberPath for every match below a parent (0: the whole outline) to a collection.
 KEPOTL_EXPORT int CallFindMemberRecursor(JNIEnv* env, HOutline outline, HMember parent,
                                          const char* text, const char* alias_table,
                                          jboolean match_case, jboolean whole_word, jobject results);
 // New MemberPath from a member up to its dimension; null when a record cannot be read.
 KEPOTL_EXPORT jobject CallCreateMemberPath(JNIEnv* env, HOutline outline, HMember member);
-
-// ---- aliasfile/ ----
-
-// Writes the line of one member, if it has an alias; the status of the alias query.
-KEPOTL_EXPORT int CallWriteAliasToFile(HOutline outline, HMember member, const char* table,
-                                       FILE* file);
-// Writes the lines of a member's descendants; the status of the last walk step.
-KEPOTL_EXPORT int CallGetChildrenAliasRecursive(HOutline outline, HMember parent, const char* table,
-                                                FILE* file);
-// Trims blanks, tabs and line feeds in place. Returns `text`.
-KEPOTL_EXPORT char* trimStr(char* text);
-// Reads the table name from a header line into a field of 256 bytes. Returns it, or null when
-// there is none. The line is changed.
-KEPOTL_EXPORT char* CallReadAliasTableHeader(char* line, char* table_name);
-// Reads one line into two fields of 256 bytes: -1 for an end line, 2 for both fields, else 0.
-// The line is changed.
-KEPOTL_EXPORT int CallReadMemberAliasLine(char* line, char* member, char* alias);
 
 // ---- bridge/class_names.cpp ----
 

@@ -27,10 +27,18 @@ jobject CreateSimpleObject(JNIEnv* env, const char* class_name) {
   return constructor == nullptr ? nullptr : new_object(env, type, constructor);
 }
 
-jstring CreateStringObject(JNIEnv* env, const char* text) {
+jstring NewStringUTFfromAPI(int context, JNIEnv* env, const char* text) {
   if (text == nullptr) return nullptr;
+  const bool own = context == 0;
+  if (own) context = LoInitialize();
+  jstring string = env->NewStringUTF(getUTFCharsFromAPIChars(context, text));
+  if (own) LoUninitialize(context);
+  return string;
+}
+
+jstring CreateStringObject(JNIEnv* env, const char* text) {
   TextContext context;
-  return env->NewStringUTF(getUTFCharsFromAPIChars(context, text));
+  return NewStringUTFfromAPI(context, env, text);
 }
 
 jobject CreateShortObject(JNIEnv* env, const char* class_name, jshort value) {

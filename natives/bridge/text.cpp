@@ -3,8 +3,7 @@
 // has one place to change.
 #include <cstring>
 
-#include "bridge/bridge.h"
-#include "bridge/scope.h"
+#include "bridge/plain_helpers.h"
 
 namespace kepotl {
 namespace {
@@ -41,13 +40,4 @@ char* getStrTrimInPlace(int, char* text) {
   std::memmove(text, first, length);
   text[length] = '\0';
   return text;
-}
-
-jstring NewStringUTFfromAPI(int context, JNIEnv* env, const char* text) {
-  if (text == nullptr) return nullptr;
-  const bool own = context == 0;
-  if (own) context = LoInitialize();
-  jstring string = env->NewStringUTF(getUTFCharsFromAPIChars(context, text));
-  if (own) LoUninitialize(context);
-  return string;
 }

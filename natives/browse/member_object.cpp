@@ -162,6 +162,7 @@ void populate(const Setters& set, HOutline outline, HMember member, const Member
 using namespace kepotl;
 
 void populateMemberInfoIDStruct(JNIEnv* env, MemberInfoIDStruct* ids) {
+  if (ids == nullptr) return;
   *ids = {};
   ids->type = env->FindClass(CNAME_DEFAULT_MEMBER);
   if (ids->type == nullptr) return;
@@ -191,7 +192,7 @@ jobject CreateMemberObjectWithInfoEx(JNIEnv* env, HOutline outline, HMember memb
 jobject CreateMemberObject(JNIEnv* env, HOutline outline, HMember member) {
   if (member == 0) return nullptr;
   MemberRecord record(outline);
-  if (record.read(member) != kStatusOk) return nullptr;
+  record.read(member);
   return CreateMemberObjectWithInfo(env, outline, member, record.get());
 }
 
@@ -199,6 +200,6 @@ jobject CreateMemberObjectEx(JNIEnv* env, HOutline outline, HMember member,
                              MemberInfoIDStruct* ids) {
   if (member == 0) return nullptr;
   MemberRecord record(outline);
-  if (record.read(member) != kStatusOk) return nullptr;
+  record.read(member);
   return CreateMemberObjectWithInfoEx(env, outline, member, record.get(), ids);
 }

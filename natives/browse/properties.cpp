@@ -8,18 +8,19 @@ namespace kepotl {
 namespace {
 
 // Puts the attribute members of `member` into the attribute table. Failures leave them out.
-void send_attributes(JNIEnv* env, HOutline outline, HMember member, jobject properties) {
-  HandleArray attributes(outline);
-  if (attributes.query_attributes(attribute_query(member, false)) != kStatusOk) return;
-  for_each_record(outline, attributes, kStatusOk, [&](HMember, const MemberInfoRecord& attribute) {
-    CreateMemberAttributesObject(env, properties, attribute.dimensionName, attribute.name);
+void send_attributes(const Frame& frame, HMember member, jobject properties) {
+  HandleArray attributes(frame.outline);
+  attributes.query_attributes(attribute_query(member, false));
+  for_each_record(frame.outline, attributes, [&](HMember, const MemberInfoRecord& attribute) {
+    CreateMemberAttributesObject(frame.env, properties, attribute.dimensionName, attribute.name);
   });
 }
 
 }  // namespace
 
-void send_member_properties(JNIEnv* env, int context, jobject properties,
-                            const MemberInfoRecord& info) {
+void send_member_properties(const Frame& frame, jobject properties, const MemberInfoRecord& info) {
+  JNIEnv* env = frame.env;
+  const int context = frame.text;
   CallStringSetProperty(context, env, properties, "setName", info.name);
   CallShortSetProperty(env, properties, "setLevel", info.level);
   CallShortSetProperty(env, properties, "setGeneration", info.generation);
@@ -72,14 +73,15 @@ KEPOTL_NATIVE(jint, getMemberInfo)
 (JNIEnv* env, jclass, jobject joutline, jstring jname, jobject properties) {
   TextContext text;
   JavaText name(env, text, jname);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HandleArray members(outline);
+  const Frame frame = {env, text, kNoInstance, RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  if (name.lost()) return kStatusRefused;
+  HandleArray members(frame.outline);
   int status = members.query(0, named_member_query(name.api()));
-  if (status != kStatusOk || members.size() == 0) return status;
-  MemberRecord record(outline);
+  if (members.size() == 0) return status;
+  MemberRecord record(frame.outline);
   status = record.read(members[0]);
-  if (status == kStatusOk) send_member_properties(env, text, properties, *record);
+  if (record) send_member_properties(frame, properties, *record);
   return status;
 }
 
@@ -89,24 +91,23 @@ KEPOTL_NATIVE(jint, getChildrenWithProperties)
   TextContext text;
   JavaText dimension(env, text, jdimension);
   JavaText name(env, text, jname);
-  const INST inst = RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HandleArray members(outline);
-  members.counts.start = static_cast<uint32_t>(start);
-  members.counts.maxCount = static_cast<uint32_t>(count);
-  const int status = members.query_by_name(name.api(), children_query(dimension.api()));
+  const Frame frame = {env, text, RetrieveINST(env, jinst), RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  if (any_lost(dimension, name)) return kStatusRefused;
+  HandleArray members(frame.outline);
+  const int status =
+      members.query_by_name(name.api(), children_query(dimension.api()),
+                            static_cast<uint32_t>(start), static_cast<uint32_t>(count));
   if (status != kStatusOk) return status;
-  return for_each_record(
-      outline, members, status, [&](HMember member, const MemberInfoRecord& info) {
-        jobject properties = CreateMemberPropertiesObject(env);
-        if (properties == nullptr) return;
-        send_member_properties(env, text, properties, info);
-        CallShortSetProperty(env, properties, "setAttributeType", info.attributeType);
-        if (info.isAttributed != 0) send_attributes(env, outline, member, properties);
-        give_alias(inst, outline, member, nullptr, [&](const char* alias) {
-          CallStringSetProperty(text, env, properties, "setAlias", alias);
-        });
-        CallListAddObject(env, list, properties);
-      });
+  return for_each_record(frame.outline, members, [&](HMember member, const MemberInfoRecord& info) {
+    jobject properties = CreateMemberPropertiesObject(env);
+    if (properties == nullptr) return;
+    send_member_properties(frame, properties, info);
+    CallShortSetProperty(env, properties, "setAttributeType", info.attributeType);
+    if (info.isAttributed != 0) send_attributes(frame, member, properties);
+    give_alias(frame.inst, frame.outline, member, nullptr, [&](const char* alias) {
+      CallStringSetProperty(text, env, properties, "setAlias", alias);
+    });
+    CallListAddObject(env, list, properties);
+  });
 }

@@ -1,28 +1,29 @@
 // A member's ancestors, child count and level.
 #include "bridge/native.h"
-#include "browse/browse.h"
+#include "browse/member_methods.h"
 
 namespace kepotl {
 namespace {
 
-// Adds to the collection what create(record) makes of the member's record.
+// Adds to the collection what create(record) makes of a member's record.
 template <typename Create>
-jint add_of_record(JNIEnv* env, jobject jinst, jobject joutline, jstring jname, jint handle,
-                   jobject collection, Create create) {
-  TextContext text;
-  JavaText name;
-  RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HMember member = 0;
-  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
-  if (status != kStatusOk || member == 0) return status;
-  MemberRecord record(outline);
-  status = record.read(member);
-  if (status != kStatusOk) return status;
+int add_of_record(const Frame& frame, HMember member, jobject collection, Create create) {
+  MemberRecord record(frame.outline);
+  const int status = record.read(member);
+  if (!record) return status;
   jobject object = create(*record);
-  if (object != nullptr) CallCollectionAddObject(env, collection, object);
+  if (object != nullptr) CallCollectionAddObject(frame.env, collection, object);
   return status;
+}
+
+int list_ancestors(const Frame& frame, HMember member, jobject collection) {
+  for (;;) {
+    const GivenHandle parent = ask_handle(OlvOtlGetParent, frame.outline, member);
+    if (parent.handle == 0) return parent.status;
+    member = parent.handle;
+    jobject object = CreateMemberObject(frame.env, frame.outline, member);
+    if (object != nullptr) CallCollectionAddObject(frame.env, collection, object);
+  }
 }
 
 }  // namespace
@@ -33,36 +34,27 @@ using namespace kepotl;
 KEPOTL_NATIVE(jint, getMemberAncestors)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jname, jint handle,
  jobject collection) {
-  TextContext text;
-  JavaText name;
-  RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HMember member = 0;
-  int status = find_by_handle_or_name(env, text, outline, handle, jname, &name, &member);
-  while (status == kStatusOk && member != 0) {
-    HMember parent = 0;
-    status = OlvOtlGetParent(outline, member, &parent);
-    if (status != kStatusOk) break;
-    member = parent;
-    jobject object = CreateMemberObject(env, outline, member);
-    if (object != nullptr) CallCollectionAddObject(env, collection, object);
-  }
-  return status;
+  return on_member(env, jinst, joutline, jname, handle, [&](const Frame& frame, HMember member) {
+    return list_ancestors(frame, member, collection);
+  });
 }
 
 KEPOTL_NATIVE(jint, getMemberChildCount)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jname, jint handle,
  jobject collection) {
-  return add_of_record(
-      env, jinst, joutline, jname, handle, collection,
-      [&](const MemberInfoRecord& info) { return CreateJavaLong(env, info.childCount); });
+  return on_member(env, jinst, joutline, jname, handle, [&](const Frame& frame, HMember member) {
+    return add_of_record(frame, member, collection, [&](const MemberInfoRecord& info) {
+      return CreateJavaLong(env, info.childCount);
+    });
+  });
 }
 
 KEPOTL_NATIVE(jint, getMemberLevel)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jname, jint handle,
  jobject collection) {
-  return add_of_record(
-      env, jinst, joutline, jname, handle, collection,
-      [&](const MemberInfoRecord& info) { return CreateJavaShort(env, info.level); });
+  return on_member(env, jinst, joutline, jname, handle, [&](const Frame& frame, HMember member) {
+    return add_of_record(frame, member, collection, [&](const MemberInfoRecord& info) {
+      return CreateJavaShort(env, info.level);
+    });
+  });
 }

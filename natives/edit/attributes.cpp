@@ -1,42 +1,9 @@
-// Attribute dimensions: associations with base dimensions and members, and the properties of a
-// dimension that have to do with them.
+// The native methods around attribute dimensions: associations with base dimensions and members,
+// and the properties of a dimension that have to do with them.
 #include "bridge/native.h"
-#include "browse/browse.h"
+#include "bridge/scope.h"
+#include "browse/members.h"
 #include "edit/edit.h"
-
-namespace kepotl {
-namespace {
-
-// Under this name a new attribute dimension stands until it takes over the old one's.
-constexpr const char* kPlaceholderName = "xyzzyAttributeDimensionForKEPInternalUse";
-
-// Moves a dimension that has just become an attribute dimension behind the regular dimensions that
-// follow it; one with none behind it stays where it is. The status of the move, 0 when none.
-int place_attribute_dimension(HOutline outline, HMember dimension) {
-  HMember next = 0;
-  if (OlvOtlGetNextSibling(outline, dimension, &next) != kStatusOk || next == 0) return kStatusOk;
-  const HMember last = FindLastNonAttributeDimension(outline, next);
-  if (last == 0 || last == dimension) return kStatusOk;
-  return OlvOtlMoveMember(outline, dimension, 0, last);
-}
-
-}  // namespace
-
-void set_attribute_dimension_defaults(MemberInfoRecord* info, int16_t attribute_type) {
-  info->consolidation = kConsolidationAttribute;
-  info->twoPass = 0;
-  info->expense = 0;
-  info->conversionType = 0;
-  info->timeBalance = 0;
-  info->timeBalanceSkip = 0;
-  info->shareOption = kShareAttribute;
-  info->storageType = kStorageTypeRegular;
-  info->dimensionCategory = kCategoryAttribute;
-  info->storageCategory = kStorageCategoryAttribute;
-  info->attributeType = attribute_type;
-}
-
-}  // namespace kepotl
 
 using namespace kepotl;
 
@@ -56,11 +23,12 @@ KEPOTL_NATIVE(jint, unassignAttributeDimension)
   JavaText name(env, text, jattribute);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  if (base == 0) return kStatusRefused;
-  HMember attribute = 0;
-  const int status = find_by_name(outline, name.api(), &attribute);
-  if (attribute == 0) return status;
-  return OlvOtlDisassociateAttributeDimension(outline, static_cast<HMember>(base), attribute);
+  if (base == 0 || name.lost()) return kStatusRefused;
+  const GivenHandle attribute = find_by_name(outline, name.api());
+  if (attribute.status != kStatusOk) return attribute.status;
+  // A handle of 0 goes on, too, so that the API's refusal of it reaches Java.
+  return OlvOtlDisassociateAttributeDimension(outline, static_cast<HMember>(base),
+                                              attribute.handle);
 }
 
 KEPOTL_NATIVE(jint, assignAttributeMember)
@@ -71,10 +39,10 @@ KEPOTL_NATIVE(jint, assignAttributeMember)
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusRefused;
   JavaText name(env, text, jattribute);
-  HMember attribute = 0;
-  const int status = find_by_name(outline, name.api(), &attribute);
-  if (attribute == 0) return status;
-  return OlvOtlAssociateAttributeMember(outline, static_cast<HMember>(base), attribute);
+  if (name.lost()) return kStatusRefused;
+  const GivenHandle attribute = find_by_name(outline, name.api());
+  if (attribute.handle == 0) return attribute.status;
+  return OlvOtlAssociateAttributeMember(outline, static_cast<HMember>(base), attribute.handle);
 }
 
 KEPOTL_NATIVE(jint, unassignAttributeMember)
@@ -84,10 +52,10 @@ KEPOTL_NATIVE(jint, unassignAttributeMember)
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  HMember attribute = 0;
-  const int status = find_by_name(outline, name.api(), &attribute);
-  if (base == 0 || attribute == 0) return status;
-  return OlvOtlDisassociateAttributeMember(outline, static_cast<HMember>(base), attribute);
+  if (name.lost()) return kStatusRefused;
+  const GivenHandle attribute = find_by_name(outline, name.api());
+  if (base == 0 || attribute.handle == 0) return attribute.status;
+  return OlvOtlDisassociateAttributeMember(outline, static_cast<HMember>(base), attribute.handle);
 }
 
 KEPOTL_NATIVE(jint, assignDimensionHybridAnalysis)
@@ -124,7 +92,7 @@ KEPOTL_NATIVE(jint, assignMemberDimensionCategory)
   const HMember dimension = static_cast<HMember>(handle);
   MemberRecord record(outline);
   int status = record.read(dimension);
-  if (status != kStatusOk) return status;
+  if (!record) return status_without_record(status);
   int16_t type = kAttributeTypeDimension;
   const int16_t wanted = CallShortGetProperty(env, category, "getValue");
   if (attribute_type != nullptr) {
@@ -138,52 +106,4 @@ KEPOTL_NATIVE(jint, assignMemberDimensionCategory)
   status = OlvOtlSetMemberInfoEx(outline, dimension, record.get(), kMemberOption);
   if (status != kStatusOk || !becomes_attribute) return status;
   return place_attribute_dimension(outline, dimension);
-}
-
-int removeAllAttributeAssociations(INST inst, HOutline outline, HMember dimension) {
-  uint16_t count = 0;
-  ApiBlock<HMember> attributes(inst);
-  const int status = OlvOtlGetAssociatedAttributes(outline, dimension, &count, attributes.out());
-  if (status != kStatusOk) {
-    attributes.forget();
-    return status;
-  }
-  for (uint16_t i = 0; attributes && i < count; ++i) {
-    OlvOtlDisassociateAttributeDimension(outline, dimension, attributes[i]);
-  }
-  return attributes.release();
-}
-
-HMember FindLastNonAttributeDimension(HOutline outline, HMember start) {
-  HMember last = 0;
-  HMember current = start;
-  while (current != 0) {
-    int16_t category = kCategoryNone;
-    {
-      MemberRecord record(outline);
-      if (record.read(current) == kStatusOk) category = record->dimensionCategory;
-    }
-    if (category == kCategoryAttribute) {
-      HMember previous = 0;
-      return OlvOtlGetPrevSibling(outline, current, &previous) == kStatusOk ? previous : 0;
-    }
-    last = current;
-    HMember next = 0;
-    if (OlvOtlGetNextSibling(outline, current, &next) != kStatusOk) break;
-    current = next;
-  }
-  return last;
-}
-
-int CreateAttributeDimension(uintptr_t /*unread*/, HOutline outline, HMember dimension,
-                             const char* name, uint16_t attribute_type) {
-  MemberInfoRecord info = {};
-  store_text(info.name, kMaxMemberName, kPlaceholderName);
-  set_attribute_dimension_defaults(&info, static_cast<int16_t>(attribute_type));
-  const HMember previous = FindLastNonAttributeDimension(outline, dimension);
-  HMember added = 0;
-  const int status = OlvOtlAddDimension(outline, &info, previous, 0, &added);
-  if (status != kStatusOk) return status;
-  OlvOtlDeleteMemberEx(outline, dimension, kMemberOption);
-  return OlvOtlRenameMemberEx(outline, added, name, kMemberOption);
 }

@@ -3,7 +3,8 @@
 #include "edit/copy.h"
 #include "bridge/native.h"
 
-#include "browse/browse.h"
+#include "bridge/scope.h"
+#include "browse/members.h"
 
 namespace kepotl {
 namespace {
@@ -13,13 +14,13 @@ constexpr int kMembersPerBatch = 5;
 // The pair that was copied last, and the dimensions that both walks stay in.
 class CopyWalk {
  public:
-  CopyWalk(JNIEnv* env, jobject jrequest, INST inst, HOutline outline)
-      : env_(env), jrequest_(jrequest), request_(env, jrequest), inst_(inst), outline_(outline) {
+  CopyWalk(const Frame& frame, jobject jrequest)
+      : frame_(frame), jrequest_(jrequest), request_(frame.env, jrequest) {
     source_ = request_.last_source();
     target_ = request_.last_target();
     first_source_ = request_.first_source();
-    source_dimension_ = LocateDimensionForMember(outline_, source_);
-    target_dimension_ = LocateDimensionForMember(outline_, target_);
+    source_dimension_ = LocateDimensionForMember(frame.outline, source_);
+    target_dimension_ = LocateDimensionForMember(frame.outline, target_);
   }
 
   // Copies up to one batch. The status of the last step of the walk, or kStatusCopyFailed; the
@@ -27,62 +28,61 @@ class CopyWalk {
   int copy_batch() {
     int status = kStatusOk;
     for (int copied = 0; copied < kMembersPerBatch && source_ != 0; ++copied) {
-      HMember next = 0;
-      status = OlvOtlGetChild(outline_, source_, &next);
+      GivenHandle next = ask_handle(OlvOtlGetChild, frame_.outline, source_);
+      status = next.status;
       if (status != kStatusOk) {
         request_.set_finished(true);
         return status;
       }
-      const bool as_sibling = next == 0;
+      const bool as_sibling = next.handle == 0;
       if (as_sibling) {
-        status = next_behind(&next);
-        if (status != kStatusOk || next == 0) return status;
+        next = next_behind();
+        status = next.status;
+        if (next.handle == 0) return status;
       }
-      if (!copy(next, as_sibling)) return kStatusCopyFailed;
+      if (!copy(next.handle, as_sibling)) return kStatusCopyFailed;
     }
     return status;
   }
 
  private:
-  // Finds the member behind the current source, climbing with both sides where a list of siblings
-  // ends. `*next` stays 0, and the request is finished, at the end of the subtree.
-  int next_behind(HMember* next) {
+  // The member behind the current source, climbing with both sides where a list of siblings ends.
+  // 0, and the request is finished, at the end of the subtree.
+  GivenHandle next_behind() {
     while (source_ != first_source_) {
-      int status = OlvOtlGetNextSibling(outline_, source_, next);
-      if (status != kStatusOk || *next != 0) return status;
-      status = climb(&source_);
-      if (status != kStatusOk) return status;
+      const GivenHandle next = ask_handle(OlvOtlGetNextSibling, frame_.outline, source_);
+      if (next.status != kStatusOk || next.handle != 0) return next;
+      int status = climb(&source_);
+      if (status != kStatusOk) return {status, 0};
       status = climb(&target_);
       if (source_ == first_source_) break;  // complete, whatever lies above the copy
-      if (status != kStatusOk) return status;
+      if (status != kStatusOk) return {status, 0};
       if (source_ == 0 || target_ == 0) break;
     }
     request_.set_finished(true);
-    return kStatusOk;
+    return {kStatusOk, 0};
   }
 
+  // Stays where it is when the parent cannot be read. The API's status.
   int climb(HMember* member) const {
-    HMember parent = 0;
-    const int status = OlvOtlGetParent(outline_, *member, &parent);
-    if (status == kStatusOk) *member = parent;
-    return status;
+    const GivenHandle parent = ask_handle(OlvOtlGetParent, frame_.outline, *member);
+    if (parent.status == kStatusOk) *member = parent.handle;
+    return parent.status;
   }
 
   bool copy(HMember source, bool as_sibling) {
-    const HMember copied =
-        CopyCreateMember(env_, jrequest_, inst_, outline_, target_, target_dimension_, source,
-                         source_dimension_, as_sibling ? JNI_TRUE : JNI_FALSE);
+    const HMember copied = CopyCreateMember(frame_.env, jrequest_, frame_.inst, frame_.outline,
+                                            target_, target_dimension_, source, source_dimension_,
+                                            as_sibling ? JNI_TRUE : JNI_FALSE);
     if (copied == 0) return false;
     source_ = source;
     target_ = copied;
     return true;
   }
 
-  JNIEnv* env_;
+  const Frame& frame_;
   jobject jrequest_;
   CopyRequest request_;
-  INST inst_;
-  HOutline outline_;
   HMember source_ = 0;
   HMember target_ = 0;
   HMember first_source_ = 0;
@@ -92,26 +92,14 @@ class CopyWalk {
 
 // The given handle, or the member of a name that is not empty; 0 when there is none.
 HMember given_or_named(HOutline outline, jint handle, const JavaText& name) {
-  HMember member = static_cast<HMember>(handle);
-  if (member == 0 && !name.empty()) find_by_name(outline, name.api(), &member);
-  return member;
+  if (handle != 0) return static_cast<HMember>(handle);
+  return name.empty() ? 0 : find_by_name(outline, name.api()).handle;
 }
 
 }  // namespace
 }  // namespace kepotl
 
 using namespace kepotl;
-
-jboolean IsCopySourceAncestorOfTarget(HOutline outline, HMember target, HMember source) {
-  HMember current = target;
-  while (current != 0) {
-    HMember parent = 0;
-    if (OlvOtlGetParent(outline, current, &parent) != kStatusOk) return JNI_TRUE;
-    if (parent == source && parent != 0) return JNI_TRUE;
-    current = parent;
-  }
-  return JNI_FALSE;
-}
 
 KEPOTL_NATIVE(jint, copyMember)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jtarget_name, jint jtarget,
@@ -137,10 +125,7 @@ KEPOTL_NATIVE(jint, copyMember)
                         : CopyCreateMember(env, jrequest, inst, outline, target, target_dimension,
                                            source, source_dimension, as_sibling);
   const CopyRequest request(env, jrequest);
-  HMember child = 0;
-  if (OlvOtlGetChild(outline, source, &child) != kStatusOk || child == 0) {
-    request.set_finished(true);
-  }
+  if (ask_handle(OlvOtlGetChild, outline, source).handle == 0) request.set_finished(true);
   if (copy == 0) return kStatusCopyFailed;
   jobject member = CreateMemberObject(env, outline, copy);
   if (member != nullptr) CallCollectionAddObject(env, results, member);
@@ -151,9 +136,8 @@ KEPOTL_NATIVE(jint, copyMember)
 KEPOTL_NATIVE(jint, copyContinue)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jobject jrequest) {
   TextContext text;
-  const INST inst = RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  CopyWalk walk(env, jrequest, inst, outline);
+  const Frame frame = {env, text, RetrieveINST(env, jinst), RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  CopyWalk walk(frame, jrequest);
   return walk.copy_batch();
 }

@@ -1,7 +1,18 @@
-// Copies a member's details to its copy: best effort, what cannot be read or written is left out.
-#include "browse/browse.h"
+// What copying does without a virtual machine: the check that a source does not contain its target,
+// and copying a member's details, as well as it can: what cannot be read or written is left out.
+#include "browse/members.h"
 
 using namespace kepotl;
+
+uint8_t IsCopySourceAncestorOfTarget(HOutline outline, HMember target, HMember source) {
+  for (HMember current = target; current != 0;) {
+    const GivenHandle parent = ask_handle(OlvOtlGetParent, outline, current);
+    if (parent.status != kStatusOk) return 1;
+    if (parent.handle == source && source != 0) return 1;
+    current = parent.handle;
+  }
+  return 0;
+}
 
 void CopyUDAS(INST inst, HOutline outline, HMember target, HMember source) {
   give_udas(inst, outline, source,
@@ -10,9 +21,8 @@ void CopyUDAS(INST inst, HOutline outline, HMember target, HMember source) {
 
 void CopyExtendedComments(INST inst, HOutline outline, HMember target, HMember source) {
   ApiBlock<char> comment(inst);
-  const int status = OlvOtlGetMemberCommentEx(outline, source, comment.out());
-  if (status != kStatusOk || !comment) return;
-  OlvOtlSetMemberCommentEx(outline, target, comment.get());
+  comment.take(OlvOtlGetMemberCommentEx, outline, source);
+  if (comment) OlvOtlSetMemberCommentEx(outline, target, comment.get());
 }
 
 void CopyFormula(INST inst, HOutline outline, HMember target, HMember source) {
@@ -21,11 +31,7 @@ void CopyFormula(INST inst, HOutline outline, HMember target, HMember source) {
 }
 
 void CopyAttributeMaps(INST inst, HOutline outline, HMember target, HMember source) {
-  uint16_t count = 0;
-  ApiBlock<HMember> attributes(inst);
-  const int status = OlvOtlGetAssociatedAttributes(outline, source, &count, attributes.out());
-  if (status != kStatusOk || !attributes) return;
-  for (uint16_t i = 0; i < count; ++i) {
-    OlvOtlAssociateAttributeMember(outline, target, attributes[i]);
-  }
+  ApiArray<HMember, uint16_t> attributes(inst);
+  attributes.take(OlvOtlGetAssociatedAttributes, outline, source);
+  for (HMember attribute : attributes) OlvOtlAssociateAttributeMember(outline, target, attribute);
 }

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "bridge/java_int.h"
 #include "edit/copy.h"
 #include "edit/edit.h"
 
@@ -16,17 +17,24 @@ struct CopyRecords {
   explicit CopyRecords(HOutline outline)
       : target(outline), source(outline), target_dimension(outline), source_dimension(outline) {}
 
+  // Whether all four were read.
   bool read(HMember target_member, HMember source_member, HMember target_dimension_member,
             HMember source_dimension_member) {
-    return target.read(target_member) == kStatusOk && source.read(source_member) == kStatusOk &&
-           target_dimension.read(target_dimension_member) == kStatusOk &&
-           source_dimension.read(source_dimension_member) == kStatusOk;
+    return has(target, target_member) && has(source, source_member) &&
+           has(target_dimension, target_dimension_member) &&
+           has(source_dimension, source_dimension_member);
   }
 
   MemberRecord target;
   MemberRecord source;
   MemberRecord target_dimension;
   MemberRecord source_dimension;
+
+ private:
+  static bool has(MemberRecord& record, HMember member) {
+    record.read(member);
+    return static_cast<bool>(record);
+  }
 };
 
 // What currencies and time balances say; it means something in an accounts dimension only.
@@ -117,8 +125,7 @@ bool store_free_dimension_name(HOutline outline, const char* source_name, Member
   std::snprintf(name, sizeof name, "Copy of %s", source_name);
   for (long counter = 2;; ++counter) {
     if (!store_text(info->name, kMaxMemberName, name)) return false;
-    HMember found = 0;
-    if (OlvOtlFindMember(outline, name, &found) != kStatusOk || found == 0) return true;
+    if (ask_handle(OlvOtlFindMember, outline, name).handle == 0) return true;
     std::snprintf(name, sizeof name, "Copy (%ld) of %s", counter, source_name);
   }
 }
@@ -131,15 +138,9 @@ void copy_details(INST inst, HOutline outline, HMember target, HMember source) {
 
 // Adds the copy under its temporary name and gives it its source's. 0, and nothing left in the
 // outline, when either is refused.
-HMember add_copy(HOutline outline, const MemberInfoRecord& info, HMember target, bool as_sibling,
-                 const char* name) {
-  HMember copy = 0;
-  const HMember parent = as_sibling ? 0 : target;
-  const HMember sibling = as_sibling ? target : 0;
-  if (OlvOtlAddMemberEx(outline, &info, parent, sibling, &copy, kMemberOption) != kStatusOk ||
-      copy == 0) {
-    return 0;
-  }
+HMember add_copy(HOutline outline, const MemberInfoRecord& info, Place place, const char* name) {
+  const HMember copy = add_member(outline, info, place).handle;
+  if (copy == 0) return 0;
   if (OlvOtlRenameMemberEx(outline, copy, name, kMemberOption) == kStatusOk) return copy;
   OlvOtlDeleteMemberEx(outline, copy, kMemberOption);
   return 0;
@@ -156,7 +157,8 @@ HMember CopyCreateMember(JNIEnv* env, jobject jrequest, INST inst, HOutline outl
   CopyRecords records(outline);
   if (!records.read(target, source, target_dimension, source_dimension)) return 0;
   const MemberInfoRecord info = copied_member(records);
-  const HMember copy = add_copy(outline, info, target, as_sibling != 0, records.source->name);
+  const Place place = as_sibling != 0 ? Place{0, target} : Place{target, 0};
+  const HMember copy = add_copy(outline, info, place, records.source->name);
   if (copy == 0) return 0;
   if (source_dimension == target_dimension &&
       records.target_dimension->dimensionCategory != kCategoryAttribute &&
@@ -166,9 +168,9 @@ HMember CopyCreateMember(JNIEnv* env, jobject jrequest, INST inst, HOutline outl
   copy_details(inst, outline, copy, source);
 
   const CopyRequest request(env, jrequest);
-  request.set_count(request.count() + 1);
+  request.set_count(java_sum(request.count(), 1));
   const jint children = static_cast<jint>(records.source->childCount);
-  if (children != 0) request.set_total(request.total() + children);
+  if (children != 0) request.set_total(java_sum(request.total(), children));
   request.set_last_pair(source, copy);
   return copy;
 }
@@ -180,15 +182,15 @@ HMember CopyCreateDimension(JNIEnv* env, jobject jrequest, INST inst, HOutline o
   if (!records.read(target, source, target_dimension, source_dimension)) return 0;
   MemberInfoRecord info = copied_dimension(records);
   if (!store_free_dimension_name(outline, records.source->name, &info)) return 0;
-  HMember copy = 0;
-  if (OlvOtlAddDimension(outline, &info, target, 0, &copy) != kStatusOk || copy == 0) return 0;
+  const HMember copy = ask_handle(OlvOtlAddDimension, outline, &info, target, uint32_t{0}).handle;
+  if (copy == 0) return 0;
   copy_details(inst, outline, copy, source);
 
   const CopyRequest request(env, jrequest);
   const jint children = static_cast<jint>(records.source->childCount);
   request.set_finished(children == 0);
   request.set_count(1);
-  request.set_total(children + 1);
+  request.set_total(java_sum(children, 1));
   request.set_last_pair(source, copy);
   return copy;
 }

@@ -1,5 +1,6 @@
 // Assigns the properties of one member: those in its record, its formula, UDAs and aliases.
 #include "bridge/native.h"
+#include "bridge/scope.h"
 #include "edit/edit.h"
 
 namespace kepotl {
@@ -29,18 +30,25 @@ jint assign_flag(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jboo
   return assign(env, jinst, joutline, handle, [&](MemberInfoRecord& info) { info.*field = value; });
 }
 
+// A text field of a member's record, and how many characters it allows.
+template <size_t Size>
+struct TextField {
+  char (MemberInfoRecord::*field)[Size];
+  size_t limit;
+};
+
 // Stores a text; one that does not fit its field is refused before anything is read or written.
 template <size_t Size>
 jint assign_text(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jstring jvalue,
-                 char (MemberInfoRecord::*field)[Size], size_t limit) {
+                 TextField<Size> field) {
   TextContext text;
   JavaText value(env, text, jvalue);
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0 || handle == 0) return kStatusOk;
-  if (value.lost() || std::strlen(value.api()) > limit) return kStatusRefused;
+  if (value.lost() || std::strlen(value.api()) > field.limit) return kStatusRefused;
   return update_member(outline, static_cast<HMember>(handle), [&](MemberInfoRecord& info) {
-    store_text(info.*field, limit, value.api());
+    store_text(info.*field.field, field.limit, value.api());
   });
 }
 
@@ -51,7 +59,9 @@ jint with_uda(JNIEnv* env, jobject jinst, jobject joutline, jint handle, jstring
   JavaText uda(env, text, juda);
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || uda.empty() || handle == 0) return kStatusOk;
+  if (outline == 0 || handle == 0) return kStatusOk;
+  if (uda.lost()) return kStatusRefused;
+  if (uda.empty()) return kStatusOk;
   return operation(outline, static_cast<HMember>(handle), uda.api());
 }
 
@@ -97,13 +107,16 @@ KEPOTL_NATIVE(jint, assignMemberVariance)
 
 KEPOTL_NATIVE(jint, assignMemberCategory)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jint handle, jstring value) {
-  return assign_text(env, jinst, joutline, handle, value, &MemberInfoRecord::currencyMember,
-                     kMaxMemberName);
+  return assign_text(env, jinst, joutline, handle, value,
+                     TextField<sizeof MemberInfoRecord::currencyMember>{
+                         &MemberInfoRecord::currencyMember, kMaxMemberName});
 }
 
 KEPOTL_NATIVE(jint, assignMemberComment)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jint handle, jstring value) {
-  return assign_text(env, jinst, joutline, handle, value, &MemberInfoRecord::comment, kMaxComment);
+  return assign_text(
+      env, jinst, joutline, handle, value,
+      TextField<sizeof MemberInfoRecord::comment>{&MemberInfoRecord::comment, kMaxComment});
 }
 
 KEPOTL_NATIVE(jint, updateMemberFormula)
@@ -137,8 +150,9 @@ KEPOTL_NATIVE(jint, assignMemberAlias)
   JavaText table(env, text, jtable);
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || table.empty() || handle == 0) return kStatusOk;
-  if (alias.lost()) return kStatusRefused;
+  if (outline == 0 || handle == 0) return kStatusOk;
+  if (any_lost(alias, table)) return kStatusRefused;
+  if (table.empty()) return kStatusOk;
   const HMember member = static_cast<HMember>(handle);
   if (alias.empty()) return OlvOtlDeleteMemberAlias(outline, member, table.api());
   return OlvOtlSetMemberAlias(outline, member, table.api(), alias.api());

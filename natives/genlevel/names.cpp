@@ -24,19 +24,20 @@ AllNames all_levels() {
   return {OlvOtlGetLevelNamesEx, CNAME_LEVEL, false};
 }
 
+using Names = ApiArray<GenLevelNameEntry, uint32_t>;
+
 // Adds the names that one dimension has been given, as strings.
 jint list_strings(JNIEnv* env, jobject jinst, jobject joutline, jstring jdimension, jobject list,
                   ListNames names_of) {
   TextContext text;
   const INST inst = RetrieveINST(env, jinst);
   JavaText dimension(env, text, jdimension);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  uint32_t count = 0;
-  ApiBlock<GenLevelNameEntry> names(inst);
-  const int status = names_of(outline, dimension.api(), kNamesPlain, &count, names.out());
-  if (status != kStatusOk || !names) return status;
-  for (uint32_t i = 0; i < count; ++i) add_string(env, text, list, names[i].name);
+  const Frame frame = {env, text, inst, RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  if (dimension.lost()) return kStatusRefused;
+  Names names(inst);
+  const int status = names.take(names_of, frame.outline, dimension.api(), kNamesPlain);
+  for (const GenLevelNameEntry& entry : names) add_string(frame, list, entry.name);
   return status;
 }
 
@@ -48,35 +49,34 @@ jint list_actual(JNIEnv* env, jobject jinst, jobject joutline, jstring jdimensio
   JavaText dimension(env, text, jdimension);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  uint32_t count = 0;
-  ApiBlock<GenLevelNameEntry> names(inst);
-  const int status = names_of(outline, dimension.api(), kNamesExtended, &count, names.out());
-  if (status != kStatusOk || !names || count == 0) return status;
+  if (dimension.lost()) return kStatusRefused;
+  // This list gives back an array that a failed call has left.
+  Names names(inst, AfterFailure::kGiveBack);
+  const int status = names.take(names_of, outline, dimension.api(), kNamesExtended);
+  if (names.size() == 0) return status;
   jclass type = env->FindClass("com/olvane/kep/olvane/api/outline/GenerationOrLevel");
   if (type == nullptr) return status;
   jmethodID constructor = env->GetMethodID(type, MNAME_CONSTRUCTOR, "(SLjava/lang/String;)V");
   if (constructor == nullptr) return status;
-  for (uint32_t i = 0; i < count; ++i) {
-    LocalRef name(env, env->NewStringUTF(getUTFCharsFromAPIChars(text, names[i].name)));
-    const jshort number = static_cast<jshort>(names[i].number);
-    jobject entry = new_object(env, type, constructor, number, name.get());
-    if (entry != nullptr) CallListAddObject(env, list, entry);
+  for (const GenLevelNameEntry& entry : names) {
+    LocalRef name(env, NewStringUTFfromAPI(text, env, entry.name));
+    const jshort number = static_cast<jshort>(entry.number);
+    jobject object = new_object(env, type, constructor, number, name.get());
+    if (object != nullptr) CallListAddObject(env, list, object);
   }
   return status;
 }
 
 // Adds every generation or level of one dimension, as objects that name the dimension.
-int add_dimension(JNIEnv* env, INST inst, HOutline outline, const MemberInfoRecord& dimension,
-                  const AllNames& all, jobject collection) {
-  uint32_t count = 0;
-  ApiBlock<GenLevelNameEntry> names(inst);
-  const int status = all.list(outline, dimension.name, kNamesExtended, &count, names.out());
-  if (status != kStatusOk || !names) return status;
-  for (uint32_t i = 0; i < count; ++i) {
-    if (all.skips_zero && names[i].number == 0) continue;
-    jobject object = CreateGenerationOrLevelObject(env, all.class_name, dimension.name,
-                                                   names[i].number, names[i].name);
-    if (object != nullptr) CallCollectionAddObject(env, collection, object);
+int add_dimension(const Frame& frame, const MemberInfoRecord& dimension, const AllNames& all,
+                  jobject collection) {
+  Names names(frame.inst);
+  const int status = names.take(all.list, frame.outline, dimension.name, kNamesExtended);
+  for (const GenLevelNameEntry& entry : names) {
+    if (all.skips_zero && entry.number == 0) continue;
+    jobject object = CreateGenerationOrLevelObject(frame.env, all.class_name, dimension.name,
+                                                   entry.number, entry.name);
+    if (object != nullptr) CallCollectionAddObject(frame.env, collection, object);
   }
   return status;
 }
@@ -86,16 +86,13 @@ int add_dimension(JNIEnv* env, INST inst, HOutline outline, const MemberInfoReco
 jint list_all_by_walk(JNIEnv* env, jobject jinst, jobject joutline, jobject collection,
                       const AllNames& all) {
   TextContext text;
-  const INST inst = RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HMember first = 0;
-  const int status = OlvOtlGetFirstMember(outline, &first);
-  return walk_siblings(outline, status, first, [&](HMember dimension) {
-    MemberRecord record(outline);
-    if (record.read(dimension) == kStatusOk) {
-      add_dimension(env, inst, outline, *record, all, collection);
-    }
+  const Frame frame = {env, text, RetrieveINST(env, jinst), RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  const GivenHandle first = ask_handle(OlvOtlGetFirstMember, frame.outline);
+  return walk_siblings(frame.outline, first, [&](HMember dimension) {
+    MemberRecord record(frame.outline);
+    record.read(dimension);
+    if (record) add_dimension(frame, *record, all, collection);
   });
 }
 
@@ -103,30 +100,29 @@ jint list_all_by_walk(JNIEnv* env, jobject jinst, jobject joutline, jobject coll
 jint list_all_by_query(JNIEnv* env, jobject jinst, jobject joutline, jobject collection,
                        const AllNames& all) {
   TextContext text;
-  const INST inst = RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  HandleArray dimensions(outline);
+  const Frame frame = {env, text, RetrieveINST(env, jinst), RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  HandleArray dimensions(frame.outline);
   int status = dimensions.query(0, children_query());
-  if (status != kStatusOk) return status;
   for (uint32_t i = 0; i < dimensions.size(); ++i) {
-    MemberRecord record(outline);
+    MemberRecord record(frame.outline);
     status = record.read(dimensions[i]);
-    if (status == kStatusOk) {
-      status = add_dimension(env, inst, outline, *record, all, collection);
-    }
+    if (record) status = add_dimension(frame, *record, all, collection);
   }
   return status;
 }
 
+template <SetName set>
 jint create_name(JNIEnv* env, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
-                 jshort number, SetName set) {
+                 jshort number) {
   TextContext text;
   JavaText dimension(env, text, jdimension);
   JavaText name(env, text, jname);
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || dimension.empty() || name.empty()) return kStatusOk;
+  if (outline == 0) return kStatusOk;
+  if (any_lost(dimension, name)) return kStatusRefused;
+  if (dimension.empty() || name.empty()) return kStatusOk;
   return set(outline, dimension.api(), static_cast<uint16_t>(number), name.api());
 }
 
@@ -136,7 +132,9 @@ jint delete_name(JNIEnv* env, jobject jinst, jobject joutline, jstring jdimensio
   JavaText dimension(env, text, jdimension);
   RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || dimension.empty()) return kStatusOk;
+  if (outline == 0) return kStatusOk;
+  if (dimension.lost()) return kStatusRefused;
+  if (dimension.empty()) return kStatusOk;
   return remove(outline, dimension.api(), static_cast<uint16_t>(number));
 }
 
@@ -199,13 +197,13 @@ KEPOTL_NATIVE(jint, getAllLevelsQuery)
 KEPOTL_NATIVE(jint, createGeneration)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
  jshort number) {
-  return create_name(env, jinst, joutline, jdimension, jname, number, OlvOtlSetGenName);
+  return create_name<OlvOtlSetGenName>(env, jinst, joutline, jdimension, jname, number);
 }
 
 KEPOTL_NATIVE(jint, createLevel)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jdimension, jstring jname,
  jshort number) {
-  return create_name(env, jinst, joutline, jdimension, jname, number, OlvOtlSetLevelName);
+  return create_name<OlvOtlSetLevelName>(env, jinst, joutline, jdimension, jname, number);
 }
 
 KEPOTL_NATIVE(jint, deleteGeneration)

@@ -10,15 +10,15 @@
 namespace kepotl {
 namespace {
 
+using Entries = ApiArray<DtsEntry, uint16_t>;
+
 // Disables the entries of a name, so that it can be enabled on another generation.
 void disable_entries(INST inst, HOutline outline, const char* name) {
-  uint16_t count = 0;
-  ApiBlock<DtsEntry> entries(inst);
-  const int status = OlvOtlGetEnabledDTSMembers(outline, &count, entries.out());
-  if (status != kStatusOk || !entries) return;
-  for (uint16_t i = 0; i < count; ++i) {
-    if (std::strcmp(entries[i].name, name) == 0) {
-      OlvOtlEnableDTSMember(outline, name, entries[i].generation, 0);
+  Entries entries(inst);
+  entries.take(OlvOtlGetEnabledDTSMembers, outline);
+  for (const DtsEntry& entry : entries) {
+    if (std::strcmp(entry.name, name) == 0) {
+      OlvOtlEnableDTSMember(outline, name, entry.generation, 0);
     }
   }
 }
@@ -37,11 +37,12 @@ void getDTSAliases(JNIEnv* env, int context, INST inst, HOutline outline, const 
       env->GetMethodID(type, "setAlias", "(Ljava/lang/String;Ljava/lang/String;)V");
   if (set_alias == nullptr) return;
   ApiBlock<OutlineInfoRecord> info(inst);
-  if (OlvOtlGetOutlineInfo(outline, info.out()) != kStatusOk || !info) return;
+  info.take(OlvOtlGetOutlineInfo, outline);
+  if (!info) return;
   for (uint16_t i = 0; i < info->aliasTableCount; ++i) {
     const char* table = alias_table_name(info.get(), i);
     ApiBlock<char> alias(inst);
-    if (OlvOtlGetDTSMemberAlias(outline, entry, table, alias.out()) != kStatusOk) continue;
+    if (alias.take(OlvOtlGetDTSMemberAlias, outline, entry, table) != kStatusOk) continue;
     LocalRef jtable(env, NewStringUTFfromAPI(context, env, table));
     LocalRef jalias(env, NewStringUTFfromAPI(context, env, alias ? alias.get() : ""));
     call_void(env, series, set_alias, jtable.get(), jalias.get());
@@ -51,14 +52,11 @@ void getDTSAliases(JNIEnv* env, int context, INST inst, HOutline outline, const 
 KEPOTL_NATIVE(jint, getDTSMembers)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jobject list) {
   TextContext text;
-  const INST inst = RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusOk;
-  uint16_t count = 0;
-  ApiBlock<DtsEntry> entries(inst);
-  const int status = OlvOtlGetEnabledDTSMembers(outline, &count, entries.out());
-  if (status != kStatusOk || !entries) return status;
-  for (uint16_t i = 0; i < count; ++i) add_string(env, text, list, entries[i].name);
+  const Frame frame = {env, text, RetrieveINST(env, jinst), RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0) return kStatusOk;
+  Entries entries(frame.inst);
+  const int status = entries.take(OlvOtlGetEnabledDTSMembers, frame.outline);
+  for (const DtsEntry& entry : entries) add_string(frame, list, entry.name);
   return status;
 }
 
@@ -68,17 +66,15 @@ KEPOTL_NATIVE(jint, getDTSMembersEx)
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  uint16_t count = 0;
-  ApiBlock<DtsEntry> entries(inst);
-  const int status = OlvOtlGetEnabledDTSMembers(outline, &count, entries.out());
-  if (status != kStatusOk || !entries) return status;
-  for (uint16_t i = 0; i < count; ++i) {
+  Entries entries(inst);
+  const int status = entries.take(OlvOtlGetEnabledDTSMembers, outline);
+  for (const DtsEntry& entry : entries) {
     jobject series = CreateSimpleObject(env, CNAME_DTS);
     if (series == nullptr) continue;
-    CallStringSetProperty(text, env, series, "setName", entries[i].name);
-    CallShortSetProperty(env, series, "setGeneration", entries[i].generation);
+    CallStringSetProperty(text, env, series, "setName", entry.name);
+    CallShortSetProperty(env, series, "setGeneration", entry.generation);
     CallBooleanSetProperty(env, series, "setEnabled", JNI_TRUE);
-    getDTSAliases(env, text, inst, outline, entries[i].name, series);
+    getDTSAliases(env, text, inst, outline, entry.name, series);
     CallCollectionAddObject(env, collection, series);
   }
   return status;
@@ -91,7 +87,9 @@ KEPOTL_NATIVE(jint, enableDTSMember)
   JavaText name(env, text, jname);
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || name.empty()) return kStatusOk;
+  if (outline == 0) return kStatusOk;
+  if (name.lost()) return kStatusRefused;
+  if (name.empty()) return kStatusOk;
   if (enable) disable_entries(inst, outline, name.api());
   return OlvOtlEnableDTSMember(outline, name.api(), generation, enable ? 1 : 0);
 }
@@ -104,7 +102,9 @@ KEPOTL_NATIVE(jint, setDTSMemberAlias)
   JavaText second(env, text, jsecond);
   JavaText third(env, text, jthird);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || first.empty() || second.empty() || third.empty()) return kStatusOk;
+  if (outline == 0) return kStatusOk;
+  if (any_lost(first, second, third)) return kStatusRefused;
+  if (first.empty() || second.empty() || third.empty()) return kStatusOk;
   // Java gives entry, alias, table; the API takes entry, table, alias.
   return OlvOtlSetDTSMemberAlias(outline, first.api(), third.api(), second.api());
 }
@@ -115,7 +115,9 @@ KEPOTL_NATIVE(jint, deleteDTSMemberAlias)
   JavaText first(env, text, jfirst);
   JavaText second(env, text, jsecond);
   const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0 || first.empty() || second.empty()) return kStatusOk;
+  if (outline == 0) return kStatusOk;
+  if (any_lost(first, second)) return kStatusRefused;
+  if (first.empty() || second.empty()) return kStatusOk;
   return OlvOtlDeleteDTSMemberAlias(outline, first.api(), second.api());
 }
 
@@ -123,24 +125,23 @@ KEPOTL_NATIVE(jint, listDTSLatestMembers)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jstring jdimension, jobject list) try {
   TextContext text;
   JavaText dimension(env, text, jdimension);
-  const INST inst = RetrieveINST(env, jinst);
-  const HOutline outline = RetrieveHOutline(env, joutline);
-  if (outline == 0) return kStatusRefused;
+  const Frame frame = {env, text, RetrieveINST(env, jinst), RetrieveHOutline(env, joutline)};
+  if (frame.outline == 0 || dimension.lost()) return kStatusRefused;
   const std::string pattern = std::string("lev0,") + dimension.api();
   MemberQuery query = {};
   query.queryType = kQueryTimeSeriesMembers;
   query.dimension = dimension.api();
   query.pattern1 = pattern.c_str();
-  HandleArray members(outline);
+  // This list gives back an array that a failed query has left.
+  HandleArray members(frame.outline, AfterFailure::kGiveBack);
   // This query takes the address of the name where others take a start member; on 64 bits its low
   // half is what fits.
   const HMember start = static_cast<HMember>(reinterpret_cast<uintptr_t>(dimension.api()));
   int status = members.query(start, query);
-  for (uint32_t i = 0; members && i < members.counts.totalCount && status == kStatusOk; ++i) {
-    ApiBlock<MemberInfoRecord> info(inst);
-    status = OlvOtlGetMemberInfo(outline, members[i], info.out());
-    if (status == kStatusOk && !info) status = kStatusRefused;
-    if (status == kStatusOk) add_string(env, text, list, info->name);
+  for (uint32_t i = 0; i < members.total() && status == kStatusOk; ++i) {
+    ApiBlock<MemberInfoRecord> info(frame.inst);
+    status = info.take(OlvOtlGetMemberInfo, frame.outline, members[i]);
+    if (info) add_string(frame, list, info->name);
   }
   return status;
 } catch (const std::bad_alloc&) {

@@ -1,10 +1,9 @@
 // Facts about the database behind an outline, and its currency database.
 #include <limits>
 
-#include "bridge/bridge.h"
 #include "bridge/native.h"
 #include "bridge/scope.h"
-#include "lifecycle/objects.h"
+#include "lifecycle/restructure.h"
 
 namespace kepotl {
 namespace {
@@ -40,6 +39,7 @@ KEPOTL_NATIVE(jint, getCellCount)
   JavaText area(env, text, jarea);
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
+  if (area.lost()) return kStatusRefused;
   double count = 0;
   const int status = OlvPartitionGetAreaCellCount(context, area.api(), &count);
   if (status == kStatusOk) CallIntegerSetProperty(env, holder, "setValue", truncated(count));
@@ -55,12 +55,10 @@ KEPOTL_NATIVE(jint, getDataLoaded)
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
   ApiBlock<DatabaseInfoRecord> info(inst);
-  const int status = OlvGetDatabaseInfo(context, application.api(), database.api(), info.out());
-  if (status != kStatusOk) {
-    info.forget();
-    return status;
-  }
-  return info && info->dataLoaded != 0 ? -1 : 0;
+  // A lost name is left to the API to refuse: -1 means here that data is loaded.
+  const int status = info.take(OlvGetDatabaseInfo, context, application.api(), database.api());
+  if (!info) return status;
+  return info->dataLoaded != 0 ? -1 : 0;
 }
 
 KEPOTL_NATIVE(jint, getLockedState)
@@ -71,14 +69,11 @@ KEPOTL_NATIVE(jint, getLockedState)
   const INST inst = RetrieveINST(env, jinst);
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
+  if (any_lost(application, database)) return kStatusRefused;
   ApiBlock<ObjectInfoRecord> info(inst);
-  const int status = OlvGetObjectInfo(context, kObjectTypeOutline, application.api(),
-                                      database.api(), database.api(), info.out());
-  if (status != kStatusOk) {
-    info.forget();
-    return status;
-  }
-  return info ? info->locked : 0;
+  const int status = info.take(OlvGetObjectInfo, context, kObjectTypeOutline, application.api(),
+                               database.api(), database.api());
+  return info ? info->locked : status;
 }
 
 KEPOTL_NATIVE(jint, generateCurrencyDB)
@@ -89,12 +84,12 @@ KEPOTL_NATIVE(jint, generateCurrencyDB)
   const HCTX context = RetrieveHCTX(env, jcontext);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  HOutline currency = 0;
-  const int status = OlvOtlGenerateCurrencyOutline(outline, &currency);
-  if (status != kStatusOk || currency == 0) return status;
+  const GivenHandle currency = ask_handle(OlvOtlGenerateCurrencyOutline, outline);
+  if (currency.handle == 0) return currency.status;
   JavaText application(env, text, japplication);
   JavaText database(env, text, jdatabase);
-  DerivedOutline closing(currency);
-  return write_and_restructure(context, currency, application.api(), database.api(),
+  DerivedOutline closing(currency.handle);
+  if (any_lost(application, database)) return kStatusRefused;
+  return write_and_restructure(context, currency.handle, application.api(), database.api(),
                                kRestructureCurrency);
 }

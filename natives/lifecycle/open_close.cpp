@@ -1,8 +1,7 @@
 // Opens outlines for query and for edit, and closes them.
-#include "bridge/bridge.h"
 #include "bridge/native.h"
 #include "bridge/scope.h"
-#include "lifecycle/objects.h"
+#include "lifecycle/stored_object.h"
 
 using namespace kepotl;
 
@@ -10,12 +9,11 @@ KEPOTL_NATIVE(jint, openOutlineQuery)(JNIEnv* env, jclass, jobject jcontext, job
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
   ObjectDefinitionRecord record = {};  // the API may write it
-  HOutline outline = 0;
-  const int status = OlvOtlOpenOutlineQuery(context, &record, &outline);
-  if (status == kStatusOk) {
-    CallIntegerSetProperty(env, joutline, "setValue", static_cast<jint>(outline));
+  const GivenHandle outline = ask_handle(OlvOtlOpenOutlineQuery, context, &record);
+  if (outline.status == kStatusOk) {
+    CallIntegerSetProperty(env, joutline, "setValue", static_cast<jint>(outline.handle));
   }
-  return status;
+  return outline.status;
 }
 
 KEPOTL_NATIVE(jint, closeOutlineQuery)(JNIEnv* env, jclass, jobject joutline) {
@@ -35,14 +33,14 @@ KEPOTL_NATIVE(jint, openOutlineEdit)
   JavaText object(env, text, jobject_name);
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context == 0) return kStatusOk;
+  if (any_lost(application, database, object)) return kStatusRefused;
   const ObjectDefinitionRecord record =
       outline_object(context, application.api(), database.api(), object.api());
-  HOutline outline = 0;
-  const int status = OlvOtlOpenOutline(context, &record, 1, 1, &outline);
-  if (status == kStatusOk) {
-    CallIntegerSetProperty(env, joutline, "setValue", static_cast<jint>(outline));
+  const GivenHandle outline = ask_handle(OlvOtlOpenOutline, context, &record, 1, 1);
+  if (outline.status == kStatusOk) {
+    CallIntegerSetProperty(env, joutline, "setValue", static_cast<jint>(outline.handle));
   }
-  return status;
+  return outline.status;
 }
 
 KEPOTL_NATIVE(jint, closeOutlineEdit)
@@ -52,6 +50,7 @@ KEPOTL_NATIVE(jint, closeOutlineEdit)
   JavaText database(env, text, jdatabase);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
+  if (any_lost(application, database)) return kStatusRefused;
   const HCTX context = RetrieveHCTX(env, jcontext);
   if (context != 0) {
     // The lock that the open took. Whatever becomes of it, the outline is to be closed.

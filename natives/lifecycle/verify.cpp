@@ -1,5 +1,4 @@
 // Verifies an edited outline and hands the errors to Java as objects.
-#include "bridge/bridge.h"
 #include "bridge/native.h"
 #include "bridge/scope.h"
 
@@ -13,19 +12,15 @@ KEPOTL_NATIVE(jint, verifyOutlineEdit)
   if (outline == 0) return kStatusOk;
 
   uint32_t global = 0;
-  uint32_t count = 0;
-  ApiBlock<MemberErrorEntry> entries(inst);
-  const int status = OlvOtlVerifyOutline(outline, &global, &count, entries.out());
-  if (status != kStatusOk) {
-    entries.forget();
-    return status;
-  }
+  ApiArray<MemberErrorEntry, uint32_t> entries(inst);
+  const int status = entries.take(OlvOtlVerifyOutline, outline, &global);
+  if (status != kStatusOk) return status;
   if (global != 0) {
     jobject error = CreateLongObject(env, CNAME_GLOBAL_ERROR, global);
     if (error != nullptr) CallCollectionAddObject(env, errors, error);
   }
-  for (uint32_t i = 0; entries && i < count; ++i) {
-    jobject error = CreateMemberError(env, outline, &entries[i]);
+  for (MemberErrorEntry& entry : entries) {
+    jobject error = CreateMemberError(env, outline, &entry);
     if (error != nullptr) CallCollectionAddObject(env, errors, error);
   }
   return status;
@@ -39,7 +34,7 @@ jobject CreateMemberError(JNIEnv* env, HOutline outline, MemberErrorEntry* entry
   {
     MemberRecord record(outline);
     if (record.read(entry->member) == kStatusOk) {
-      CallStringSetProperty(text, env, error, "setName", record->name);
+      if (record) CallStringSetProperty(text, env, error, "setName", record->name);
       CallIntegerSetProperty(env, error, "setHandle", static_cast<jint>(entry->member));
     }
   }

@@ -1,9 +1,10 @@
 // Batched searches: each call of findRequest walks on from where the last one stopped and adds a
 // member object for every match, until a limit of the batch or of the search is reached.
 #include "search/find_request.h"
-#include "bridge/native.h"
 
-#include "browse/browse.h"
+#include "bridge/java_int.h"
+#include "bridge/native.h"
+#include "browse/members.h"
 
 namespace kepotl {
 namespace {
@@ -12,78 +13,63 @@ namespace {
 constexpr const char* kFormulaDelimiters = " \n();\"'[]{}@+-\\=,.<>";
 
 // The search of one batch: what is looked for, and where.
-class Finder {
- public:
-  Finder(INST inst, HOutline outline, const FindRequest& request, const char* text,
-         const char* alias_table, const OutlineInfoRecord* info)
-      : inst_(inst),
-        outline_(outline),
-        request_(request),
-        text_(text),
-        alias_table_(alias_table),
-        info_(info) {}
+struct Finder {
+  INST inst;
+  HOutline outline;
+  const FindRequest& request;
+  const char* text;         // null matches nothing
+  const char* alias_table;  // null: none given
+  const OutlineInfoRecord* info;
 
   // Tries the member's sources in fixed order until one matches. The record is read, and held,
   // when names are searched.
   bool matches(HMember member, MemberRecord* record) const {
     bool match = false;
-    if (request_.names && record->read(member) == kStatusOk) match = compare((*record)->name);
-    if (!match && request_.alias_table_usage == FindRequest::kOneAliasTable &&
-        alias_table_ != nullptr) {
-      match = matches_alias(member, alias_table_);
+    if (request.names) record->read(member);
+    if (*record) match = compare((*record)->name);
+    if (!match && request.alias_table_usage == FindRequest::kOneAliasTable &&
+        alias_table != nullptr) {
+      match = matches_alias(member, alias_table);
     }
-    if (request_.alias_table_usage == FindRequest::kAllAliasTables && info_ != nullptr) {
-      for (uint16_t i = 0; i < info_->aliasTableCount && !match; ++i) {
-        match = matches_alias(member, alias_table_name(info_, i));
+    if (request.alias_table_usage == FindRequest::kAllAliasTables && info != nullptr) {
+      for (uint16_t i = 0; i < info->aliasTableCount && !match; ++i) {
+        match = matches_alias(member, alias_table_name(info, i));
       }
     }
-    if (!match && request_.udas) {
-      give_udas(inst_, outline_, member, [&](const char* uda) { match = match || compare(uda); });
+    if (!match && request.udas) {
+      give_udas(inst, outline, member, [&](const char* uda) { match = match || compare(uda); });
     }
-    if (!match && request_.formulas) {
-      give_formula(inst_, outline_, member,
+    if (!match && request.formulas) {
+      give_formula(inst, outline, member,
                    [&](const char* formula) { match = compare(formula, kFormulaDelimiters); });
     }
     return match;
   }
 
- private:
   bool matches_alias(HMember member, const char* table) const {
     bool match = false;
-    give_alias(inst_, outline_, member, table, [&](const char* alias) { match = compare(alias); });
+    give_alias(inst, outline, member, table, [&](const char* alias) { match = compare(alias); });
     return match;
   }
 
   bool compare(const char* candidate, const char* delimiters = nullptr) const {
-    return CallCompareStrings(text_, candidate, request_.match_case, request_.whole_words,
+    return CallCompareStrings(text, candidate, request.match_case, request.whole_words,
                               delimiters) != 0;
   }
-
-  INST inst_;
-  HOutline outline_;
-  const FindRequest& request_;
-  const char* text_;         // null matches nothing
-  const char* alias_table_;  // null: none given
-  const OutlineInfoRecord* info_;
 };
-
-// Sum of counters as Java's int adds them.
-jint sum(jint a, jint b) {
-  return static_cast<jint>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
-}
 
 // Whether the batch is to stop after the member that was handled last.
 bool reached_limit(const FindRequest& request, jint visited, jint matched) {
   if (matched >= request.max_matches_per_batch) return true;
   if (visited >= request.max_members_per_batch) return true;
   return request.max_matches_total != 0 &&
-         sum(request.matches_found, matched) >= request.max_matches_total;
+         java_sum(request.matches_found, matched) >= request.max_matches_total;
 }
 
 // Adds the member's object; false when it cannot be made.
 bool add_match(JNIEnv* env, HOutline outline, HMember member, MemberRecord* record,
                jobject results) {
-  if (!*record && record->read(member) != kStatusOk) return false;
+  if (!*record) record->read(member);
   jobject object = CreateMemberObjectWithInfo(env, outline, member, record->get());
   if (object == nullptr) return false;
   CallCollectionAddObject(env, results, object);
@@ -116,29 +102,6 @@ FindRequest FindRequest::read(JNIEnv* env, jobject request) {
   return read;
 }
 
-HMember findRequestGetFirstMember(HOutline outline, jboolean one_dimension, const char* dimension) {
-  HMember first = 0;
-  const int status = one_dimension ? OlvOtlFindMember(outline, dimension, &first)
-                                   : OlvOtlGetFirstMember(outline, &first);
-  return status == kStatusOk ? first : 0;
-}
-
-HMember findRequestGetNextMember(HOutline outline, HMember member, jboolean one_dimension) {
-  HMember child = 0;
-  if (OlvOtlGetChild(outline, member, &child) == kStatusOk && child != 0) return child;
-  while (member != 0) {
-    HMember parent = 0;
-    if (OlvOtlGetParent(outline, member, &parent) != kStatusOk) parent = 0;
-    if (one_dimension && parent == 0) return 0;
-    HMember sibling = 0;
-    if (OlvOtlGetNextSibling(outline, member, &sibling) == kStatusOk && sibling != 0) {
-      return sibling;
-    }
-    member = parent;
-  }
-  return 0;
-}
-
 KEPOTL_NATIVE(jint, findRequest)
 (JNIEnv* env, jclass, jobject jinst, jobject joutline, jobject jrequest, jobject results) {
   TextContext context;
@@ -152,19 +115,21 @@ KEPOTL_NATIVE(jint, findRequest)
   JavaText table;
   JavaText text;
   ApiBlock<OutlineInfoRecord> info(inst);
-  if (OlvOtlGetOutlineInfo(outline, info.out()) != kStatusOk) info.forget();
+  info.take(OlvOtlGetOutlineInfo, outline);
   if (one_dimension) dimension = JavaText(env, context, request.dimension_name);
   if (request.alias_table_usage == FindRequest::kOneAliasTable) {
     table = JavaText(env, context, request.alias_table);
   }
   text = JavaText(env, context, request.text);
-  const Finder finder(inst, outline, request, text.api_or_null(), table.api_or_null(), info.get());
+  // Nothing is searched, and the request stays as it is, when what it asks for is lost.
+  if (any_lost(dimension, table, text)) return kStatusOk;
+  const Finder finder = {inst, outline, request, text.api_if_any(), table.api_if_any(), info.get()};
 
   jint visited = 0;
   jint matched = 0;
   HMember member = request.last_handle != 0
                        ? findRequestGetNextMember(outline, request.last_handle, one_dimension)
-                       : findRequestGetFirstMember(outline, one_dimension, dimension.api_or_null());
+                       : findRequestGetFirstMember(outline, one_dimension, dimension.api_if_any());
   while (member != 0) {
     ++visited;
     {
@@ -179,7 +144,8 @@ KEPOTL_NATIVE(jint, findRequest)
 
   CallIntegerSetProperty(env, jrequest, "setLastHandle", static_cast<jint>(member));
   CallIntegerSetProperty(env, jrequest, "setMembersProcessed",
-                         sum(request.members_processed, visited));
-  CallIntegerSetProperty(env, jrequest, "setMatchesFound", sum(request.matches_found, matched));
+                         java_sum(request.members_processed, visited));
+  CallIntegerSetProperty(env, jrequest, "setMatchesFound",
+                         java_sum(request.matches_found, matched));
   return kStatusOk;
 }

@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "bridge/native.h"
-#include "browse/browse.h"
+#include "bridge/scope.h"
+#include "browse/members.h"
 
 namespace kepotl {
 namespace {
@@ -24,15 +25,12 @@ struct PathSearch {
   // with the failure in `*status`, when the record that is needed cannot be read.
   bool visit(HMember member, int* status) const {
     ApiBlock<char> alias(kNoInstance);
-    if (alias_table != nullptr &&
-        OlvOtlGetMemberAlias(outline, member, alias_table, alias.out()) != kStatusOk) {
-      alias.forget();
-    }
+    if (alias_table != nullptr) alias.take(OlvOtlGetMemberAlias, outline, member, alias_table);
     MemberRecord record(outline);
     const bool by_alias = alias && *alias != '\0';
     if (!by_alias) {
       const int read = record.read(member);
-      if (read != kStatusOk) {
+      if (!record) {
         *status = read;
         return false;
       }
@@ -68,7 +66,7 @@ int CallFindMemberRecursor(JNIEnv* env, HOutline outline, HMember parent, const 
   const auto descend = [&](HMember member) {
     auto children = std::make_unique<Siblings>(outline);
     status = children->members.query(member, children_query(nullptr, kQueryOptionNames));
-    if (status == kStatusOk && children->members.size() != 0) path.push_back(std::move(children));
+    if (children->members.size() != 0) path.push_back(std::move(children));
   };
   descend(parent);
   while (!path.empty()) {
@@ -91,13 +89,14 @@ jobject CallCreateMemberPath(JNIEnv* env, HOutline outline, HMember member) {
   while (member != 0) {
     {
       MemberRecord record(outline);
-      if (record.read(member) != kStatusOk) return nullptr;
+      record.read(member);
+      if (!record) return nullptr;
       LocalRef name(env, CreateStringObject(env, record->name));
       CallSingleArgumentObjectMethod(env, path, "addParent", name.get());
     }
     HandleArray parents(outline);
-    const int status = parents.query(member, parent_query(kQueryOptionNames));
-    member = status == kStatusOk && parents.size() != 0 ? parents[0] : 0;
+    parents.query(member, parent_query(kQueryOptionNames));
+    member = parents.size() != 0 ? parents[0] : 0;
   }
   return path;
 }
@@ -110,7 +109,8 @@ KEPOTL_NATIVE(jint, findMemberQuery)
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
   JavaText text(env, context, jtext);
+  if (any_lost(table, text)) return kStatusRefused;
   if (text.empty()) return kStatusOk;
-  return CallFindMemberRecursor(env, outline, 0, text.api(), table.api_or_null(), match_case,
+  return CallFindMemberRecursor(env, outline, 0, text.api(), table.api_if_any(), match_case,
                                 whole_word, results);
 }

@@ -1,11 +1,12 @@
 // The one rule by which all searches decide whether a text matches: substring or whole word, with
 // or without case, on bytes.
-#include <cctype>
+#include "search/text_match.h"
+
 #include <cstring>
 #include <memory>
 #include <new>
 
-#include "bridge/bridge.h"
+#include "bridge/plain_helpers.h"
 
 namespace kepotl {
 namespace {
@@ -47,13 +48,11 @@ using namespace kepotl;
 
 void CallLowercase(char* text) {
   if (text == nullptr) return;
-  for (; *text != '\0'; ++text) {
-    *text = static_cast<char>(std::tolower(static_cast<unsigned char>(*text)));
-  }
+  for (; *text != '\0'; ++text) *text = lower_ascii(*text);
 }
 
-jboolean CallFindWholeWord(const char* search_text, const char* candidate, const char* delimiters) {
-  if (search_text == nullptr || candidate == nullptr || *search_text == '\0') return JNI_FALSE;
+uint8_t CallFindWholeWord(const char* search_text, const char* candidate, const char* delimiters) {
+  if (search_text == nullptr || candidate == nullptr) return 0;
   if (delimiters == nullptr || *delimiters == '\0') delimiters = " \n";
   const size_t length = std::strlen(search_text);
   const char* const end = candidate + std::strlen(candidate);
@@ -62,24 +61,24 @@ jboolean CallFindWholeWord(const char* search_text, const char* candidate, const
     const bool starts = at == candidate || std::strchr(delimiters, at[-1]) != nullptr;
     // strchr finds the terminating NUL too: the end of the candidate ends a word.
     const bool ends = std::strchr(delimiters, at[length]) != nullptr;
-    if (starts && ends) return JNI_TRUE;
+    if (starts && ends) return 1;
     // The next one that can be a word, overlapping or not, stands behind a delimiter. Trying those
     // in between would take hours on a megabyte of one letter.
     at = std::strpbrk(at, delimiters);
-    if (at == nullptr) return JNI_FALSE;
+    if (at == nullptr) return 0;
     ++at;
   }
-  return JNI_FALSE;
+  return 0;
 }
 
-jboolean CallCompareStrings(const char* search_text, const char* candidate, jboolean case_sensitive,
-                            jboolean whole_word, const char* delimiters) try {
-  if (search_text == nullptr || *search_text == '\0') return JNI_FALSE;
-  if (candidate == nullptr || *candidate == '\0') return JNI_FALSE;
-  if (case_sensitive) return matches(search_text, candidate, whole_word != 0, delimiters);
+uint8_t CallCompareStrings(const char* search_text, const char* candidate, uint8_t case_sensitive,
+                           uint8_t whole_word, const char* delimiters) try {
+  if (search_text == nullptr || *search_text == '\0') return 0;
+  if (candidate == nullptr || *candidate == '\0') return 0;
+  if (case_sensitive != 0) return matches(search_text, candidate, whole_word != 0, delimiters);
   FoldedText folded_search(search_text);
   FoldedText folded_candidate(candidate);
   return matches(folded_search.data(), folded_candidate.data(), whole_word != 0, delimiters);
 } catch (const std::bad_alloc&) {
-  return JNI_FALSE;
+  return 0;
 }

@@ -13,6 +13,7 @@ jint with_table(JNIEnv* env, jobject jinst, jobject joutline, jstring jtable,
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
   JavaText table(env, text, jtable);
+  if (table.lost()) return kStatusRefused;
   return operation(outline, table.api());
 }
 
@@ -44,6 +45,7 @@ KEPOTL_NATIVE(jint, renameAliasTable)
   if (outline == 0) return kStatusOk;
   JavaText first(env, text, jfirst);
   JavaText second(env, text, jsecond);
+  if (any_lost(first, second)) return kStatusRefused;
   // The API takes the names in the reverse of Java's order.
   return OlvOtlRenameAliasTable(outline, second.api(), first.api());
 }
@@ -57,6 +59,7 @@ KEPOTL_NATIVE(jint, copyAliasTable)
   if (outline == 0) return kStatusOk;
   JavaText first(env, text, jfirst);
   JavaText second(env, text, jsecond);
+  if (any_lost(first, second)) return kStatusRefused;
   // The API takes the names in the reverse of Java's order.
   return OlvOtlCopyAliasTable(outline, second.api(), first.api(), flag ? 1 : 0);
 }

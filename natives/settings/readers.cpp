@@ -34,7 +34,8 @@ void add_alias_tables(JNIEnv* env, int context, jobject target, const OutlineInf
   }
 }
 
-// An attribute specification record that goes back as a structure, a null one included.
+// An attribute specification record that goes back as a structure whatever the read's status, a
+// null one included.
 class AttributeSpecs {
  public:
   explicit AttributeSpecs(HOutline outline) : outline_(outline) {}
@@ -42,11 +43,8 @@ class AttributeSpecs {
   AttributeSpecs(const AttributeSpecs&) = delete;
   AttributeSpecs& operator=(const AttributeSpecs&) = delete;
 
-  int read() {
-    const int status = OlvOtlGetAttributeSpecifications(outline_, &record_);
-    if (status != kStatusOk) record_ = nullptr;
-    return status;
-  }
+  // The API's status; after a failure the record is not to be read.
+  int read() { return OlvOtlGetAttributeSpecifications(outline_, &record_); }
   explicit operator bool() const { return record_ != nullptr; }
   const AttributeSpecRecord* operator->() const { return record_; }
 
@@ -65,8 +63,8 @@ KEPOTL_NATIVE(jint, getOutlineInfo)(JNIEnv* env, jclass, jobject joutline, jobje
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
   ApiBlock<OutlineInfoRecord> info(kNoInstance);
-  const int status = OlvOtlGetOutlineInfo(outline, info.out());
-  if (status != kStatusOk || !info) return status;
+  const int status = info.take(OlvOtlGetOutlineInfo, outline);
+  if (!info) return status;
   // The whole byte, as this reader has always passed it; getSettings tells the bits apart.
   CallBooleanSetProperty(env, target, "setAutoConfigure", info->configureFlags);
   CallBooleanSetProperty(env, target, "setCaseSensitive", info->caseSensitive);
@@ -81,9 +79,10 @@ KEPOTL_NATIVE(jint, getSettings)
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  ApiBlock<OutlineInfoRecord> info(inst);
-  const int status = OlvOtlGetOutlineInfo(outline, info.out());
-  if (status != kStatusOk || !info) return status;
+  // This reader gives back a record that a failed read has left.
+  ApiBlock<OutlineInfoRecord> info(inst, AfterFailure::kGiveBack);
+  const int status = info.take(OlvOtlGetOutlineInfo, outline);
+  if (!info) return status;
   const bool auto_configure = (info->configureFlags & kConfigureAuto) != 0;
   const bool warnings = (info->configureFlags & kConfigureWarnings) != 0;
   CallBooleanSetProperty(env, target, "setAutoConfigure", auto_configure);
@@ -125,9 +124,10 @@ KEPOTL_NATIVE(jint, getAttributeSpecsEx)
   const INST inst = RetrieveINST(env, jinst);
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
-  ApiBlock<AttributeSpecRecord> specs(inst);
-  const int status = OlvOtlGetAttributeSpecifications(outline, specs.out());
-  if (status != kStatusOk || !specs) return status;
+  // This reader gives back a record that a failed read has left.
+  ApiBlock<AttributeSpecRecord> specs(inst, AfterFailure::kGiveBack);
+  const int status = specs.take(OlvOtlGetAttributeSpecifications, outline);
+  if (!specs) return status;
   jobject constructor =
       CreateShortObject(env, CNAME_LONGNAME_CONSTRUCTOR, specs->longNameConstructor);
   jobject source = CreateShortObject(env, CNAME_LONGNAME_SOURCE, specs->longNameSource);

@@ -14,12 +14,8 @@ jint update_info(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
   ApiBlock<OutlineInfoRecord> info(inst);
-  const int status = OlvOtlGetOutlineInfo(outline, info.out());
-  if (status != kStatusOk) {
-    info.forget();
-    return status;
-  }
-  if (!info) return kStatusRefused;
+  const int status = info.take(OlvOtlGetOutlineInfo, outline);
+  if (!info) return status_without_record(status);
   change(*info);
   return OlvOtlSetOutlineInfoEx(outline, info.get());
 }
@@ -33,12 +29,8 @@ jint update_specs(JNIEnv* env, jobject jinst, jobject joutline, Change change) {
   const HOutline outline = RetrieveHOutline(env, joutline);
   if (outline == 0) return kStatusOk;
   ApiBlock<AttributeSpecRecord> specs(inst);
-  const int status = OlvOtlGetAttributeSpecifications(outline, specs.out());
-  if (status != kStatusOk) {
-    specs.forget();
-    return status;
-  }
-  if (!specs) return kStatusRefused;
+  const int status = specs.take(OlvOtlGetAttributeSpecifications, outline);
+  if (!specs) return status_without_record(status);
   const JavaText kept = change(text, *specs);
   if (kept.lost()) return kStatusRefused;
   return OlvOtlSetAttributeSpecifications(outline, specs.get());

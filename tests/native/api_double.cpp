@@ -26,7 +26,7 @@ void ApiDouble::fail_function(const std::string& function, int status, int n) {
   function_failures_[function] = {n, status};
 }
 
-int ApiDouble::call(const char* function, const std::vector<std::string>& arguments) {
+int ApiDouble::record_call(const char* function, const std::vector<std::string>& arguments) {
   called_.push_back(function);
   std::string line = std::string(function) + '(';
   for (size_t i = 0; i < arguments.size(); ++i) line += (i == 0 ? "" : ", ") + arguments[i];
@@ -40,11 +40,13 @@ int ApiDouble::call(const char* function, const std::vector<std::string>& argume
   return kStatusOk;
 }
 
-int ApiDouble::call_on(const char* function, HOutline h, HMember member,
-                       std::vector<std::string> rest) {
+std::vector<std::string> ApiDouble::on_member(HOutline h, HMember member,
+                                              std::vector<std::string> rest) const {
   rest.insert(rest.begin(), {handle_name(h), name_of(member)});
-  const int status = call(function, rest);
-  if (status != kStatusOk) return status;
+  return rest;
+}
+
+int ApiDouble::check_member(HOutline h, HMember member) const {
   if (open_outlines.count(h) == 0) return kBadHandle;
   return exists(member) ? kStatusOk : kNoSuchMember;
 }
@@ -52,7 +54,7 @@ int ApiDouble::call_on(const char* function, HOutline h, HMember member,
 // ---- Ledger ----
 
 void* ApiDouble::hand_out(const char* kind, Release release, size_t size, size_t count) {
-  if (++handed_out_ == withheld_) return nullptr;
+  if (++handed_out_ == withheld_ || withholds_all_) return nullptr;
   // Exactly as large as asked for, so that an address sanitizer sees reads
   // beyond the end.
   void* block = std::malloc(size == 0 ? 1 : size);
@@ -117,6 +119,9 @@ void ApiDouble::clear_outline() {
   fail_at_ = 0;
   handed_out_ = 0;
   withheld_ = 0;
+  withholds_all_ = false;
+  leaves_junk_ = false;
+  handing_out_.clear();
   locks.clear();
   open_outlines = {kOutline};
   static_cast<DoubleState&>(*this) = DoubleState();

@@ -10,6 +10,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -82,8 +83,17 @@ class ApiDouble : public DoubleState {
   void fail_call(int n, int status, bool onwards = false);
   // Calls of one function, from the n-th on from now, answer `status`.
   void fail_function(const std::string& function, int status, int n = 1);
+  // Failing calls leave junk in all their out-parameters: an address that was never handed out, and
+  // 3 for counts and handles. Those of the functions in `handing_out` leave a block that is to be
+  // given back when their failure was ordered, and else nothing.
+  void leave_junk(std::set<std::string> handing_out = {}) {
+    leaves_junk_ = true;
+    handing_out_ = std::move(handing_out);
+  }
   // The n-th block from now is withheld: its call answers success, its count and a null pointer.
   void withhold_block(int n) { withheld_ = handed_out_ + n; }
+  // All blocks are withheld, and the handles of found and added members are 0.
+  void withhold_all() { withholds_all_ = true; }
   // Blocks handed out or withheld since the reset.
   int handed_out() const { return handed_out_; }
   // Functions called since the reset, in order.
@@ -115,11 +125,27 @@ class ApiDouble : public DoubleState {
 
   // ---- For the API functions ----
 
-  // Writes one call to the journal. The status that is ordered for it, else 0.
-  int call(const char* function, const std::vector<std::string>& arguments);
+  // Writes one call to the journal. The status that is ordered for it, else 0. Sets the
+  // out-parameters to what a failure leaves; a success overwrites them.
+  template <typename... Outs>
+  int call(const char* function, const std::vector<std::string>& arguments, Outs*... outs) {
+    const bool hands_out = handing_out_.count(function) != 0;
+    if (leaves_junk_ && !hands_out) (set_junk(outs), ...);
+    const int status = record_call(function, arguments);
+    if (hands_out && status != kStatusOk) (leave_block(outs), ...);
+    return status;
+  }
   // The same for a call on one member: handles come first, and unknown ones
   // have their statuses.
-  int call_on(const char* function, HOutline h, HMember member, std::vector<std::string> rest = {});
+  template <typename... Outs>
+  int call_on(const char* function, HOutline h, HMember member, std::vector<std::string> rest,
+              Outs*... outs) {
+    const int status = call(function, on_member(h, member, std::move(rest)), outs...);
+    return status != kStatusOk ? status : check_member(h, member);
+  }
+  int call_on(const char* function, HOutline h, HMember member) {
+    return call_on(function, h, member, {});
+  }
   // Hands out a block and notes how it is to be given back; null when it is withheld.
   enum class Release { kFree, kMembers, kMemberRecord, kSpec };
   void* hand_out(const char* kind, Release release, size_t size, size_t count = 1);
@@ -132,6 +158,8 @@ class ApiDouble : public DoubleState {
     if (block != nullptr) std::copy(entries.begin(), entries.end(), block);
     return block;
   }
+  // A found or added member's handle.
+  HMember give(HMember member) const { return withholds_all_ ? 0 : member; }
   char* hand_out_text(const char* kind, const std::string& text);
   // Takes a block back; a fault when that is not the way.
   int take_back(const void* block, Release release, uint32_t count);
@@ -152,6 +180,39 @@ class ApiDouble : public DoubleState {
     bool outstanding;
   };
 
+  int record_call(const char* function, const std::vector<std::string>& arguments);
+  std::vector<std::string> on_member(HOutline h, HMember member,
+                                     std::vector<std::string> rest) const;
+  int check_member(HOutline h, HMember member) const;
+
+  // What a failing call leaves. Nothing is mapped at the address.
+  static constexpr uintptr_t kJunkAddress = 0x40;
+  static constexpr uint8_t kJunkCount = 3;
+  template <typename Entry>
+  static void set_junk(Entry** block) {
+    *block = reinterpret_cast<Entry*>(kJunkAddress);
+  }
+  template <typename Number>
+  static void set_junk(Number* number) {
+    *number = kJunkCount;
+  }
+  static void set_junk(ProcessStateRecord* state) { state->state = kJunkCount; }
+  static void set_junk(MemberQueryCounts* counts) {
+    counts->totalCount = counts->returned = kJunkCount;
+  }
+  template <typename Entry>
+  void leave_block(Entry** block) {
+    const bool members = std::is_same_v<Entry, HMember>;
+    *block = static_cast<Entry*>(hand_out("what a failed call left",
+                                          members ? Release::kMembers : Release::kSpec, 1024,
+                                          members ? kJunkCount : 1));
+  }
+  void leave_block(MemberQueryCounts* counts) { set_junk(counts); }
+  template <typename Number>
+  void leave_block(Number* number) {
+    set_junk(number);
+  }
+
   void update_levels(HMember handle);
 
   std::map<const void*, Block> blocks_;  // given back ones too, until the reset
@@ -160,7 +221,10 @@ class ApiDouble : public DoubleState {
   int fail_status_ = 0;
   bool fail_onwards_ = false;
   int handed_out_ = 0;
-  int withheld_ = 0;                                              // 0: none
+  int withheld_ = 0;  // 0: none
+  bool withholds_all_ = false;
+  bool leaves_junk_ = false;
+  std::set<std::string> handing_out_;
   std::map<std::string, std::pair<int, int>> function_failures_;  // calls to go, status
 };
 

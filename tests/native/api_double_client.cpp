@@ -49,13 +49,14 @@ int OlvUnlockObject(HCTX ctx, uint32_t type, const char* app, const char* db, co
 }
 
 int OlvSetActive(HCTX ctx, const char* app, const char* db, uint16_t* access) {
-  const int status = api().call("OlvSetActive", {handle_name(ctx), needed(app), needed(db)});
+  const int status =
+      api().call("OlvSetActive", {handle_name(ctx), needed(app), needed(db)}, access);
   if (status == kStatusOk) *access = 0xFFFF;
   return status;
 }
 
 int OlvGetProcessState(HCTX ctx, ProcessStateRecord* state) {
-  const int status = api().call("OlvGetProcessState", {handle_name(ctx)});
+  const int status = api().call("OlvGetProcessState", {handle_name(ctx)}, state);
   if (status != kStatusOk) return status;
   // Only `state` says whether the process goes on.
   *state = {7, static_cast<uint16_t>(api().process_polls > 0 ? 0x0100 : 0), {9, 9, 9}};
@@ -64,8 +65,9 @@ int OlvGetProcessState(HCTX ctx, ProcessStateRecord* state) {
 }
 
 int OlvCreateLocalContext(INST inst, uint32_t zero1, uint32_t zero2, HCTX* local) {
-  const int status = api().call("OlvCreateLocalContext",
-                                {handle_name(inst), std::to_string(zero1), std::to_string(zero2)});
+  const int status =
+      api().call("OlvCreateLocalContext",
+                 {handle_name(inst), std::to_string(zero1), std::to_string(zero2)}, local);
   if (status == kStatusOk) *local = kLocalContext;
   return status;
 }
@@ -74,7 +76,7 @@ int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, co
                     int flag, char** path) {
   std::vector<std::string> arguments = object_arguments(ctx, type, app, db, object);
   arguments.push_back(std::to_string(flag));
-  const int status = api().call("OlvGetLocalPath", arguments);
+  const int status = api().call("OlvGetLocalPath", arguments, path);
   if (status != kStatusOk) return status;
   *path = api().hand_out_text("path", std::string("/scratch/") + object);
   return kStatusOk;
@@ -82,7 +84,8 @@ int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, co
 
 int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object,
                      ObjectInfoRecord** info) {
-  const int status = api().call("OlvGetObjectInfo", object_arguments(ctx, type, app, db, object));
+  const int status =
+      api().call("OlvGetObjectInfo", object_arguments(ctx, type, app, db, object), info);
   if (status != kStatusOk) return status;
   if (ctx == kLocalContext && api().scratch_objects.count(object) == 0) return kNoSuchObject;
   const ObjectInfoRecord record = {{}, 4096, api().lock_byte, {}};
@@ -91,7 +94,8 @@ int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, c
 }
 
 int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRecord** info) {
-  const int status = api().call("OlvGetDatabaseInfo", {handle_name(ctx), needed(app), needed(db)});
+  const int status =
+      api().call("OlvGetDatabaseInfo", {handle_name(ctx), needed(app), needed(db)}, info);
   if (status != kStatusOk) return status;
   const DatabaseInfoRecord record = {{}, api().data_loaded, {}};
   *info = api().hand_out("database info", std::vector{record});
@@ -99,13 +103,15 @@ int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRe
 }
 
 int OlvPartitionGetAreaCellCount(HCTX ctx, const char* area, double* count) {
-  const int status = api().call("OlvPartitionGetAreaCellCount", {handle_name(ctx), needed(area)});
+  const int status =
+      api().call("OlvPartitionGetAreaCellCount", {handle_name(ctx), needed(area)}, count);
   if (status == kStatusOk) *count = api().cell_count;
   return status;
 }
 
 int OlvOtlOpenOutlineQuery(HCTX ctx, const ObjectDefinitionRecord* object, HOutline* opened) {
-  const int status = api().call("OlvOtlOpenOutlineQuery", {handle_name(ctx), describe(object)});
+  const int status =
+      api().call("OlvOtlOpenOutlineQuery", {handle_name(ctx), describe(object)}, opened);
   if (status != kStatusOk) return status;
   api().open_outlines.insert(kOpenedOutline);
   *opened = kOpenedOutline;
@@ -116,7 +122,7 @@ int OlvOtlOpenOutline(HCTX ctx, const ObjectDefinitionRecord* object, int flag1,
                       HOutline* opened) {
   const int status = api().call(
       "OlvOtlOpenOutline",
-      {handle_name(ctx), describe(object), std::to_string(flag1), std::to_string(flag2)});
+      {handle_name(ctx), describe(object), std::to_string(flag1), std::to_string(flag2)}, opened);
   if (status != kStatusOk) return status;
   const std::string lock =
       lock_name(object->applicationName, object->databaseName, object->objectName);
@@ -133,11 +139,11 @@ int OlvOtlCloseOutline(HOutline h) {
 }
 
 int OlvOtlVerifyOutline(HOutline h, uint32_t* global, uint32_t* count, MemberErrorEntry** errors) {
-  const int status = api().call("OlvOtlVerifyOutline", {handle_name(h)});
+  const int status = api().call("OlvOtlVerifyOutline", {handle_name(h)}, global, count, errors);
   if (status != kStatusOk) return status;
   *global = api().global_errors;
   *count = static_cast<uint32_t>(api().member_errors.size());
-  if (*count != 0) *errors = api().hand_out("member errors", api().member_errors);
+  *errors = *count == 0 ? nullptr : api().hand_out("member errors", api().member_errors);
   return kStatusOk;
 }
 
@@ -154,7 +160,7 @@ int OlvOtlRestructure(HCTX ctx, uint16_t option) {
 }
 
 int OlvOtlGenerateCurrencyOutline(HOutline h, HOutline* currency) {
-  const int status = api().call("OlvOtlGenerateCurrencyOutline", {handle_name(h)});
+  const int status = api().call("OlvOtlGenerateCurrencyOutline", {handle_name(h)}, currency);
   if (status != kStatusOk) return status;
   api().open_outlines.insert(kCurrencyOutline);
   *currency = kCurrencyOutline;

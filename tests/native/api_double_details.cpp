@@ -48,10 +48,11 @@ int on_table(const char* function, HOutline h, const char* table) {
 }
 
 // The same on a member's alias; the default table for null.
+template <typename... Outs>
 int on_alias(const char* function, HOutline h, HMember member, const char* table,
-             std::vector<std::string> rest = {}) {
+             std::vector<std::string> rest, Outs*... outs) {
   rest.insert(rest.begin(), quoted(table));
-  const int status = api().call_on(function, h, member, rest);
+  const int status = api().call_on(function, h, member, rest, outs...);
   if (status != kStatusOk) return status;
   return table_name(table) == nullptr ? kNoSuchTable : kStatusOk;
 }
@@ -59,8 +60,8 @@ int on_alias(const char* function, HOutline h, HMember member, const char* table
 int list_names(const char* function, HOutline h, const char* dimension, uint32_t option,
                std::map<std::string, std::vector<GenLevelNameEntry>>& names, uint32_t* count,
                GenLevelNameEntry** entries) {
-  const int status =
-      api().call(function, {handle_name(h), needed(dimension), std::to_string(option)});
+  const int status = api().call(
+      function, {handle_name(h), needed(dimension), std::to_string(option)}, count, entries);
   if (status != kStatusOk) return status;
   if (api().find(dimension) == 0) return kNoSuchMember;
   *count = static_cast<uint32_t>(names[dimension].size());
@@ -80,7 +81,7 @@ int on_association(const char* function, HOutline h, HMember base, HMember attri
 // ---- Formulas, aliases, UDAs, comments ----
 
 int OlvOtlGetMemberFormula(HOutline h, HMember member, char** formula) {
-  const int status = api().call_on("OlvOtlGetMemberFormula", h, member);
+  const int status = api().call_on("OlvOtlGetMemberFormula", h, member, {}, formula);
   if (status == kStatusOk) *formula = give_optional("formula", api().member(member).formula);
   return status;
 }
@@ -98,7 +99,7 @@ int OlvOtlDeleteMemberFormula(HOutline h, HMember member) {
 }
 
 int OlvOtlGetMemberAlias(HOutline h, HMember member, const char* table, char** alias) {
-  const int status = on_alias("OlvOtlGetMemberAlias", h, member, table);
+  const int status = on_alias("OlvOtlGetMemberAlias", h, member, table, {}, alias);
   if (status != kStatusOk) return status;
   *alias = give_found("alias", api().member(member).aliases, *table_name(table));
   return kStatusOk;
@@ -111,13 +112,13 @@ int OlvOtlSetMemberAlias(HOutline h, HMember member, const char* table, const ch
 }
 
 int OlvOtlDeleteMemberAlias(HOutline h, HMember member, const char* table) {
-  const int status = on_alias("OlvOtlDeleteMemberAlias", h, member, table);
+  const int status = on_alias("OlvOtlDeleteMemberAlias", h, member, table, {});
   if (status == kStatusOk) api().member(member).aliases.erase(*table_name(table));
   return status;
 }
 
 int OlvOtlGetUserAttributes(HOutline h, HMember member, uint16_t* count, char** udas) {
-  const int status = api().call_on("OlvOtlGetUserAttributes", h, member);
+  const int status = api().call_on("OlvOtlGetUserAttributes", h, member, {}, count, udas);
   if (status != kStatusOk) return status;
   *count = static_cast<uint16_t>(api().member(member).udas.size());
   *udas = give_packed(api().member(member).udas);
@@ -137,7 +138,7 @@ int OlvOtlDeleteUserAttribute(HOutline h, HMember member, const char* uda) {
 int OlvOtlGetDimensionUserAttributes(HOutline h, const MemberQuery* query,
                                      MemberQueryCounts* counts, char** udas) {
   const int status = api().call("OlvOtlGetDimensionUserAttributes",
-                                {handle_name(h), describe(query), describe(counts)});
+                                {handle_name(h), describe(query), describe(counts)}, counts, udas);
   if (status != kStatusOk) return status;
   std::vector<std::string> all;
   const HMember dimension = api().find(query->dimension);
@@ -151,7 +152,7 @@ int OlvOtlGetDimensionUserAttributes(HOutline h, const MemberQuery* query,
 }
 
 int OlvOtlGetMemberCommentEx(HOutline h, HMember member, char** comment) {
-  const int status = api().call_on("OlvOtlGetMemberCommentEx", h, member);
+  const int status = api().call_on("OlvOtlGetMemberCommentEx", h, member, {}, comment);
   if (status == kStatusOk) *comment = give_optional("comment", api().member(member).comment);
   return status;
 }
@@ -166,7 +167,8 @@ int OlvOtlSetMemberCommentEx(HOutline h, HMember member, const char* comment) {
 
 int OlvOtlGetAssociatedAttributes(HOutline h, HMember member, uint16_t* count,
                                   HMember** attributes) {
-  const int status = api().call_on("OlvOtlGetAssociatedAttributes", h, member);
+  const int status =
+      api().call_on("OlvOtlGetAssociatedAttributes", h, member, {}, count, attributes);
   if (status != kStatusOk) return status;
   *count = static_cast<uint16_t>(api().member(member).attributes.size());
   *attributes = api().hand_out("associated attributes", api().member(member).attributes);
@@ -192,7 +194,7 @@ int OlvOtlDisassociateAttributeMember(HOutline h, HMember base, HMember attribut
 // ---- Settings and alias tables ----
 
 int OlvOtlGetOutlineInfo(HOutline h, OutlineInfoRecord** info) {
-  const int status = api().call("OlvOtlGetOutlineInfo", {handle_name(h)});
+  const int status = api().call("OlvOtlGetOutlineInfo", {handle_name(h)}, info);
   if (status != kStatusOk) return status;
   const size_t tables = api().alias_tables.size();
   *info = static_cast<OutlineInfoRecord*>(api().hand_out(
@@ -222,7 +224,7 @@ int OlvOtlSetOutlineInfoEx(HOutline h, const OutlineInfoRecord* info) {
 }
 
 int OlvOtlGetAttributeSpecifications(HOutline h, AttributeSpecRecord** spec) {
-  const int status = api().call("OlvOtlGetAttributeSpecifications", {handle_name(h)});
+  const int status = api().call("OlvOtlGetAttributeSpecifications", {handle_name(h)}, spec);
   if (status != kStatusOk) return status;
   *spec = api().hand_out("attribute specification", std::vector{api().spec}, Release::kSpec);
   return kStatusOk;
@@ -320,7 +322,7 @@ int OlvOtlDeleteLevelName(HOutline h, const char* dimension, uint16_t number) {
 // ---- Dynamic time series ----
 
 int OlvOtlGetEnabledDTSMembers(HOutline h, uint16_t* count, DtsEntry** entries) {
-  const int status = api().call("OlvOtlGetEnabledDTSMembers", {handle_name(h)});
+  const int status = api().call("OlvOtlGetEnabledDTSMembers", {handle_name(h)}, count, entries);
   if (status != kStatusOk) return status;
   *count = static_cast<uint16_t>(api().time_series.size());
   *entries = api().hand_out("time series", api().time_series);
@@ -334,7 +336,7 @@ int OlvOtlEnableDTSMember(HOutline h, const char* name, int16_t generation, uint
 
 int OlvOtlGetDTSMemberAlias(HOutline h, const char* name, const char* table, char** alias) {
   const int status =
-      api().call("OlvOtlGetDTSMemberAlias", {handle_name(h), needed(name), needed(table)});
+      api().call("OlvOtlGetDTSMemberAlias", {handle_name(h), needed(name), needed(table)}, alias);
   if (status != kStatusOk) return status;
   *alias = give_found("time series alias", api().time_series_aliases, {name, table});
   return kStatusOk;

@@ -83,8 +83,9 @@ int add_new(const MemberInfoRecord& info, HMember parent, HMember previous, HMem
   if (api().find(info.name) != 0) return kStatusDuplicateName;
   api().members.emplace_back();
   api().members.back().info = info;
-  *added = kFirstMember + static_cast<HMember>(api().members.size()) - 1;
-  api().insert(*added, parent, previous);
+  const HMember handle = kFirstMember + static_cast<HMember>(api().members.size()) - 1;
+  api().insert(handle, parent, previous);
+  *added = api().give(handle);
   return kStatusOk;
 }
 
@@ -98,13 +99,13 @@ void delete_subtree(HMember member) {
 // ---- Walking ----
 
 int OlvOtlGetFirstMember(HOutline h, HMember* first) {
-  const int status = api().call("OlvOtlGetFirstMember", {handle_name(h)});
+  const int status = api().call("OlvOtlGetFirstMember", {handle_name(h)}, first);
   if (status == kStatusOk) *first = api().dimensions.empty() ? 0 : api().dimensions.front();
   return status;
 }
 
 int OlvOtlGetChild(HOutline h, HMember member, HMember* child) {
-  const int status = api().call_on("OlvOtlGetChild", h, member);
+  const int status = api().call_on("OlvOtlGetChild", h, member, {}, child);
   if (status != kStatusOk) return status;
   const std::vector<HMember>& children = api().member(member).children;
   *child = children.empty() ? 0 : children.front();
@@ -112,29 +113,29 @@ int OlvOtlGetChild(HOutline h, HMember member, HMember* child) {
 }
 
 int OlvOtlGetParent(HOutline h, HMember member, HMember* parent) {
-  const int status = api().call_on("OlvOtlGetParent", h, member);
+  const int status = api().call_on("OlvOtlGetParent", h, member, {}, parent);
   if (status == kStatusOk) *parent = api().member(member).parent;
   return status;
 }
 
 int OlvOtlGetNextSibling(HOutline h, HMember member, HMember* next) {
-  const int status = api().call_on("OlvOtlGetNextSibling", h, member);
+  const int status = api().call_on("OlvOtlGetNextSibling", h, member, {}, next);
   if (status == kStatusOk) *next = neighbour(member, 1);
   return status;
 }
 
 int OlvOtlGetPrevSibling(HOutline h, HMember member, HMember* previous) {
-  const int status = api().call_on("OlvOtlGetPrevSibling", h, member);
+  const int status = api().call_on("OlvOtlGetPrevSibling", h, member, {}, previous);
   if (status == kStatusOk) *previous = neighbour(member, -1);
   return status;
 }
 
 int OlvOtlFindMember(HOutline h, const char* name, HMember* member) {
-  const int status = api().call("OlvOtlFindMember", {handle_name(h), quoted(name)});
+  const int status = api().call("OlvOtlFindMember", {handle_name(h), quoted(name)}, member);
   if (status != kStatusOk) return status;
   const HMember found = name == nullptr ? 0 : api().find(name);
   if (found == 0) return kNoSuchMember;
-  *member = found;
+  *member = api().give(found);
   return kStatusOk;
 }
 
@@ -150,14 +151,16 @@ int OlvOtlQueryMembers(HOutline h, HMember start, const MemberQuery* query,
   const int status =
       api().call("OlvOtlQueryMembers",
                  {handle_name(h), by_address ? "address of dimension" : api().name_of(start),
-                  describe(query), describe(counts)});
+                  describe(query), describe(counts)},
+                 counts, members);
   return status != kStatusOk ? status : answer_query(start, *query, counts, members);
 }
 
 int OlvOtlQueryMembersByName(HOutline h, const char* start, const MemberQuery* query,
                              MemberQueryCounts* counts, HMember** members) {
   const int status = api().call("OlvOtlQueryMembersByName",
-                                {handle_name(h), quoted(start), describe(query), describe(counts)});
+                                {handle_name(h), quoted(start), describe(query), describe(counts)},
+                                counts, members);
   if (status != kStatusOk) return status;
   const HMember member = start == nullptr ? 0 : api().find(start);
   if (start != nullptr && member == 0) return kNoSuchMember;
@@ -166,7 +169,8 @@ int OlvOtlQueryMembersByName(HOutline h, const char* start, const MemberQuery* q
 
 int OlvOtlQueryAttributes(HOutline h, const AttributeQuery* query, uint32_t* count,
                           HMember** members) {
-  const int status = api().call("OlvOtlQueryAttributes", {handle_name(h), describe(query)});
+  const int status =
+      api().call("OlvOtlQueryAttributes", {handle_name(h), describe(query)}, count, members);
   if (status != kStatusOk) return status;
   const std::vector<HMember>& attributes = api().member(query->member).attributes;
   *count = static_cast<uint32_t>(attributes.size());
@@ -184,7 +188,7 @@ int OlvOtlFreeMembers(HOutline h, uint32_t count, const HMember* members) {
 // ---- Records ----
 
 int OlvOtlGetMemberInfo(HOutline h, HMember member, MemberInfoRecord** info) {
-  const int status = api().call_on("OlvOtlGetMemberInfo", h, member);
+  const int status = api().call_on("OlvOtlGetMemberInfo", h, member, {}, info);
   if (status != kStatusOk) return status;
   const std::vector record = {api().member(member).info};
   *info = api().hand_out("member record", record, Release::kMemberRecord);
@@ -217,17 +221,18 @@ int OlvOtlFreeStructure(HOutline h, uint32_t count, uint32_t code, const void* b
 
 int OlvOtlAddDimension(HOutline h, const MemberInfoRecord* info, HMember previous, uint32_t zero,
                        HMember* added) {
-  const int status =
-      api().call("OlvOtlAddDimension",
-                 {handle_name(h), describe(*info), api().name_of(previous), std::to_string(zero)});
+  const int status = api().call(
+      "OlvOtlAddDimension",
+      {handle_name(h), describe(*info), api().name_of(previous), std::to_string(zero)}, added);
   return status != kStatusOk ? status : add_new(*info, 0, previous, added);
 }
 
 int OlvOtlAddMemberEx(HOutline h, const MemberInfoRecord* info, HMember parent, HMember sibling,
                       HMember* added, uint32_t option) {
-  const int status =
-      api().call("OlvOtlAddMemberEx", {handle_name(h), describe(*info), api().name_of(parent),
-                                       api().name_of(sibling), std::to_string(option)});
+  const int status = api().call("OlvOtlAddMemberEx",
+                                {handle_name(h), describe(*info), api().name_of(parent),
+                                 api().name_of(sibling), std::to_string(option)},
+                                added);
   return status != kStatusOk ? status : add_new(*info, parent, sibling, added);
 }
 

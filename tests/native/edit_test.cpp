@@ -223,17 +223,6 @@ TEST_F(EditTest, EmptyFormulasAndAliasesAreRemoved) {
                                        "OlvOtlDeleteMemberAlias(outline, Jan, \"Codes\")"));
 }
 
-TEST_F(EditTest, ATextThatJavaHasNoMemoryForRemovesNothing) {
-  has_memory = false;
-  EXPECT_EQ(on("Jan", NATIVE(updateMemberFormula), "1;"), kStatusRefused);
-  EXPECT_EQ(on("Jan", NATIVE(assignMemberComment), "x"), kStatusRefused);
-  EXPECT_EQ(on("Jan", NATIVE(assignMemberCategory), "x"), kStatusRefused);
-  on_outline(NATIVE(assignMemberAlias), java.handle("Jan"), "Codes", "x");
-  EXPECT_THAT(api_calls(), IsEmpty());
-  EXPECT_EQ(on_outline(NATIVE(updateSumMemberName), "x"), kStatusRefused);
-  EXPECT_THAT(api().called(), Not(Contains("OlvOtlSetAttributeSpecifications")));
-}
-
 // ---- Attribute associations ----
 
 TEST_F(EditTest, AssociationsNameBothSides) {

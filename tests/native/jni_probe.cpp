@@ -190,7 +190,10 @@ struct ProbeFunctions {
       journal().fault("GetStringUTFChars of a null reference");
       return nullptr;
     }
-    if (!probe(env)->has_memory) return nullptr;
+    if (!probe(env)->has_memory) {
+      ++probe(env)->texts_lost;
+      return nullptr;
+    }
     const char* chars = real(env)->GetStringUTFChars(string, is_copy);
     if (chars != nullptr) probe(env)->chars_[chars] = string;
     journal().add(Entry::kText, "chars(" + quoted(chars) + ')');

@@ -21,8 +21,10 @@ class JniProbe : public JNIEnv_ {
   // complained of as faults, and clears a pending exception.
   void finish();
 
-  // Whether the virtual machine has memory for the characters of strings.
+  // Whether the virtual machine has memory for the characters of strings, and how many it has
+  // refused for want of it.
   bool has_memory = true;
+  int texts_lost = 0;
 
   // Calls so far of the functions that look classes and methods up and make objects.
   int find_class_calls = 0;

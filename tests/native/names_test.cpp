@@ -156,13 +156,6 @@ TEST_F(NamesTest, LatestMembersAreAskedForByPattern) {
   EXPECT_EQ(java.elements(second), "[Jan]");
 }
 
-TEST_F(NamesTest, LatestMembersWithoutARecordAreRefused) {
-  api().withhold_block(2);  // behind the query's array
-  jobject list = java.list();
-  EXPECT_EQ(on_outline(NATIVE(listDTSLatestMembers), "Year", list), -1);
-  EXPECT_EQ(java.elements(list), "[]");
-}
-
 TEST_F(NamesTest, LatestMembersOfALongDimensionName) {
   const std::string name(1000, 'n');
   EXPECT_EQ(on_outline(NATIVE(listDTSLatestMembers), name, java.list()), 0);

@@ -1,10 +1,12 @@
 // The sweeps: every native method runs with each of its API calls failing, once and from there on,
-// with each block that the API hands out missing, and with each argument missing or wrong. Whatever
-// happens, everything goes back.
+// with blocks that the API hands out missing, without the characters of its strings, and with each
+// argument missing or wrong. Whatever happens, everything goes back.
 #include "tests/native/sweep.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
+#include <regex>
 #include <set>
 
 namespace {
@@ -19,8 +21,35 @@ std::string too_long() {
   return std::string(kMaxMemberName + 1, 'n');
 }
 
+// The calls that give back what they have left even when they fail. What any other failing call
+// leaves is nobody's.
+const std::map<std::string, std::set<std::string>>& given_back_after_failure() {
+  static const std::map<std::string, std::set<std::string>> kCalls = {
+      {"listOutlineMembers", {"OlvOtlQueryMembersByName", "OlvOtlGetMemberAlias"}},
+      {"listFindMembers", {"OlvOtlQueryMembers"}},
+      {"listDTSLatestMembers", {"OlvOtlQueryMembers"}},
+      {"getSettings", {"OlvOtlGetOutlineInfo"}},
+      {"getAttributeSpecs", {"OlvOtlGetAttributeSpecifications"}},
+      {"getAttributeSpecsEx", {"OlvOtlGetAttributeSpecifications"}},
+      {"getActualGenerations", {"OlvOtlGetGenNamesEx"}},
+      {"getActualLevels", {"OlvOtlGetLevelNamesEx"}},
+  };
+  return kCalls;
+}
+
+// What a run is to meet; nothing unless told.
+struct Weather {
+  int fail_at = 0;  // a call
+  bool onwards = false;
+  int withheld = 0;  // a block
+  bool withholds_all = false;
+  bool has_memory = true;
+  Substitution* substitution = nullptr;
+};
+
 struct Outcome {
   long result = 0;
+  int texts_lost = 0;
   std::string exception;
   std::vector<std::string> functions;  // API functions called
   int blocks = 0;                      // handed out by them
@@ -40,17 +69,23 @@ class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCas
     std::remove(too_long().c_str());  // as the name of a file to export to
   }
 
-  // Runs the entry on a fresh sample outline and checks what must hold whatever happens.
-  Outcome run(Substitution* substitution = nullptr, int fail_at = 0, bool onwards = false,
-              int withheld = 0) {
+  // Runs the entry on a fresh sample outline and checks what must hold whatever happens. Failing
+  // calls leave junk.
+  Outcome run(const Weather& weather = {}) {
     api().reset();
     journal().clear();
     env_->PushLocalFrame(512);
-    if (fail_at != 0) api().fail_call(fail_at, kInjected, onwards);
-    if (withheld != 0) api().withhold_block(withheld);
+    const auto given_back = given_back_after_failure().find(GetParam().name);
+    api().leave_junk(given_back == given_back_after_failure().end() ? std::set<std::string>()
+                                                                    : given_back->second);
+    if (weather.fail_at != 0) api().fail_call(weather.fail_at, kInjected, weather.onwards);
+    if (weather.withheld != 0) api().withhold_block(weather.withheld);
+    if (weather.withholds_all) api().withhold_all();
     Outcome outcome;
     JniProbe probe(env_);
-    outcome.result = GetParam().run(&probe, java, substitution);
+    probe.has_memory = weather.has_memory;
+    outcome.result = GetParam().run(&probe, java, weather.substitution);
+    outcome.texts_lost = probe.texts_lost;
     probe.finish();
     outcome.exception = probe.exception();
     outcome.functions = api().called();
@@ -70,6 +105,14 @@ class SweepTest : public NativeTest, public testing::WithParamInterface<SweepCas
   }
 };
 
+// Whether a call may change an outline or a stored object, or takes a lock.
+bool is_change(const std::string& function) {
+  static const std::regex kChange(
+      "Olv(Otl)?(Set|Add|Rename|Move|Delete|Clear|Copy|Create|Write|Lock|Restructure|Enable|"
+      "Associate|Disassociate|Open).*");
+  return std::regex_match(function, kChange);
+}
+
 // Giving back and unlocking never decide a method's answer.
 bool is_release(const std::string& function) {
   return function == "OlvFree" || function == "OlvOtlFreeStructure" ||
@@ -85,7 +128,7 @@ TEST_P(SweepTest, EachFailingCall) {
   for (size_t n = 1; n <= clean.functions.size(); ++n) {
     const std::string& function = clean.functions[n - 1];
     SCOPED_TRACE("call " + std::to_string(n) + " fails, " + function);
-    const Outcome outcome = run(nullptr, static_cast<int>(n));
+    const Outcome outcome = run({static_cast<int>(n)});
     EXPECT_EQ(outcome.exception, "");
     expect_nothing_kept(outcome, clean);
     std::vector<long> allowed = {is_release(function) ? kSwallowed : kPassedOn};
@@ -101,7 +144,7 @@ TEST_P(SweepTest, EachCallFailingFromThereOn) {
   const Outcome clean = run();
   for (size_t n = 1; n <= clean.functions.size(); ++n) {
     SCOPED_TRACE("calls fail from " + std::to_string(n) + " on, " + clean.functions[n - 1]);
-    const Outcome outcome = run(nullptr, static_cast<int>(n), true);
+    const Outcome outcome = run({static_cast<int>(n), true});
     EXPECT_EQ(outcome.exception, "");
     expect_nothing_kept(outcome, clean);
   }
@@ -111,9 +154,36 @@ TEST_P(SweepTest, EachBlockMissingInASuccess) {
   const Outcome clean = run();
   for (int n = 1; n <= clean.blocks; ++n) {
     SCOPED_TRACE("block " + std::to_string(n) + " is withheld");
-    const Outcome outcome = run(nullptr, 0, false, n);
+    Weather weather;
+    weather.withheld = n;
+    const Outcome outcome = run(weather);
     EXPECT_EQ(outcome.exception, "");
     expect_nothing_kept(outcome, clean);
+  }
+}
+
+TEST_P(SweepTest, SuccessesThatHandNothingOut) {
+  const Outcome clean = run();
+  Weather weather;
+  weather.withholds_all = true;
+  const Outcome outcome = run(weather);
+  EXPECT_EQ(outcome.exception, "");
+  EXPECT_EQ(outcome.result,
+            GetParam().without_results.value_or(clean.blocks == 0 ? clean.result : kStatusOk));
+  expect_nothing_kept(outcome, clean);
+}
+
+TEST_P(SweepTest, StringsWithoutCharacters) {
+  const Outcome clean = run();
+  Weather weather;
+  weather.has_memory = false;
+  const Outcome outcome = run(weather);
+  EXPECT_EQ(outcome.exception, "");
+  expect_nothing_kept(outcome, clean);
+  if (outcome.texts_lost == 0) return;
+  EXPECT_EQ(outcome.result, GetParam().without_texts);
+  for (const std::string& function : outcome.functions) {
+    EXPECT_FALSE(is_change(function)) << function;
   }
 }
 
@@ -125,7 +195,9 @@ TEST_P(SweepTest, EachArgumentMissingOrWrong) {
       SCOPED_TRACE("argument " + std::to_string(index) + ", substitution " +
                    std::to_string(static_cast<int>(kind)));
       Substitution substitution = {index, kind};
-      const Outcome outcome = run(&substitution);
+      Weather weather;
+      weather.substitution = &substitution;
+      const Outcome outcome = run(weather);
       if (!substitution.applied) continue;
       expect_nothing_kept(outcome, clean);
       // Only an object without the methods that it needs leaves an exception to Java.

@@ -5,6 +5,7 @@
 #include <functional>
 #include <initializer_list>
 #include <map>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <tuple>
@@ -34,6 +35,9 @@ struct SweepCase {
   std::function<long(JNIEnv* probe, JavaObjects& java, Substitution* substitution)> run;
   std::map<std::string, std::vector<long>> answers;  // by API function; passed on where not named
   long without_outline = 0;                          // the answer to a zero outline handle
+  // The answer to successes that hand nothing out; 0, or what a method without blocks answers.
+  std::optional<long> without_results;
+  long without_texts = kStatusRefused;  // to strings without characters
 
   // Failures of a function become one of these answers.
   SweepCase& on(const std::string& function, std::vector<long> allowed) {
@@ -51,6 +55,14 @@ struct SweepCase {
   }
   SweepCase& answers_without_outline(long answer) {
     without_outline = answer;
+    return *this;
+  }
+  SweepCase& answers_without_results(long answer) {
+    without_results = answer;
+    return *this;
+  }
+  SweepCase& answers_without_texts(long answer) {
+    without_texts = answer;
     return *this;
   }
 };

@@ -99,6 +99,12 @@ SweepCase on_member(const char* name, Native native, const char* member, Argumen
   return on_outline(name, native, handle(member), arguments...);
 }
 
+// A method that reads a record, changes it and writes it back: without one nothing is changed.
+template <typename Native, typename... Arguments>
+SweepCase updates(const char* name, Native native, Arguments... arguments) {
+  return on_outline(name, native, arguments...).answers_without_results(kStatusRefused);
+}
+
 template <typename Native>
 SweepCase block(const char* name, Native native) {
   return on_outline(name, native, requests, list)
@@ -127,7 +133,9 @@ std::vector<SweepCase> lifecycle_cases() {
           .may_swallow({"OlvGetObjectInfo"}),
       sweep_case(NAMED_NATIVE(restructure), context, 2, "App", "Db"),
       sweep_case(NAMED_NATIVE(getCellCount), context, "Sales", object("api/IntHolder")),
-      sweep_case(NAMED_NATIVE(getDataLoaded), instance, context, "App", "Db"),
+      // -1 means that data is loaded; the API sees an empty name.
+      sweep_case(NAMED_NATIVE(getDataLoaded), instance, context, "App", "Db")
+          .answers_without_texts(-1),
       sweep_case(NAMED_NATIVE(getLockedState), instance, context, "App", "Db"),
       on_outline(NAMED_NATIVE(generateCurrencyDB), context, "App", "Db2")
           .swallows({"OlvGetProcessState", "OlvOtlCloseOutline"}),
@@ -196,21 +204,21 @@ std::vector<SweepCase> settings_cases() {
       sweep_case(NAMED_NATIVE(getAttributeSpecs), outline,
                  object("defs/outline/AttributeSpecification")),
       on_outline(NAMED_NATIVE(getAttributeSpecsEx), object("defs/outline/AttributeSettings")),
-      on_outline(NAMED_NATIVE(updateAutoConfigure), true),
-      on_outline(NAMED_NATIVE(updateCaseSensitivity), true),
-      on_outline(NAMED_NATIVE(updateLongnameConstructor), code("LongNameConstructor")),
-      on_outline(NAMED_NATIVE(updateLongnameSource), code("LongNameSource")),
-      on_outline(NAMED_NATIVE(updateLongnameDelimiter), code("LongNameDelimiter")),
-      on_outline(NAMED_NATIVE(updateDateFormat), code("AttributeDateFormat")),
-      on_outline(NAMED_NATIVE(updateBucketingType), code("BucketingType")),
-      on_outline(NAMED_NATIVE(updateBooleanNameTrue), "New"),
-      on_outline(NAMED_NATIVE(updateBooleanNameFalse), "New"),
-      on_outline(NAMED_NATIVE(updateCalcDimName), "New"),
-      on_outline(NAMED_NATIVE(updateSumMemberName), "New"),
-      on_outline(NAMED_NATIVE(updateCountMemberName), "New"),
-      on_outline(NAMED_NATIVE(updateAverageMemberName), "New"),
-      on_outline(NAMED_NATIVE(updateMinimumMemberName), "New"),
-      on_outline(NAMED_NATIVE(updateMaximumMemberName), "New"),
+      updates(NAMED_NATIVE(updateAutoConfigure), true),
+      updates(NAMED_NATIVE(updateCaseSensitivity), true),
+      updates(NAMED_NATIVE(updateLongnameConstructor), code("LongNameConstructor")),
+      updates(NAMED_NATIVE(updateLongnameSource), code("LongNameSource")),
+      updates(NAMED_NATIVE(updateLongnameDelimiter), code("LongNameDelimiter")),
+      updates(NAMED_NATIVE(updateDateFormat), code("AttributeDateFormat")),
+      updates(NAMED_NATIVE(updateBucketingType), code("BucketingType")),
+      updates(NAMED_NATIVE(updateBooleanNameTrue), "New"),
+      updates(NAMED_NATIVE(updateBooleanNameFalse), "New"),
+      updates(NAMED_NATIVE(updateCalcDimName), "New"),
+      updates(NAMED_NATIVE(updateSumMemberName), "New"),
+      updates(NAMED_NATIVE(updateCountMemberName), "New"),
+      updates(NAMED_NATIVE(updateAverageMemberName), "New"),
+      updates(NAMED_NATIVE(updateMinimumMemberName), "New"),
+      updates(NAMED_NATIVE(updateMaximumMemberName), "New"),
       on_outline(NAMED_NATIVE(createAliasTable), "New"),
       on_outline(NAMED_NATIVE(deleteAliasTable), "New"),
       on_outline(NAMED_NATIVE(clearAliasTable), "New"),
@@ -240,15 +248,15 @@ std::vector<SweepCase> shape_cases() {
 
 std::vector<SweepCase> property_cases() {
   return {
-      on_member(NAMED_NATIVE(assignMemberConsolidation), "Jan", code("Consolidation")),
-      on_member(NAMED_NATIVE(assignMemberShare), "Jan", code("Share")),
-      on_member(NAMED_NATIVE(assignMemberTimeBalance), "Jan", code("TimeBalance")),
-      on_member(NAMED_NATIVE(assignMemberTimeBalanceSkip), "Jan", code("TimeBalanceSkip")),
-      on_member(NAMED_NATIVE(assignMemberConversion), "Jan", code("CurrencyConversion")),
-      on_member(NAMED_NATIVE(assignMemberTwoPass), "Jan", true),
-      on_member(NAMED_NATIVE(assignMemberVariance), "Jan", true),
-      on_member(NAMED_NATIVE(assignMemberCategory), "Jan", "EUR"),
-      on_member(NAMED_NATIVE(assignMemberComment), "Jan", "A comment"),
+      updates(NAMED_NATIVE(assignMemberConsolidation), handle("Jan"), code("Consolidation")),
+      updates(NAMED_NATIVE(assignMemberShare), handle("Jan"), code("Share")),
+      updates(NAMED_NATIVE(assignMemberTimeBalance), handle("Jan"), code("TimeBalance")),
+      updates(NAMED_NATIVE(assignMemberTimeBalanceSkip), handle("Jan"), code("TimeBalanceSkip")),
+      updates(NAMED_NATIVE(assignMemberConversion), handle("Jan"), code("CurrencyConversion")),
+      updates(NAMED_NATIVE(assignMemberTwoPass), handle("Jan"), true),
+      updates(NAMED_NATIVE(assignMemberVariance), handle("Jan"), true),
+      updates(NAMED_NATIVE(assignMemberCategory), handle("Jan"), "EUR"),
+      updates(NAMED_NATIVE(assignMemberComment), handle("Jan"), "A comment"),
       on_member(NAMED_NATIVE(updateMemberFormula), "Jan", "Feb*2;"),
       on_member(NAMED_NATIVE(setMemberUDA), "Jan", "Warm"),
       on_member(NAMED_NATIVE(deleteMemberUDA), "Cola", "Cold"),
@@ -259,16 +267,19 @@ std::vector<SweepCase> property_cases() {
 std::vector<SweepCase> attribute_cases() {
   return {
       on_member(NAMED_NATIVE(assignAttributeDimension), "Measures", handle("Pack")),
-      on_member(NAMED_NATIVE(unassignAttributeDimension), "Product", "Pack"),
+      // A handle of 0 is handed on, and the API refuses it.
+      on_member(NAMED_NATIVE(unassignAttributeDimension), "Product", "Pack")
+          .answers_without_results(kNoSuchMember),
       on_member(NAMED_NATIVE(assignAttributeMember), "Tea", "Bottle")
           .answers_without_outline(kStatusRefused),
       on_member(NAMED_NATIVE(unassignAttributeMember), "Cola", "Can"),
-      on_member(NAMED_NATIVE(assignDimensionHybridAnalysis), "Year", true),
-      on_member(NAMED_NATIVE(assignDimensionStorageType), "Product", code("DimensionStorageType"))
+      updates(NAMED_NATIVE(assignDimensionHybridAnalysis), handle("Year"), true),
+      updates(NAMED_NATIVE(assignDimensionStorageType), handle("Product"),
+              code("DimensionStorageType"))
           .swallows({"OlvOtlGetAssociatedAttributes", "OlvOtlDisassociateAttributeDimension"}),
       // Where the dimension goes is found as well as it can be.
-      on_member(NAMED_NATIVE(assignMemberDimensionCategory), "Measures",
-                code("DimensionCategory", kCategoryAttribute), code("AttributeType"))
+      updates(NAMED_NATIVE(assignMemberDimensionCategory), handle("Measures"),
+              code("DimensionCategory", kCategoryAttribute), code("AttributeType"))
           .may_swallow({"OlvOtlGetMemberInfo"})
           .swallows({"OlvOtlGetNextSibling", "OlvOtlGetPrevSibling"}),
   };
@@ -278,7 +289,8 @@ std::vector<SweepCase> copy_cases() {
   const std::vector<long> failed = {kStatusCopyFailed};
   const std::vector<long> failed_or_swallowed = {kStatusCopyFailed, kSwallowed};
   const auto with_answers = [=](SweepCase entry) {
-    return entry
+    return entry.answers_without_results(kStatusCopyFailed)
+        .answers_without_texts(kStatusCopyFailed)
         .swallows({"OlvOtlGetUserAttributes", "OlvOtlSetUserAttribute", "OlvOtlGetMemberCommentEx",
                    "OlvOtlSetMemberCommentEx", "OlvOtlGetMemberFormula", "OlvOtlSetMemberFormula",
                    "OlvOtlGetAssociatedAttributes", "OlvOtlAssociateAttributeMember",
@@ -340,8 +352,12 @@ std::vector<SweepCase> search_cases() {
       sweep_case(NAMED_NATIVE(listFindMembers), outline, "Year", "*", true, "Long Names", list)
           // The parent's failures end the walk unless the member's own alias can be read.
           .may_swallow({"OlvOtlGetMemberInfo", "OlvOtlGetMemberAlias"}),
-      sweep_case(NAMED_NATIVE(findMember), outline, "Jan").on("OlvOtlFindMember", {JNI_FALSE}),
+      sweep_case(NAMED_NATIVE(findMember), outline, "Jan")
+          .on("OlvOtlFindMember", {JNI_FALSE})
+          .answers_without_results(JNI_FALSE)
+          .answers_without_texts(JNI_FALSE),
       on_outline(NAMED_NATIVE(findRequest), wide_request, list)
+          .answers_without_texts(kStatusOk)
           .swallows({"OlvOtlGetOutlineInfo", "OlvOtlGetFirstMember", "OlvOtlGetChild",
                      "OlvOtlGetParent", "OlvOtlGetNextSibling", "OlvOtlGetMemberInfo",
                      "OlvOtlGetMemberAlias", "OlvOtlGetUserAttributes", "OlvOtlGetMemberFormula"}),

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "aliasfile/aliasfile.h"
+#include "aliasfile/lines.h"
 #include "bridge/bridge.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "aliasfile/aliasfile.h"
+#include "aliasfile/lines.h"
 #include "bridge/bridge.h"
 #include "tests/long_run.h"
 

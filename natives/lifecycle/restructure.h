@@ -1,24 +1,10 @@
-// What the lifecycle methods share: naming a stored object, and waiting for the process that a
-// restructure starts.
+// Restructuring a database: after a write, and waiting for its end.
 #pragma once
 
 #include "api/olv.h"
 #include "api/olvotl.h"
 
 namespace kepotl {
-
-// The definition of an outline object in `context`; a database's own outline bears the database's
-// name. The texts stay the caller's.
-inline ObjectDefinitionRecord outline_object(HCTX context, const char* application,
-                                             const char* database, const char* object) {
-  ObjectDefinitionRecord record = {};
-  record.context = context;
-  record.objectType = kObjectTypeOutline;
-  record.applicationName = application;
-  record.databaseName = database;
-  record.objectName = object;
-  return record;
-}
 
 // Polls the context's process, back to back, until it is over or a poll fails; the status of the
 // last poll.
