@@ -45,18 +45,21 @@ GivenHandle add_member(HOutline outline, const MemberInfoRecord& info, Place pla
   return {status, status == kStatusOk ? added : 0};
 }
 
-GivenHandle add_with_defaults(HOutline outline, Place place, const char* name) {
-  // Also for a dimension, whose defaults come from the one before it.
-  const HMember dimension = locateDimension(outline, place.parent, place.sibling);
+GivenHandle add_in_dimension(HOutline outline, Place place, HMember dimension, const char* name) {
   MemberInfoRecord info;
-  if (place.parent == 0) {
-    populateDimensionInfo(outline, place.sibling, &info, name);
-    return ask_handle(OlvOtlAddDimension, outline, &info, place.sibling, uint32_t{0});
-  }
   populateMemberInfo(outline, dimension, &info, name);
   const GivenHandle added = add_member(outline, info, place);
   if (added.status != kStatusDuplicateName) return added;
   return add_duplicate(outline, &info, place, name);
+}
+
+GivenHandle add_with_defaults(HOutline outline, Place place, const char* name) {
+  // Also for a dimension, whose defaults come from the one before it.
+  const HMember dimension = locateDimension(outline, place.parent, place.sibling);
+  if (place.parent != 0) return add_in_dimension(outline, place, dimension, name);
+  MemberInfoRecord info;
+  populateDimensionInfo(outline, place.sibling, &info, name);
+  return ask_handle(OlvOtlAddDimension, outline, &info, place.sibling, uint32_t{0});
 }
 
 }  // namespace kepotl

@@ -1,4 +1,4 @@
-# Compares what libkepotl.so exports with the list of names, and what it needs with the few
+# Compares what a library exports with the list of names, and what it needs with the few
 # libraries that it may need.
 #   cmake -DNM=... -DREADELF=... -DLIBRARY=... -DNAMES=... -DAPI_LIBRARIES=a,b -P check_exports.cmake
 

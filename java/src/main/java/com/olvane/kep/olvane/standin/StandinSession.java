@@ -4,6 +4,7 @@ import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import java.nio.file.Path;
+import java.nio.file.Paths;
 
 /**
  * A login to the embedded outline engine, which keeps its databases in a folder. It supplies the
@@ -53,6 +54,19 @@ public final class StandinSession implements AutoCloseable {
       check("log in as " + user, status);
     }
     return new StandinSession(new InstanceHandle(instance[0]), new ContextHandle(context[0]));
+  }
+
+  /**
+   * Opens a store and logs in. The folder is created when it does not exist.
+   *
+   * @param store the folder of the store
+   * @param user the name to log in with; locks are held in this name
+   * @return the session, to be closed by the caller
+   * @throws StatusException if the folder is not a store, cannot be used or the login is refused
+   * @throws IllegalStateException if the library in use talks to a database server instead
+   */
+  public static StandinSession open(String store, String user) {
+    return open(Paths.get(store), user);
   }
 
   /** {@return the API instance} */

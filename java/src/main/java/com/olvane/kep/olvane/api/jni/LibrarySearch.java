@@ -20,6 +20,7 @@ final class LibrarySearch {
   private final String fileName = System.mapLibraryName("kepotl");
   private final String platform;
   private final List<String> tried = new ArrayList<>();
+  private PackedLibrary packed;
 
   /**
    * Prepares a search.
@@ -84,6 +85,29 @@ final class LibrarySearch {
     return loaded;
   }
 
+  /**
+   * Loads another library from the folder of the one that was loaded.
+   *
+   * @param found the file that {@link #load} gave
+   * @param name the name of the other library, without prefix and ending
+   * @throws UnsatisfiedLinkError if it cannot be loaded
+   */
+  void loadBeside(Path found, String name) {
+    Path file = found.resolveSibling(System.mapLibraryName(name));
+    tried.clear();
+    try {
+      loader.accept(file);
+    } catch (UnsatisfiedLinkError e) {
+      if (packed == null || !isLoadedElsewhere(e) || !loadCopy("beside " + found, file)) {
+        tried.add("beside " + found + ": "
+            + (Files.exists(file) ? explain(file, e) : file + ": no such file"));
+        throw new UnsatisfiedLinkError(file.getFileName() + " could not be loaded:\n  - "
+            + String.join("\n  - ", tried)
+            + "\nTo cure this, put the one of the same build beside " + found);
+      }
+    }
+  }
+
   private Path tryLibraryPath() {
     String path = properties.apply("java.library.path");
     if (path == null || path.isEmpty()) {
@@ -115,7 +139,6 @@ final class LibrarySearch {
     if (folder == null || folder.isEmpty()) {
       folder = properties.apply("java.io.tmpdir");
     }
-    PackedLibrary packed;
     Path file;
     try {
       packed = PackedLibrary.find(platform, resources);
@@ -139,12 +162,17 @@ final class LibrarySearch {
         return null;
       }
     }
-    // The virtual machine gives one file to one class loader only; another one needs a copy.
+    return loadCopy(place, file) ? file : null;
+  }
+
+  /** The virtual machine gives one file to one class loader only; another one needs a copy. */
+  private boolean loadCopy(String place, Path file) {
     try {
-      return packed.loadCopy(file, loader);
+      packed.loadCopy(file, loader);
+      return true;
     } catch (IOException | UnsatisfiedLinkError e) {
       tried.add(place + ": a second copy of " + file + ": " + describe(e));
-      return null;
+      return false;
     }
   }
 

@@ -23,7 +23,9 @@ public final class NativeLibrary {
   /** The system property that names the folder to extract packed libraries below. */
   public static final String DIRECTORY_PROPERTY = "kepotl.tmpdir";
 
+  private static LibrarySearch search;
   private static Path location;
+  private static boolean bulkLoaded;
 
   private NativeLibrary() {}
 
@@ -35,12 +37,27 @@ public final class NativeLibrary {
    */
   public static synchronized void load() {
     if (location == null) {
-      location =
+      search =
           new LibrarySearch(
-                  System::getProperty,
-                  NativeLibrary.class::getResourceAsStream,
-                  file -> System.load(file.toString()))
-              .load();
+              System::getProperty,
+              NativeLibrary.class::getResourceAsStream,
+              file -> System.load(file.toString()));
+      location = search.load();
+    }
+  }
+
+  /**
+   * Loads {@code libkepotl-bulk.so}, the library of {@link OutlineBulk}, from the folder where
+   * {@code libkepotl.so} was found, unless this class loader has done so already.
+   *
+   * @throws UnsatisfiedLinkError if either cannot be loaded; the message names everything that was
+   *     tried, why it failed and what to do about it
+   */
+  static synchronized void loadBulk() {
+    load();
+    if (!bulkLoaded) {
+      search.loadBeside(location, "kepotl-bulk");
+      bulkLoaded = true;
     }
   }
 

@@ -98,11 +98,10 @@ final class PackedLibrary {
    *
    * @param file an extracted file
    * @param loader loads a library file or throws {@link UnsatisfiedLinkError}
-   * @return {@code file}
    * @throws IOException if the copy cannot be made
    * @throws UnsatisfiedLinkError if it cannot be loaded either
    */
-  Path loadCopy(Path file, Consumer<Path> loader) throws IOException {
+  void loadCopy(Path file, Consumer<Path> loader) throws IOException {
     try (FileChannel channel = openLockFile(file.getParent())) {
       lock(channel);
       // The virtual machine remembers the names of loaded files: each class loader takes the next.
@@ -111,7 +110,7 @@ final class PackedLibrary {
         try {
           Files.copy(file, copy);
           loader.accept(copy);
-          return file;
+          return;
         } catch (UnsatisfiedLinkError e) {
           if (number == MOST_COPIES || !LibrarySearch.isLoadedElsewhere(e)) {
             throw e;

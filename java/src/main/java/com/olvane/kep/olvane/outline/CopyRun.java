@@ -1,0 +1,102 @@
+package com.olvane.kep.olvane.outline;
+
+import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.api.outline.CopyRequest;
+import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import java.util.ArrayList;
+import java.util.List;
+
+/**
+ * A copy of a member with everything below it, made batch by batch. The outline is free between
+ * them. It is either gone on with until it is finished or cancelled, which leaves nothing of it.
+ */
+public final class CopyRun {
+  private final Access access;
+  private final String source;
+  private final CopyRequest request = new CopyRequest();
+  private final int copy;
+  private boolean cancelled;
+
+  CopyRun(Access access, Member source, Place.Resolved place) {
+    this.access = access;
+    this.source = source.name();
+    if (place.parent == 0 && place.sibling == 0) {
+      throw new IllegalArgumentException(
+          "A copy cannot become the first dimension; copy it behind one and move it");
+    }
+    boolean behind = place.sibling != 0;
+    List<DefaultMember> made = new ArrayList<>();
+    access.edit("copy the member", source.name(), "", () -> OutlineJni.copyMember(
+        access.instance, access.handle, null, behind ? place.sibling : place.parent, null,
+        source.handle(), behind, request, made));
+    if (made.isEmpty()) {
+      throw new OutlineException("copy the member", Status.REFUSED, source.name(), "");
+    }
+    copy = made.get(0).getHandle();
+  }
+
+  /** {@return whether everything has been copied} */
+  public boolean isFinished() {
+    return request.isFinished();
+  }
+
+  /** {@return the number of members copied so far} */
+  public int copied() {
+    return request.getCount();
+  }
+
+  /**
+   * Copies some more members.
+   *
+   * @return whether there is more to copy
+   * @throws OutlineException if a member cannot be copied; {@link #cancel} removes those that were
+   */
+  public boolean next() {
+    requireNotCancelled();
+    if (!request.isFinished()) {
+      access.edit("copy the members below", source, "",
+          () -> OutlineJni.copyContinue(access.instance, access.handle, request));
+    }
+    return !request.isFinished();
+  }
+
+  /**
+   * Copies all that is left.
+   *
+   * @return the copy of the member
+   * @throws OutlineException if a member cannot be copied; nothing is left of the copy then
+   */
+  public Member finish() {
+    requireNotCancelled();
+    try {
+      while (next()) {
+        // Each turn copies a few members.
+      }
+    } catch (OutlineException e) {
+      cancel();
+      throw e;
+    }
+    return result();
+  }
+
+  /** {@return the copy of the member, as it is now} */
+  public Member result() {
+    requireNotCancelled();
+    return Reading.members(access, source, new int[] {copy}, Details.NONE).all().get(0);
+  }
+
+  /** Removes what was copied. Cancelling again does nothing. */
+  public void cancel() {
+    if (!cancelled) {
+      access.edit("remove the copy", source, "",
+          () -> OutlineJni.deleteMember(access.instance, access.handle, copy));
+      cancelled = true;
+    }
+  }
+
+  private void requireNotCancelled() {
+    if (cancelled) {
+      throw new IllegalStateException("The copy of " + source + " was cancelled");
+    }
+  }
+}

@@ -1,0 +1,52 @@
+package com.olvane.kep.olvane.outline;
+
+/** What a dimension stands for. */
+public enum DimensionCategory implements Code {
+  /** No category. */
+  NONE(0, "no category"),
+  /** Accounts. */
+  ACCOUNTS(1, "accounts"),
+  /** Time. */
+  TIME(2, "time"),
+  /** Country. */
+  COUNTRY(3, "country"),
+  /** Attribute. */
+  ATTRIBUTE(6, "attribute"),
+  /** A code that has no name here; the member tells it. */
+  OTHER(-1, "another code");
+
+  private static final DimensionCategory[] ALL = values();
+
+  private final short code;
+  private final String words;
+
+  DimensionCategory(int code, String words) {
+    this.code = (short) code;
+    this.words = words;
+  }
+
+  @Override
+  public short code() {
+    return code;
+  }
+
+  @Override
+  public String words() {
+    return words;
+  }
+
+  /**
+   * Finds the constant of a code.
+   *
+   * @param code the code
+   * @return the constant, {@link #OTHER} where none has this code
+   */
+  public static DimensionCategory of(short code) {
+    for (DimensionCategory constant : ALL) {
+      if (constant.code == code) {
+        return constant;
+      }
+    }
+    return OTHER;
+  }
+}

@@ -1,0 +1,335 @@
+package com.olvane.kep.olvane.outline;
+
+import com.olvane.kep.olvane.api.jni.OutlineBulk;
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
+
+/**
+ * A member of an outline as it was when it was read: an immutable value that holds on to nothing.
+ * It stays readable after the outline was edited or closed; read it anew with {@link
+ * Outline#read} to see what became of it. Two members are equal when they have one handle, which
+ * only makes sense within one outline.
+ *
+ * <p>What was not asked for in the {@link Details} is an {@link IllegalStateException} to ask for.
+ */
+public final class Member {
+  private final int handle;
+  private final int dimensionHandle;
+  private final int childCount;
+  private final short level;
+  private final short generation;
+  private final short consolidation;
+  private final short conversion;
+  private final short timeBalance;
+  private final short timeBalanceSkip;
+  private final short share;
+  private final short storageType;
+  private final short category;
+  private final short attributeType;
+  private final byte flags;
+  private final String name;
+  private final String dimension;
+  private final String currencyMember;
+  private final String comment;
+  private final Read read;
+
+  /** What was asked for besides; null in a member for which nothing was. */
+  private static final class Read {
+    Details details;
+    int parent;
+    int previous;
+    String extendedComment;
+    String formula;
+    String[] aliases;
+    List<String> udas;
+    List<Attribute> attributes;
+  }
+
+  /** Takes the record that a reader stands at. */
+  Member(RecordReader in, Details details) {
+    handle = in.handle();
+    dimensionHandle = in.dimensionHandle();
+    childCount = in.childCount();
+    level = in.code(OutlineBulk.CODE_LEVEL);
+    generation = in.code(OutlineBulk.CODE_GENERATION);
+    consolidation = in.code(OutlineBulk.CODE_CONSOLIDATION);
+    conversion = in.code(OutlineBulk.CODE_CONVERSION);
+    timeBalance = in.code(OutlineBulk.CODE_TIME_BALANCE);
+    timeBalanceSkip = in.code(OutlineBulk.CODE_TIME_BALANCE_SKIP);
+    share = in.code(OutlineBulk.CODE_SHARE);
+    storageType = in.code(OutlineBulk.CODE_STORAGE_TYPE);
+    category = in.code(OutlineBulk.CODE_CATEGORY);
+    attributeType = in.code(OutlineBulk.CODE_ATTRIBUTE_TYPE);
+    flags = (byte) in.flags();
+    name = in.text();
+    dimension = in.dimensionName();
+    currencyMember = in.text();
+    comment = in.text();
+    read = details.bits() == 0 ? null : readDetails(in, details);
+  }
+
+  private static Read readDetails(RecordReader in, Details details) {
+    Read read = new Read();
+    read.details = details;
+    read.parent = in.parent();
+    read.previous = in.previous();
+    if (details.has(OutlineBulk.DETAIL_EXTENDED_COMMENT)) {
+      read.extendedComment = in.text();
+    }
+    if (details.has(OutlineBulk.DETAIL_FORMULA)) {
+      read.formula = in.text();
+    }
+    if (details.has(OutlineBulk.DETAIL_ALIASES)) {
+      read.aliases = new String[details.aliasTables().size()];
+      for (int i = 0; i < read.aliases.length; i++) {
+        read.aliases[i] = in.text();
+      }
+    }
+    if (details.has(OutlineBulk.DETAIL_UDAS)) {
+      int count = in.number();
+      List<String> udas = new ArrayList<>(count);
+      for (int i = 0; i < count; i++) {
+        udas.add(in.text());
+      }
+      read.udas = Collections.unmodifiableList(udas);
+    }
+    if (details.has(OutlineBulk.DETAIL_ATTRIBUTES)) {
+      int count = in.number();
+      List<Attribute> attributes = new ArrayList<>(count);
+      for (int i = 0; i < count; i++) {
+        attributes.add(new Attribute(in.number(), in.text(), in.text()));
+      }
+      read.attributes = Collections.unmodifiableList(attributes);
+    }
+    return read;
+  }
+
+  private Read having(int detail, String what) {
+    if (read == null || !read.details.has(detail)) {
+      throw new IllegalStateException(
+          "The " + what + " of " + name + " was not read; ask for it with Details");
+    }
+    return read;
+  }
+
+  private boolean flag(int flag) {
+    return (flags & flag) != 0;
+  }
+
+  /** {@return the handle, valid until the member is deleted or the outline closed} */
+  public int handle() {
+    return handle;
+  }
+
+  /** {@return the name} */
+  public String name() {
+    return name;
+  }
+
+  /** {@return the name of the dimension} */
+  public String dimension() {
+    return dimension;
+  }
+
+  /** {@return the handle of the dimension} */
+  public int dimensionHandle() {
+    return dimensionHandle;
+  }
+
+  /** {@return the number of children} */
+  public long childCount() {
+    return Integer.toUnsignedLong(childCount);
+  }
+
+  /** {@return whether it has children} */
+  public boolean hasChildren() {
+    return childCount != 0;
+  }
+
+  /** {@return the distance to its furthest leaf, 0 for a leaf} */
+  public int level() {
+    return level;
+  }
+
+  /** {@return the distance to the root, 1 for a dimension} */
+  public int generation() {
+    return generation;
+  }
+
+  /** {@return whether it is a dimension} */
+  public boolean isDimension() {
+    return generation == 1;
+  }
+
+  /** {@return how it is consolidated} */
+  public Consolidation consolidation() {
+    return Consolidation.of(consolidation);
+  }
+
+  /** {@return the number of {@link #consolidation}} */
+  public short consolidationCode() {
+    return consolidation;
+  }
+
+  /** {@return how its data is stored} */
+  public Share share() {
+    return Share.of(share);
+  }
+
+  /** {@return the number of {@link #share}} */
+  public short shareCode() {
+    return share;
+  }
+
+  /** {@return its time balance} */
+  public TimeBalance timeBalance() {
+    return TimeBalance.of(timeBalance);
+  }
+
+  /** {@return the number of {@link #timeBalance}} */
+  public short timeBalanceCode() {
+    return timeBalance;
+  }
+
+  /** {@return what its time balance passes over} */
+  public TimeBalanceSkip timeBalanceSkip() {
+    return TimeBalanceSkip.of(timeBalanceSkip);
+  }
+
+  /** {@return the number of {@link #timeBalanceSkip}} */
+  public short timeBalanceSkipCode() {
+    return timeBalanceSkip;
+  }
+
+  /** {@return its currency conversion} */
+  public CurrencyConversion conversion() {
+    return CurrencyConversion.of(conversion);
+  }
+
+  /** {@return the number of {@link #conversion}} */
+  public short conversionCode() {
+    return conversion;
+  }
+
+  /** {@return the category of its dimension} */
+  public DimensionCategory category() {
+    return DimensionCategory.of(category);
+  }
+
+  /** {@return the number of {@link #category}} */
+  public short categoryCode() {
+    return category;
+  }
+
+  /** {@return the storage type of a dimension, 1 for a regular one; 0 for other members} */
+  public short storageTypeCode() {
+    return storageType;
+  }
+
+  /** {@return the type of an attribute dimension or member, 0 for others} */
+  public short attributeTypeCode() {
+    return attributeType;
+  }
+
+  /** {@return whether it is calculated in two passes} */
+  public boolean isTwoPass() {
+    return flag(OutlineBulk.FLAG_TWO_PASS);
+  }
+
+  /** {@return whether variance is reported as for an expense} */
+  public boolean isExpense() {
+    return flag(OutlineBulk.FLAG_EXPENSE);
+  }
+
+  /** {@return whether it has attribute members, or as a dimension attribute dimensions} */
+  public boolean isAttributed() {
+    return flag(OutlineBulk.FLAG_ATTRIBUTED);
+  }
+
+  /** {@return whether a dimension has hybrid members, or a leaf is one} */
+  public boolean hasHybridDescendants() {
+    return flag(OutlineBulk.FLAG_HYBRID_DESCENDANTS);
+  }
+
+  /** {@return whether hybrid analysis is enabled for the dimension} */
+  public boolean isHybridAnalysisEnabled() {
+    return flag(OutlineBulk.FLAG_HYBRID_ENABLED);
+  }
+
+  /** {@return the currency member} */
+  public String currencyMember() {
+    return currencyMember;
+  }
+
+  /** {@return the comment} */
+  public String comment() {
+    return comment;
+  }
+
+  /** {@return the handle of the parent, 0 for a dimension} */
+  public int parentHandle() {
+    return having(OutlineBulk.DETAIL_PLACE, "place").parent;
+  }
+
+  /** {@return the handle of the previous sibling, 0 for a first one} */
+  public int previousHandle() {
+    return having(OutlineBulk.DETAIL_PLACE, "place").previous;
+  }
+
+  /** {@return the extended comment} */
+  public String extendedComment() {
+    return having(OutlineBulk.DETAIL_EXTENDED_COMMENT, "extended comment").extendedComment;
+  }
+
+  /** {@return the formula} */
+  public String formula() {
+    return having(OutlineBulk.DETAIL_FORMULA, "formula").formula;
+  }
+
+  /**
+   * Returns an alias.
+   *
+   * @param table the name of the alias table
+   * @return the alias, empty where there is none
+   */
+  public String alias(String table) {
+    Read having = having(OutlineBulk.DETAIL_ALIASES, "alias");
+    int index = having.details.aliasTables().indexOf(table);
+    if (index < 0) {
+      throw new IllegalStateException(
+          "The aliases in " + table + " were not read; ask for them with Details");
+    }
+    return having.aliases[index];
+  }
+
+  /** {@return the user-defined attributes, an unmodifiable list} */
+  public List<String> udas() {
+    return having(OutlineBulk.DETAIL_UDAS, "list of user-defined attributes").udas;
+  }
+
+  /** {@return the associated attribute members, an unmodifiable list} */
+  public List<Attribute> attributes() {
+    return having(OutlineBulk.DETAIL_ATTRIBUTES, "list of attribute members").attributes;
+  }
+
+  /** {@return what was asked for when it was read} */
+  public Details details() {
+    return read == null ? Details.NONE : read.details;
+  }
+
+  @Override
+  public boolean equals(Object other) {
+    return other instanceof Member && ((Member) other).handle == handle;
+  }
+
+  @Override
+  public int hashCode() {
+    return handle;
+  }
+
+  @Override
+  public String toString() {
+    return name;
+  }
+}

@@ -1,0 +1,259 @@
+package com.olvane.kep.olvane.outline;
+
+import com.olvane.kep.olvane.api.ContextHandle;
+import com.olvane.kep.olvane.api.InstanceHandle;
+import com.olvane.kep.olvane.api.jni.OutlineBulk;
+import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.defs.outline.VerifyFinding;
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
+
+/**
+ * An open outline. It carries out one call at a time, whichever thread it comes from; {@link
+ * #close} waits for the one that runs. Close it, best with try-with-resources: an outline that is
+ * open for editing is locked, and what was not saved is gone with it.
+ */
+public final class Outline extends BrowsedOutline implements AutoCloseable {
+  private final Store store;
+
+  /** Takes over an outline that was opened; {@code store} may be null. */
+  Outline(Access access, Store store) {
+    super(access);
+    this.store = store;
+  }
+
+  /**
+   * Opens the outline of a database for editing, with handles of the vendor's login. It stays
+   * locked until it is closed.
+   *
+   * @param instance the API instance
+   * @param context the login context
+   * @param application the name of the application
+   * @param database the name of the database
+   * @return the outline
+   * @throws OutlineException if it cannot be opened, for one when somebody else edits it
+   */
+  public static Outline open(
+      InstanceHandle instance, ContextHandle context, String application, String database) {
+    Login login = new Login(instance, context, null);
+    return new Outline(Access.edit(login, context, application, database, database), null);
+  }
+
+  /**
+   * Opens the outline of the active database for browsing, with handles of the vendor's login.
+   *
+   * @param instance the API instance
+   * @param context the login context, of which the database is the active one
+   * @param application the name of the application, for messages
+   * @param database the name of the database, for messages
+   * @return the outline, which cannot be changed
+   * @throws OutlineException if it cannot be opened
+   */
+  public static Outline browse(
+      InstanceHandle instance, ContextHandle context, String application, String database) {
+    return new Outline(
+        Access.browse(new Login(instance, context, null), application, database), null);
+  }
+
+  /** {@return the name of the application} */
+  public String application() {
+    return access.application;
+  }
+
+  /** {@return the name of the database} */
+  public String database() {
+    return access.database;
+  }
+
+  /** {@return whether it is open for editing} */
+  public boolean isEditable() {
+    return access.editing;
+  }
+
+  /** {@return whether it is open} */
+  public boolean isOpen() {
+    return access.handle.isSet();
+  }
+
+  /** {@return whether it was edited since it was opened or saved} */
+  public boolean hasUnsavedEdits() {
+    return access.hasUnsavedEdits();
+  }
+
+  // ---- Editing members ----
+
+  /**
+   * Makes one member.
+   *
+   * @param place where
+   * @param member the member, with members below it if so planned
+   * @return the member made
+   * @throws OutlineException if it or a member below it is refused
+   */
+  public Member create(Place place, NewMember member) {
+    int[] made = build(place, Collections.singletonList(member));
+    return read(new int[] {made[0]}, Details.NONE).get(0);
+  }
+
+  /**
+   * Makes members one behind the other, with those planned below them, as fast as it goes.
+   *
+   * @param place where the first is to go
+   * @param members the members; they are gone through once
+   * @return the handles of the members made, in pre-order
+   * @throws OutlineException if one is refused; it tells which were made
+   */
+  public int[] build(Place place, Iterable<NewMember> members) {
+    return new Build(access).run(place.resolve(access), members);
+  }
+
+  /**
+   * Changes a member.
+   *
+   * @param member the member
+   * @param changes what to change
+   * @return the member as it is now
+   * @throws OutlineException if a change is refused; those before it were made
+   */
+  public Member change(Member member, Changes changes) {
+    for (String uda : changes.removedUdas) {
+      access.edit("remove the user-defined attribute " + uda, member.name(), "",
+          () -> OutlineJni.deleteMemberUDA(access.instance, access.handle, member.handle(), uda));
+    }
+    for (String name : changes.removedAttributes) {
+      access.edit("remove the association with " + name, member.name(), "",
+          () -> OutlineJni.unassignAttributeMember(
+              access.instance, access.handle, member.handle(), name));
+    }
+    List<String> tables = new ArrayList<>();
+    changes.addTables(tables);
+    BulkCall call = new BulkCall(access, OutlineBulk.UPDATE, tables);
+    int record = changes.write(call, null, tables);
+    call.put(record + OutlineBulk.MAKE_HANDLE, member.handle());
+    call.ready();
+    access.enterToEdit();
+    try {
+      call.run();
+      Access.check("change the member", member.name(), call.field(), call.status());
+    } finally {
+      access.leave();
+      call.release();
+    }
+    return read(member, member.details());
+  }
+
+  /**
+   * Renames a member.
+   *
+   * @param member the member
+   * @param name the new name, 1 to 80 bytes
+   */
+  public void rename(Member member, String name) {
+    Texts.given(member.name(), "new name", name, Texts.NAME);
+    access.edit("rename the member to " + name, member.name(), "",
+        () -> OutlineJni.renameMember(access.instance, access.handle, member.handle(), name));
+  }
+
+  /**
+   * Moves a member with everything below it.
+   *
+   * @param member the member
+   * @param place where to
+   */
+  public void move(Member member, Place place) {
+    Place.Resolved to = place.resolve(access);
+    if (to.sibling == member.handle()) {
+      return;
+    }
+    boolean behind = to.sibling != 0;
+    access.edit("move the member", member.name(), "", () -> OutlineJni.moveMember(
+        access.instance, access.handle, behind ? to.sibling : to.parent, member.handle(), behind));
+  }
+
+  /**
+   * Deletes a member with everything below it.
+   *
+   * @param member the member
+   */
+  public void delete(Member member) {
+    access.edit("delete the member", member.name(), "",
+        () -> OutlineJni.deleteMember(access.instance, access.handle, member.handle()));
+  }
+
+  /**
+   * Sorts the children of a member by name.
+   *
+   * @param parent the parent
+   * @param ascending false for the reverse order
+   */
+  public void sortChildren(Member parent, boolean ascending) {
+    access.edit("sort the children", parent.name(), "", () -> OutlineJni.sortChildren(
+        access.instance, access.handle, parent.handle(), ascending));
+  }
+
+  /**
+   * Begins to copy a member with everything below it. A copy beside a dimension becomes a
+   * dimension.
+   *
+   * @param source the member
+   * @param place where the copy is to go
+   * @return the copy, of which one member is made
+   */
+  public CopyRun copy(Member source, Place place) {
+    return new CopyRun(access, source, place.resolve(access));
+  }
+
+  // ---- Verifying and saving ----
+
+  /**
+   * Looks for errors. It cannot be cancelled.
+   *
+   * @return what was found, the whole outline first; nothing in a sound one
+   */
+  public List<Finding> verify() {
+    List<VerifyFinding> found = new ArrayList<>();
+    access.read("verify the outline", access.name(), () -> OutlineJni.verifyOutlineEdit(
+        access.instance, access.login.context, access.handle, found));
+    List<Finding> findings = new ArrayList<>(found.size());
+    for (VerifyFinding finding : found) {
+      findings.add(new Finding(finding));
+    }
+    return findings;
+  }
+
+  /** Writes the outline to its database. It cannot be cancelled. */
+  public void save() {
+    access.save();
+  }
+
+  /**
+   * Writes the outline to another database and restructures that. It cannot be cancelled, and
+   * leaves the other database the active one.
+   *
+   * @param application the name of the other application
+   * @param database the name of the other database
+   */
+  public void saveAs(String application, String database) {
+    access.inContext("save the outline as " + application + "." + database,
+        () -> OutlineJni.saveAsObject(access.instance, access.login.context, access.handle,
+            access.login.context, application, database));
+  }
+
+  /** Closes the outline after the call that runs; closing again does nothing. */
+  @Override
+  public void close() {
+    try {
+      access.close();
+    } finally {
+      if (store != null) {
+        store.forget(this);
+      }
+    }
+  }
+
+  @Override
+  public String toString() {
+    return "Outline of " + access.name();
+  }
+}

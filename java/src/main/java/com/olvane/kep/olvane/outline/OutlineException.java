@@ -1,0 +1,84 @@
+package com.olvane.kep.olvane.outline;
+
+/** A call that an outline refused. The message holds everything that is known of it. */
+public final class OutlineException extends RuntimeException {
+  private static final long serialVersionUID = 1;
+
+  /** The status. */
+  private final int status;
+  /** The name of the member. */
+  private final String member;
+  /** The field in words. */
+  private final String field;
+  /** The number of bytes that fit. */
+  private final int limit;
+  /** The members made before. */
+  private int[] made = {};
+
+  OutlineException(String action, int status, String member, String field) {
+    super(text(action, member, field) + ": " + Status.sentence(status));
+    this.status = status;
+    this.member = member;
+    this.field = field;
+    this.limit = 0;
+  }
+
+  /** A text that is too long, found before anything was called. */
+  private OutlineException(String member, String field, int limit, String message) {
+    super(message);
+    this.status = Status.REFUSED;
+    this.member = member;
+    this.field = field;
+    this.limit = limit;
+  }
+
+  private static String text(String action, String member, String field) {
+    return "Cannot " + action + (field.isEmpty() ? "" : " (" + field + ")")
+        + (member.isEmpty() ? "" : " of " + member);
+  }
+
+  static OutlineException tooLong(String member, String field, int bytes, int limit, String text) {
+    String shown = text.length() > 100 ? text.substring(0, 100) + "..." : text;
+    return new OutlineException(member, field, limit,
+        "The " + field + (member.isEmpty() ? "" : " of " + member) + " takes " + bytes
+            + " bytes, at most " + limit + " fit; shorten it: " + shown);
+  }
+
+  static OutlineException empty(String member, String field) {
+    return new OutlineException(member, field, 0,
+        "The " + field + (member.isEmpty() ? "" : " of " + member) + " is empty; give one");
+  }
+
+  OutlineException madeBefore(int[] handles) {
+    made = handles;
+    return this;
+  }
+
+  /**
+   * {@return the handles of the members that a build had made before this one was refused, in
+   * pre-order; they are in the outline. Empty for other calls}
+   */
+  public int[] made() {
+    return made.clone();
+  }
+
+  /** {@return the status, {@link Status#REFUSED} where a text was refused before any call} */
+  public int status() {
+    return status;
+  }
+
+  /** {@return the name of the member that it is about, empty where it is about none} */
+  public String member() {
+    return member;
+  }
+
+  /** {@return the field that it is about, in words, empty where it is about none} */
+  public String field() {
+    return field;
+  }
+
+  /** {@return the number of bytes that fit, 0 where it is not about a length} */
+  public int limit() {
+    return limit;
+  }
+}

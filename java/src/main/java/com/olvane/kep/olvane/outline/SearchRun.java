@@ -1,0 +1,97 @@
+package com.olvane.kep.olvane.outline;
+
+import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.api.outline.FindRequest;
+import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
+import java.util.Spliterator;
+import java.util.Spliterators;
+import java.util.function.Consumer;
+import java.util.stream.Stream;
+import java.util.stream.StreamSupport;
+
+/**
+ * A search that is carried out batch by batch. The outline is free between them, and to cancel is
+ * not to ask for the next one. An edit in between ends it with a {@link
+ * java.util.ConcurrentModificationException}.
+ */
+public final class SearchRun {
+  private final Access access;
+  private final FindRequest request;
+  private final Details details;
+  private final long edits;
+  private boolean begun;
+
+  SearchRun(Access access, Search search, Details details) {
+    this.access = access;
+    this.request = search.request();
+    this.details = details;
+    this.edits = access.edits();
+  }
+
+  /** {@return whether the whole outline, or dimension, has been searched} */
+  public boolean isFinished() {
+    return begun && request.getLastHandle() == 0;
+  }
+
+  /** {@return the number of members looked at so far} */
+  public int membersSearched() {
+    return request.getMembersProcessed();
+  }
+
+  /**
+   * Searches one batch of members.
+   *
+   * @return the members found in it, which may be none before the search is finished; nothing
+   *     once it is
+   */
+  public List<Member> next() {
+    if (isFinished()) {
+      return Collections.emptyList();
+    }
+    List<DefaultMember> found = new ArrayList<>();
+    access.enter();
+    try {
+      access.requireUnchanged(edits);
+      Access.check("search the outline", access.name(), "", OutlineJni.findRequest(
+          access.instance, access.handle, request, found));
+      begun = true;
+      int[] handles = new int[found.size()];
+      for (int i = 0; i < handles.length; i++) {
+        handles[i] = found.get(i).getHandle();
+      }
+      return Reading.members(access, access.name(), handles, details).all();
+    } finally {
+      access.leave();
+    }
+  }
+
+  /** {@return the members still to be found, in outline order; searched as they are asked for} */
+  public Stream<Member> stream() {
+    return StreamSupport.stream(new Batches(), false).flatMap(List::stream);
+  }
+
+  /** The batches as the source of a stream. */
+  private final class Batches extends Spliterators.AbstractSpliterator<List<Member>> {
+    Batches() {
+      super(Long.MAX_VALUE, ORDERED | NONNULL);
+    }
+
+    @Override
+    public boolean tryAdvance(Consumer<? super List<Member>> action) {
+      if (isFinished()) {
+        return false;
+      }
+      action.accept(next());
+      return true;
+    }
+
+    @Override
+    public Spliterator<List<Member>> trySplit() {
+      // Batches follow from one another.
+      return null;
+    }
+  }
+}

@@ -1,0 +1,133 @@
+package com.olvane.kep.olvane.outline;
+
+import com.olvane.kep.olvane.standin.StandinSession;
+import com.olvane.kep.olvane.standin.StatusException;
+import java.util.ArrayList;
+import java.util.List;
+
+/**
+ * A login to the embedded outline engine, which keeps its databases in a folder. Where the
+ * library in use talks to a server of the vendor's, there is none: {@link #open} says so, and
+ * {@link Outline#open} takes the handles of the vendor's login.
+ *
+ * <p>Closing a store closes its outlines.
+ */
+public final class Store implements AutoCloseable {
+  private final StandinSession session;
+  private final Login login;
+  private final List<Outline> outlines = new ArrayList<>();
+  private volatile boolean closed;
+
+  private Store(StandinSession session) {
+    this.session = session;
+    this.login = new Login(session.instance(), session.context(), session);
+  }
+
+  /**
+   * Opens a store and logs in. The folder is created when it does not exist.
+   *
+   * @param store the folder of the store
+   * @param user the name to log in with; locks are held in this name
+   * @return the store
+   * @throws StatusException if the folder is not a store, cannot be used or the login is refused
+   * @throws IllegalStateException if the library in use talks to a database server instead
+   */
+  public static Store open(String store, String user) {
+    return new Store(StandinSession.open(store, user));
+  }
+
+  /** {@return the session behind this store, for the native methods; it closes with the store} */
+  public StandinSession session() {
+    return session;
+  }
+
+  /**
+   * Creates a database, and its application where there is none of that name.
+   *
+   * @param application the name of the application, at most 30 bytes
+   * @param database the name of the database, at most 30 bytes
+   * @throws StatusException if the database exists or a name is not allowed
+   */
+  public void create(String application, String database) {
+    requireOpen();
+    session.createDatabase(application, database);
+  }
+
+  /**
+   * Opens the outline of a database for editing. It stays locked until it is closed.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @return the outline, empty for a database that never had one
+   * @throws OutlineException if it cannot be opened, for one when somebody else edits it
+   * @throws IllegalStateException if this store has it open for editing already
+   */
+  public Outline edit(String application, String database) {
+    return open(application, database, true);
+  }
+
+  /**
+   * Opens the outline of a database for browsing, as it was stored last.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @return the outline, which cannot be changed
+   * @throws OutlineException if it cannot be opened
+   * @throws StatusException if there is no such database
+   */
+  public Outline browse(String application, String database) {
+    return open(application, database, false);
+  }
+
+  private Outline open(String application, String database, boolean editing) {
+    requireOpen();
+    Access access =
+        editing
+            ? Access.edit(login, login.context, application, database, database)
+            : Access.browse(login, application, database);
+    Outline outline = new Outline(access, this);
+    synchronized (outlines) {
+      if (!closed) {
+        outlines.add(outline);
+        return outline;
+      }
+    }
+    outline.close();
+    throw new IllegalStateException("The store was closed");
+  }
+
+  /** Takes an outline that was closed off the list. */
+  void forget(Outline outline) {
+    synchronized (outlines) {
+      outlines.remove(outline);
+    }
+  }
+
+  private void requireOpen() {
+    if (closed) {
+      throw new IllegalStateException("The store is closed");
+    }
+  }
+
+  /** Closes the outlines and logs out; closing again does nothing. */
+  @Override
+  public void close() {
+    List<Outline> open;
+    synchronized (outlines) {
+      closed = true;
+      open = new ArrayList<>(outlines);
+    }
+    RuntimeException failure = null;
+    for (Outline outline : open) {
+      try {
+        outline.close();
+      } catch (OutlineException e) {
+        failure = e;
+      }
+    }
+    session.close();
+    if (failure != null) {
+      throw failure;
+    }
+  }
+}

@@ -1,0 +1,50 @@
+package com.olvane.kep.olvane.outline;
+
+/** Which period of a time span a value is taken from. */
+public enum TimeBalance implements Code {
+  /** Not balanced. */
+  NONE(0, "not balanced"),
+  /** The first period. */
+  FIRST(1, "the first period"),
+  /** The last period. */
+  LAST(2, "the last period"),
+  /** The average of the periods. */
+  AVERAGE(3, "the average of the periods"),
+  /** A code that has no name here; the member tells it. */
+  OTHER(-1, "another code");
+
+  private static final TimeBalance[] ALL = values();
+
+  private final short code;
+  private final String words;
+
+  TimeBalance(int code, String words) {
+    this.code = (short) code;
+    this.words = words;
+  }
+
+  @Override
+  public short code() {
+    return code;
+  }
+
+  @Override
+  public String words() {
+    return words;
+  }
+
+  /**
+   * Finds the constant of a code.
+   *
+   * @param code the code
+   * @return the constant, {@link #OTHER} where none has this code
+   */
+  public static TimeBalance of(short code) {
+    for (TimeBalance constant : ALL) {
+      if (constant.code == code) {
+        return constant;
+      }
+    }
+    return OTHER;
+  }
+}
