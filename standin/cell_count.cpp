@@ -40,7 +40,7 @@ using MemberSet = std::unordered_set<MemberId>;
 MemberSet find_all(const Outline& outline, const std::vector<std::string>& names) {
   MemberSet found;
   for (const std::string& name : names) {
-    const MemberId id = outline.find(name);
+    const MemberId id = outline.look_up(name);
     if (id == kNoMember) throw StoreFailure(kMemberNotFound);
     found.insert(id);
   }

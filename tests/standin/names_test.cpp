@@ -47,6 +47,13 @@ TEST_F(NumberedNames, PlainListsGiveWhatIsNamedExtendedOnesAll) {
             (Numbered{{0, "Lev0,Year"}, {1, "Branches"}, {2, "Lev2,Year"}}));
   EXPECT_EQ(list(OlvOtlGetLevelNamesEx, "Market", kNamesExtended), (Numbered{{0, "Lev0,Market"}}));
 
+  // A generated name that leaves no room is cut behind a whole character, a pair being one.
+  std::string pairs;
+  while (pairs.size() < 78) pairs += "\xED\xA0\x83\xED\xBC\x93";
+  dimension(pairs);
+  EXPECT_EQ(list(OlvOtlGetGenNamesEx, pairs.c_str(), kNamesExtended),
+            (Numbered{{1, "Gen1," + pairs.substr(0, 72)}}));
+
   // A name outlives the members that had made its generation.
   ASSERT_EQ(remove(find("Quarter 1")), 0);
   EXPECT_EQ(list(OlvOtlGetGenNamesEx, "Year", kNamesExtended),

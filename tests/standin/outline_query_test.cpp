@@ -38,6 +38,36 @@ TEST_F(Queries, ChildrenAndParents) {
   EXPECT_EQ(query(99, 0).status, standin::kBadQuery);
 }
 
+// Two dimensions with a member X each, and a shared X that came before both.
+TEST_F(Queries, NamesAreLookedUpInTheirDimensionAndBeforeSharedMembers) {
+  const HMember a = dimension("A"), b = dimension("B");
+  const HMember shared = child(a, "X");
+  set(shared, &MemberInfoRecord::shareOption, kShareShared);
+  const auto namesake = [&](HMember parent) {
+    const HMember added = child(parent, "other");
+    EXPECT_EQ(rename(added, "X"), 0);
+    return added;
+  };
+  const HMember first = namesake(a), second = namesake(b);
+  const HMember a1 = child(first, "a1"), b1 = child(second, "b1");
+
+  EXPECT_EQ(find("x"), first);
+  EXPECT_EQ(query(kQueryNamedMember, 0, kQueryOptionNames, nullptr, "X").members,
+            (Handles{first, second, shared}));
+  EXPECT_EQ(query_by_name(kQueryChildren, "X", 0, "A").members, Handles{a1});
+  EXPECT_EQ(query_by_name(kQueryChildren, "X", 0, "b").members, Handles{b1});
+  EXPECT_EQ(query_by_name(kQueryParent, "X", 0, "B").members, Handles{b});
+  for (const char* none : {static_cast<const char*>(nullptr), "", "x"}) {
+    EXPECT_EQ(query_by_name(kQueryChildren, "X", 0, none).members, Handles{a1});
+  }
+  EXPECT_EQ(query_by_name(kQueryChildren, "X", 0, "Year").status, standin::kMemberNotFound);
+  EXPECT_EQ(query_by_name(kQueryChildren, "X", 0, "Cola").status, standin::kNoSuchDimension);
+  EXPECT_EQ(remove(first), 0);
+  EXPECT_EQ(find("X"), second);
+  EXPECT_EQ(remove(second), 0);
+  EXPECT_EQ(find("X"), shared);
+}
+
 TEST_F(Queries, PagesCoverEveryMatchOnce) {
   const Handles all = query(kQuerySearch, 0, kQueryOptionNames, nullptr, "*").members;
   ASSERT_EQ(all.size(), 10U);
@@ -95,6 +125,11 @@ TEST_F(Queries, SearchesNamesAndAliasesInPreOrder) {
   EXPECT_EQ(query(kQuerySearch, 0, kQueryOptionNames, "Cola", "*").status,
             standin::kNoSuchDimension);
   EXPECT_EQ(query(kQuerySearch, 0, kQueryOptionNames).status, standin::kBadQuery);
+
+  // A character outside the basic plane takes six bytes here and is one all the same.
+  child(cola_, "\xED\xA0\x83\xED\xBC\x93z");
+  EXPECT_EQ(search("?z").size(), 1U);
+  EXPECT_EQ(search("??z").size(), 0U);
 
   EXPECT_EQ(rename(diet_, "Qtr1"), 0);
   const Answer named = query(kQueryNamedMember, 0, kQueryOptionNames, nullptr, "QTR1");

@@ -41,11 +41,7 @@ std::string generated_name(const Kind& kind, uint16_t number, std::string_view d
   constexpr size_t kRoom = sizeof(GenLevelNameEntry::name) - 1;
   std::string name = kind.prefix + std::to_string(number) + ",";
   name += dimension;
-  if (name.size() <= kRoom) return name;
-  size_t end = kRoom;
-  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) --end;
-  name.resize(end);
-  return name;
+  return std::string(cut_to(name, kRoom));
 }
 
 struct NumberedName {

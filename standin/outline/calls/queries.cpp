@@ -36,7 +36,7 @@ void walk_scope(const Outline& outline, MemberId start, MemberId dimension, Visi
   for (const MemberId id : outline.subtree(start)) visit(id);
 }
 
-// All members of a name, the one that had it first in front.
+// All members of a name, the one that it stands for in front: shared ones come last.
 int list_named(const Outline& outline, const MemberQuery& query, Members* found) {
   if (query.options != kQueryOptionNames && query.options != kQueryOptionNone) return kBadQuery;
   if (!given(query.pattern1)) return kBadQuery;
@@ -47,7 +47,22 @@ int list_named(const Outline& outline, const MemberQuery& query, Members* found)
   for (; id != kNoMember; id = outline.next_of_same_name(id)) {
     if (dimension == kNoMember || outline.member(id).dimension == dimension) found->push_back(id);
   }
+  std::stable_partition(found->begin(), found->end(), [&](MemberId holder) {
+    return outline.properties(holder).share_option != kShareShared;
+  });
   return kStatusOk;
+}
+
+// The start member of a query by name, in the dimension that the query names. Listings pass the
+// start member's own name as dimension, too, which narrows nothing.
+int find_start(const Outline& outline, const char* name, const char* dimension, MemberId* start) {
+  MemberId scope = kNoMember;
+  if (given(dimension) && !outline.same_text(dimension, name)) {
+    const int status = find_dimension(outline, dimension, &scope);
+    if (status != kStatusOk) return status;
+  }
+  *start = outline.look_up(name, scope);
+  return *start == kNoMember ? kMemberNotFound : kStatusOk;
 }
 
 int search(const Outline& outline, MemberId start, const MemberQuery& query, Members* found) {
@@ -200,8 +215,8 @@ int OlvOtlQueryMembersByName(HOutline h, const char* start, const MemberQuery* q
   return read_outline(h, [&](const Outline& outline) -> int {
     MemberId from = kRoot;
     if (given(start) && query->queryType != kQueryTimeSeriesMembers) {
-      from = outline.find(start);
-      if (from == kNoMember) return kMemberNotFound;
+      const int status = find_start(outline, start, query->dimension, &from);
+      if (status != kStatusOk) return status;
     }
     return answer_query(outline, from, *query, counts, members);
   });

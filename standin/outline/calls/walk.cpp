@@ -46,7 +46,7 @@ int OlvOtlGetPrevSibling(HOutline h, HMember member, HMember* previous) {
 int OlvOtlFindMember(HOutline h, const char* name, HMember* member) {
   if (name == nullptr || member == nullptr) return kBadArgument;
   return read_outline(h, [&](const Outline& outline) -> int {
-    const MemberId found = outline.find(name);
+    const MemberId found = outline.look_up(name);
     if (found == kNoMember) return kMemberNotFound;
     *member = found;
     return kStatusOk;

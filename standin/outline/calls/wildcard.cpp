@@ -5,22 +5,6 @@
 
 namespace standin {
 
-namespace {
-
-bool is_continuation(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
-// Position behind the character that starts at `at`.
-size_t next_character(std::string_view text, size_t at) {
-  const bool sequence = static_cast<unsigned char>(text[at]) >= 0xC0U;
-  ++at;
-  while (sequence && at < text.size() && is_continuation(text[at])) ++at;
-  return at;
-}
-
-}  // namespace
-
 bool matches_wildcards(std::string_view pattern, std::string_view text, bool case_sensitive) {
   size_t p = 0;
   size_t t = 0;

@@ -34,6 +34,16 @@ MemberId Outline::next_in_subtree(MemberId id, MemberId top) const {
   return kNoMember;
 }
 
+MemberId Outline::look_up(std::string_view name, MemberId dimension) const {
+  MemberId shared = kNoMember;
+  for (MemberId id = find(name); id != kNoMember; id = next_of_same_name(id)) {
+    if (dimension != kNoMember && member(id).dimension != dimension) continue;
+    if (member(id).properties.share_option != kShareShared) return id;
+    if (shared == kNoMember) shared = id;
+  }
+  return shared;
+}
+
 MemberId Outline::find_dimension(std::string_view name) const {
   MemberId id = find(name);
   while (id != kNoMember && !is_dimension(id)) id = next_of_same_name(id);

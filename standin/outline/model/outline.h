@@ -130,6 +130,10 @@ class Outline {
   // The member that has had this name longest; 0 when there is none.
   MemberId find(std::string_view name) const { return names_.find(name); }
   MemberId find(std::string_view name, uint32_t hash) const { return names_.find(name, hash); }
+  // The member that a name stands for, in one dimension (0: in any): the one that has had it
+  // longest and is no shared member; a shared one only when there is no other, 0 when there is
+  // none.
+  MemberId look_up(std::string_view name, MemberId dimension = kNoMember) const;
   // The dimension of a name; 0 when there is none.
   MemberId find_dimension(std::string_view name) const;
   // The member that comes after `id` in the order in which its name was taken; 0 after the last.

@@ -1,6 +1,7 @@
 // Comparing the texts of an outline, which may or may not tell letter case.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,6 +16,13 @@ inline char fold(char c) {
 // The text itself when case is told, else with the case of every byte folded: texts that are the
 // same to the outline give the same bytes.
 std::string folded(std::string_view text, bool case_sensitive);
+
+// Position behind the character that starts at `at`. A character outside the basic plane, which is
+// a pair of three-byte sequences in modified UTF-8, is one; so is a stray byte.
+size_t next_character(std::string_view text, size_t at);
+
+// The longest part of a text that has at most `bytes` and ends behind a whole character.
+std::string_view cut_to(std::string_view text, size_t bytes);
 
 // True when two texts are equal, telling case or not.
 bool equal_text(std::string_view a, std::string_view b, bool case_sensitive);
