@@ -98,7 +98,7 @@ double count_cells(const std::string& file, const std::vector<std::string>& name
   bool counted = false;
   size_t used = 0;
   for (const MemberId dimension : outline.children(kRoot)) {
-    if (outline.member(dimension).properties.dimension_category == kCategoryAttribute) continue;
+    if (outline.properties(dimension).dimension_category == kCategoryAttribute) continue;
     cells *= count_leaves(outline, dimension, named, &used);
     counted = true;
   }

@@ -10,6 +10,7 @@
 #include "api/olvotl.h"
 #include "standin/client.h"
 #include "standin/outline/calls/open_outlines.h"
+#include "standin/outline/calls/sort_by_hash.h"
 #include "standin/outline/model/codes.h"
 #include "standin/verify_bits.h"
 
@@ -156,41 +157,44 @@ class Verifier {
   struct Alias {
     uint32_t hash;
     MemberId holder;
-    std::string_view text;
   };
 
-  // Sorts by hash instead of filling a hash table: the sorting reads memory in order, the table
-  // would jump around in it.
+  // Goes through the aliases by their hashes: so equal ones stand together, and names are looked up
+  // in the order in which the index keeps them.
   void check_aliases(size_t table) {
-    std::vector<Alias> unshared;
-    unshared.reserve(outline_.alias_count(table));
+    std::vector<Alias> aliases;
+    aliases.reserve(outline_.alias_count(table));
     outline_.visit_aliases(table, [&](MemberId id, std::string_view alias) {
       if (kForbiddenFirst.find(alias.front()) != std::string_view::npos) {
         extended(id, kExtendedAliasFirst);
       }
-      const uint32_t hash = hash_text(alias, outline_.case_sensitive());
-      const MemberId named = outline_.find(alias, hash);
-      if (named != kNoMember && !outline_.same_text(outline_.name(id), alias)) {
-        extended(id, kExtendedAliasIsName);
-      }
-      if (!shared(id)) unshared.push_back({hash, id, alias});
+      aliases.push_back({hash_text(alias, outline_.case_sensitive()), id});
     });
-    const auto before = [](const Alias& a, const Alias& b) { return a.hash < b.hash; };
-    std::sort(unshared.begin(), unshared.end(), before);
-    for (auto begin = unshared.cbegin(); begin != unshared.cend();) {
-      const auto end = std::find_if(begin, unshared.cend(),
-                                    [&](const Alias& a) { return a.hash != begin->hash; });
-      check_aliases_of_one_hash(begin, end);
-      begin = end;
+    sort_by_hash(aliases);
+    for (auto begin = aliases.cbegin(); begin != aliases.cend();) {
+      auto end = begin + 1;
+      while (end != aliases.cend() && end->hash == begin->hash) ++end;
+      if (end - begin > 1) check_aliases_of_one_hash(table, begin, end);
+      for (; begin != end; ++begin) check_alias_as_name(table, *begin);
     }
   }
 
-  void check_aliases_of_one_hash(std::vector<Alias>::const_iterator begin,
+  void check_alias_as_name(size_t table, const Alias& alias) {
+    if (!outline_.has_name_hash(alias.hash)) return;
+    const std::string_view text = outline_.alias(table, alias.holder);
+    if (outline_.find(text, alias.hash) != kNoMember &&
+        !outline_.same_text(outline_.name(alias.holder), text)) {
+      extended(alias.holder, kExtendedAliasIsName);
+    }
+  }
+
+  void check_aliases_of_one_hash(size_t table, std::vector<Alias>::const_iterator begin,
                                  std::vector<Alias>::const_iterator end) {
-    if (end - begin == 1) return;
     std::unordered_map<std::string, MemberId> holders;
     for (auto alias = begin; alias != end; ++alias) {
-      const auto [holder, added] = holders.emplace(comparable(alias->text), alias->holder);
+      if (shared(alias->holder)) continue;
+      const auto [holder, added] =
+          holders.emplace(comparable(outline_.alias(table, alias->holder)), alias->holder);
       if (added) continue;
       extended(holder->second, kExtendedAliasTwice);
       extended(alias->holder, kExtendedAliasTwice);

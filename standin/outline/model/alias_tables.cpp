@@ -1,4 +1,6 @@
 // Alias tables and the aliases in them.
+#include <utility>
+
 #include "standin/outline/model/outline.h"
 
 namespace standin {
@@ -22,32 +24,45 @@ void Outline::rename_table(size_t table, std::string_view name) {
 }
 
 void Outline::remove_table(size_t table) {
+  clear_table(table);
   alias_tables_.erase(alias_tables_.begin() + static_cast<std::ptrdiff_t>(table));
 }
 
 void Outline::clear_table(size_t table) {
-  alias_tables_[table].aliases = {};
+  const MemberMap aliases = std::exchange(alias_tables_[table].aliases, {});
+  aliases.visit([this](MemberId, TextRef alias) { texts_.drop(alias); });
   alias_tables_[table].series_aliases.clear();
+  pack_texts();
 }
 
 void Outline::copy_table(size_t from, size_t to) {
-  AliasTable copy = alias_tables_[from];
-  copy.name = alias_tables_[to].name;
-  alias_tables_[to] = std::move(copy);
+  auto series_aliases = alias_tables_[from].series_aliases;
+  MemberMap copy;
+  try {
+    alias_tables_[from].aliases.visit([&](MemberId id, TextRef alias) {
+      copy.make_room(id);
+      copy.set(id, texts_.keep(texts_.at(alias)));
+    });
+  } catch (...) {
+    copy.visit([this](MemberId, TextRef alias) { texts_.drop(alias); });
+    throw;
+  }
+  std::swap(alias_tables_[to].aliases, copy);
+  alias_tables_[to].series_aliases.swap(series_aliases);
+  copy.visit([this](MemberId, TextRef alias) { texts_.drop(alias); });
+  pack_texts();
 }
 
 std::string_view Outline::alias(size_t table, MemberId id) const {
-  const auto& aliases = alias_tables_[table].aliases;
-  const auto found = aliases.find(id);
-  return found == aliases.end() ? std::string_view() : found->second;
+  return texts_.at(alias_tables_[table].aliases.at(id));
 }
 
 void Outline::set_alias(size_t table, MemberId id, std::string_view alias) {
-  alias_tables_[table].aliases.insert_or_assign(id, std::string(alias));
+  set_text(alias_tables_[table].aliases, id, alias);
 }
 
 void Outline::remove_alias(size_t table, MemberId id) {
-  alias_tables_[table].aliases.erase(id);
+  set_text(alias_tables_[table].aliases, id, {});
 }
 
 }  // namespace standin

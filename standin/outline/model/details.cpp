@@ -1,65 +1,119 @@
 // Codes, texts and user-defined attributes of members.
-#include <algorithm>
+#include <new>
+#include <utility>
 
 #include "standin/outline/model/outline.h"
 
 namespace standin {
 
-namespace {
-
-size_t position(TextKind kind) {
-  return static_cast<size_t>(kind);
-}
-
-}  // namespace
-
 void Outline::set_properties(MemberId id, const MemberProperties& properties) {
-  own(id).properties = properties;
+  const uint32_t set = property_sets_.use(properties);
+  property_sets_.release(own(id).properties);
+  own(id).properties = set;
 }
 
 void Outline::set_record(MemberId id, const MemberProperties& properties,
                          std::string_view currency_member, std::string_view comment) {
-  std::string own_comment(comment);
-  set_text(id, TextKind::kCurrencyMember, currency_member);
-  if (!own_comment.empty() || member(id).extra) {
-    own(id).extras().texts[position(TextKind::kComment)].swap(own_comment);
+  MemberMap& comments = member_texts_[static_cast<size_t>(TextKind::kComment)];
+  if (!comment.empty()) comments.make_room(id);
+  const TextRef kept = texts_.keep(comment);
+  try {
+    const uint32_t set = property_sets_.use(properties);
+    try {
+      set_text(id, TextKind::kCurrencyMember, currency_member);
+    } catch (...) {
+      property_sets_.release(set);
+      throw;
+    }
+    property_sets_.release(own(id).properties);
+    own(id).properties = set;
+  } catch (...) {
+    texts_.drop(kept);
+    throw;
   }
-  set_properties(id, properties);
+  texts_.drop(comments.at(id));
+  comments.set(id, kept);
+  pack_texts();
 }
 
 std::string_view Outline::text(MemberId id, TextKind kind) const {
-  const MemberExtras* extra = member(id).extra.get();
-  return extra == nullptr ? std::string_view() : extra->texts[position(kind)];
+  return texts_.at(member_texts_[static_cast<size_t>(kind)].at(id));
 }
 
 void Outline::set_text(MemberId id, TextKind kind, std::string_view text) {
-  if (!member(id).extra && text.empty()) return;
-  std::string copy(text);
-  own(id).extras().texts[position(kind)].swap(copy);
+  set_text(member_texts_[static_cast<size_t>(kind)], id, text);
+}
+
+// Gives a member a text in one of the maps; an empty one takes its own away.
+void Outline::set_text(MemberMap& texts, MemberId id, std::string_view text) {
+  const TextRef before = texts.at(id);
+  if (!text.empty()) texts.make_room(id);
+  texts.set(id, texts_.keep(text));
+  texts_.drop(before);
+  pack_texts();
 }
 
 std::vector<std::string_view> Outline::udas(MemberId id) const {
-  const MemberExtras* extra = member(id).extra.get();
-  if (extra == nullptr) return {};
-  return {extra->udas.begin(), extra->udas.end()};
+  std::vector<std::string_view> list;
+  udas_.visit(id, [&](TextRef uda) {
+    list.push_back(texts_.at(uda));
+    return true;
+  });
+  return list;
+}
+
+// The text of a member's UDA; kNoText when it does not carry it.
+TextRef Outline::uda_ref(MemberId id, std::string_view uda) const {
+  TextRef found = kNoText;
+  udas_.visit(id, [&](TextRef carried) {
+    if (same_text(texts_.at(carried), uda)) found = carried;
+    return found == kNoText;
+  });
+  return found;
 }
 
 bool Outline::has_uda(MemberId id, std::string_view uda) const {
-  const std::vector<std::string_view> carried = udas(id);
-  return std::any_of(carried.begin(), carried.end(),
-                     [&](std::string_view one) { return same_text(one, uda); });
+  return uda_ref(id, uda) != kNoText;
 }
 
 void Outline::add_uda(MemberId id, std::string_view uda) {
-  own(id).extras().udas.emplace_back(uda);
+  const TextRef kept = texts_.keep(uda);
+  try {
+    udas_.add(id, kept);
+  } catch (...) {
+    texts_.drop(kept);
+    throw;
+  }
 }
 
 bool Outline::remove_uda(MemberId id, std::string_view uda) {
-  if (!has_uda(id, uda)) return false;
-  std::vector<std::string>& carried = member(id).extra->udas;
-  carried.erase(std::find_if(carried.begin(), carried.end(),
-                             [&](const std::string& one) { return same_text(one, uda); }));
+  const TextRef found = uda_ref(id, uda);
+  if (found == kNoText) return false;
+  udas_.remove(id, found);
+  texts_.drop(found);
+  pack_texts();
   return true;
+}
+
+// Moves all texts to a new pool when much of the old one has been given up. What is in the way of
+// that is put off: the next change tries again.
+void Outline::pack_texts() {
+  if (!texts_.wants_packing()) return;
+  TextPool packed;
+  try {
+    packed = TextPool::with_room_for(texts_);
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+  const auto move = [&](TextRef& text) { text = packed.take(texts_, text); };
+  for (MemberId id = 0; id < members_.size(); ++id) move(own(id).name);
+  const auto move_all = [&](MemberMap& texts) {
+    texts.visit([&](MemberId, TextRef& text) { move(text); });
+  };
+  for (MemberMap& texts : member_texts_) move_all(texts);
+  for (AliasTable& table : alias_tables_) move_all(table.aliases);
+  udas_.visit_all(move);
+  texts_ = std::move(packed);
 }
 
 }  // namespace standin

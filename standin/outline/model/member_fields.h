@@ -3,7 +3,7 @@
 #pragma once
 
 #include "api/records.h"
-#include "standin/outline/model/member_arena.h"
+#include "standin/outline/model/member.h"
 
 namespace standin {
 

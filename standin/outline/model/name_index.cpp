@@ -1,108 +1,145 @@
-// The name index: hashing with folded case, chains of heads and rings of equal names.
+// The name index: entries in the order of their hashes, and rings of equal names.
 #include "standin/outline/model/name_index.h"
 
 #include <algorithm>
 
 namespace standin {
 
-void NameIndex::reserve(uint32_t count) {
-  if (count > nodes_.size()) nodes_.resize(count);
-  if (count <= buckets_.size()) return;
-  size_t size = std::max<size_t>(buckets_.size(), 16);
-  while (size < count) size *= 2;
-  std::vector<MemberId> old(size, kNoMember);
-  old.swap(buckets_);
-  for (MemberId head : old) {
-    while (head != kNoMember) {
-      const MemberId next = nodes_[head].next_in_bucket;
-      MemberId& first = bucket(nodes_[head].hash);
-      nodes_[head].next_in_bucket = first;
-      first = head;
-      head = next;
-    }
-  }
+namespace {
+constexpr size_t kFewest = 16;  // homes
+constexpr size_t kBehind = 64;  // entries behind the homes, for those that found theirs taken
+}  // namespace
+
+NameIndex::NameIndex(const Chunks<Member>& members, const TextPool& texts)
+    : members_(members), texts_(texts) {
+  resize(kFewest);
 }
 
-MemberId NameIndex::find(std::string_view name, uint32_t hash) const {
-  if (buckets_.empty()) return kNoMember;
-  MemberId head = buckets_[hash & (buckets_.size() - 1)];
-  while (head != kNoMember && !(nodes_[head].hash == hash &&
-                                equal_text(members_.at(head).name, name, case_sensitive_))) {
-    head = nodes_[head].next_in_bucket;
+// Enters all names anew, in one pass as their order stays.
+void NameIndex::resize(size_t homes) {
+  std::vector<Entry> resized(homes + kBehind);
+  size_t free = 0;
+  for (const Entry& entry : table_) {
+    if (entry.head == kNoMember) continue;
+    free = std::max(free, home(entry.hash, homes));
+    if (free + 1 >= resized.size()) resized.resize(resized.size() + kBehind);
+    resized[free++] = entry;
   }
-  return head;
+  table_.swap(resized);
+  homes_ = homes;
 }
 
-MemberId* NameIndex::slot_of_head(MemberId head) {
-  MemberId* slot = &bucket(nodes_[head].hash);
-  while (*slot != head) slot = &nodes_[*slot].next_in_bucket;
-  return slot;
+void NameIndex::reserve(size_t count) {
+  const size_t homes = count + count / 3 + 1;  // three quarters full
+  if (homes > homes_) resize(homes);
+}
+
+void NameIndex::make_room() {
+  if (names_ + 1 > homes_ / 4 * 3) resize(homes_ + homes_ / 2);
+  // An entry that is pushed on ends at a free one, which may be the last.
+  if (table_.back().head != kNoMember || table_[table_.size() - 2].head != kNoMember) {
+    table_.resize(table_.size() + kBehind);
+  }
+  rings_.make_room(2);
+}
+
+size_t NameIndex::position(std::string_view name, uint32_t hash) const {
+  for (size_t at = first_from(hash); table_[at].head != kNoMember && table_[at].hash == hash;
+       ++at) {
+    if (equal_text(name_of(table_[at].head), name, case_sensitive_)) return at;
+  }
+  return table_.size() - 1;
+}
+
+void NameIndex::insert_entry(Entry entry) {
+  size_t at = home(entry.hash);
+  while (table_[at].head != kNoMember && table_[at].hash <= entry.hash) ++at;
+  while (table_[at].head != kNoMember) std::swap(table_[at++], entry);
+  table_[at] = entry;
+  ++names_;
+}
+
+void NameIndex::erase_entry(size_t at) {
+  // Those behind it move up as far as their homes.
+  while (table_[at + 1].head != kNoMember && home(table_[at + 1].hash) <= at) {
+    table_[at] = table_[at + 1];
+    ++at;
+  }
+  table_[at] = {};
+  --names_;
 }
 
 void NameIndex::insert(MemberId id) {
-  Node& node = nodes_[id];
-  node.hash = hash(members_.at(id).name);
-  const MemberId head = find(members_.at(id).name, node.hash);
+  make_room();
+  const std::string_view name = name_of(id);
+  const uint32_t own_hash = hash(name);
+  const MemberId head = find(name, own_hash);
   if (head == kNoMember) {
-    MemberId& first = bucket(node.hash);
-    node.next_in_bucket = first;
-    node.ring_next = node.ring_previous = id;
-    first = id;
-    return;
+    insert_entry({own_hash, id});
+  } else {
+    join_ring(head, id);
   }
-  const MemberId tail = nodes_[head].ring_previous;
-  node.next_in_bucket = kNoMember;
-  node.ring_next = head;
-  node.ring_previous = tail;
-  nodes_[tail].ring_next = id;
-  nodes_[head].ring_previous = id;
+}
+
+void NameIndex::join_ring(MemberId head, MemberId id) {
+  if (rings_.find(head) == nullptr) rings_.insert(head, {head, head});
+  const MemberId tail = rings_.find(head)->previous;
+  rings_.insert(id, {head, tail});
+  rings_.find(tail)->next = id;
+  rings_.find(head)->previous = id;
 }
 
 void NameIndex::erase(MemberId id) {
-  const Node& node = nodes_[id];
-  if (find(members_.at(id).name, node.hash) == id) {
-    MemberId* slot = slot_of_head(id);
-    if (node.ring_next == id) {
-      *slot = node.next_in_bucket;
-    } else {
-      nodes_[node.ring_next].next_in_bucket = node.next_in_bucket;
-      *slot = node.ring_next;
-    }
+  const std::string_view name = name_of(id);
+  const size_t at = position(name, hash(name));
+  const Neighbours* found = rings_.find(id);
+  if (found == nullptr) {
+    erase_entry(at);
+    return;
   }
-  nodes_[node.ring_previous].ring_next = node.ring_next;
-  nodes_[node.ring_next].ring_previous = node.ring_previous;
+  const Neighbours ring = *found;
+  if (table_[at].head == id) table_[at].head = ring.next;
+  rings_.find(ring.previous)->next = ring.next;
+  rings_.find(ring.next)->previous = ring.previous;
+  rings_.erase(id);
+  if (ring.next == ring.previous) rings_.erase(ring.next);  // one is left
 }
 
 void NameIndex::requeue(MemberId id) {
+  make_room();
   erase(id);
   insert(id);
 }
 
 MemberId NameIndex::next_of_same_name(MemberId id) const {
-  const MemberId next = nodes_[id].ring_next;
-  if (next == id) return kNoMember;  // most names: no look into the table
-  return next == find(members_.at(id).name, nodes_[id].hash) ? kNoMember : next;
+  const Neighbours* ring = rings_.find(id);
+  if (ring == nullptr) return kNoMember;
+  return ring->next == find(name_of(id)) ? kNoMember : ring->next;
 }
 
 void NameIndex::set_case_sensitive(bool sensitive) {
   if (sensitive == case_sensitive_) return;
-  std::vector<MemberId> heads;
   std::vector<MemberId> order;
-  for (MemberId head : buckets_) {
-    for (; head != kNoMember; head = nodes_[head].next_in_bucket) heads.push_back(head);
+  for (const Entry& entry : table_) {
+    if (entry.head != kNoMember) order.push_back(entry.head);
   }
-  std::sort(heads.begin(), heads.end());
-  order.reserve(nodes_.size());
-  for (const MemberId head : heads) {
+  std::sort(order.begin(), order.end());
+  NameIndex changed(members_, texts_);
+  changed.case_sensitive_ = sensitive;
+  changed.reserve(order.size());
+  for (const MemberId head : order) {
     MemberId id = head;
     do {
-      order.push_back(id);
-      id = nodes_[id].ring_next;
+      changed.insert(id);
+      const Neighbours* ring = rings_.find(id);
+      id = ring == nullptr ? head : ring->next;
     } while (id != head);
   }
+  table_.swap(changed.table_);
+  std::swap(homes_, changed.homes_);
+  std::swap(names_, changed.names_);
+  std::swap(rings_, changed.rings_);
   case_sensitive_ = sensitive;
-  std::fill(buckets_.begin(), buckets_.end(), kNoMember);
-  for (const MemberId id : order) insert(id);
 }
 
 }  // namespace standin

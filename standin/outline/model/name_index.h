@@ -1,4 +1,4 @@
-// Finds members by name: a hash table over the members of one arena that keeps members of the
+// Finds members by name: a hash table over the members of one outline that keeps members of the
 // same name in the order in which they took it.
 #pragma once
 
@@ -6,24 +6,31 @@
 #include <string_view>
 #include <vector>
 
-#include "standin/outline/model/member_arena.h"
+#include "standin/outline/model/chunks.h"
+#include "standin/outline/model/sparse_map.h"
 #include "standin/outline/model/text.h"
 
 namespace standin {
 
+// The table holds one entry per name, in the order of the hashes: an entry stands where its hash
+// as a fraction of all hashes points to, or as little behind it as those before it allow. So most
+// look-ups read one cache line of it, a name that is not there needs no text to be compared, and
+// the table grows in one pass over the old one.
 class NameIndex {
  public:
-  explicit NameIndex(const MemberArena& members) : members_(members) {}
+  NameIndex(const Chunks<Member>& members, const TextPool& texts);
 
   bool case_sensitive() const { return case_sensitive_; }
   // Rebuilds the index; members whose names become equal follow in the order of their numbers.
   void set_case_sensitive(bool sensitive);
 
-  // Makes room for members numbered below `count`; insert() of those allocates nothing then.
-  void reserve(uint32_t count);
-  // Enters a member under its name in the arena, behind others of that name.
+  // Makes room for `count` names in all; only speed depends on it.
+  void reserve(size_t count);
+  // Sees to it that the next insert() throws nothing.
+  void make_room();
+  // Enters a member under its name, behind others of that name.
   void insert(MemberId id);
-  // Takes a member out; its name in the arena must still be the one it was entered under.
+  // Takes a member out; its name must still be the one it was entered under.
   void erase(MemberId id);
   // erase() and insert() in one.
   void requeue(MemberId id);
@@ -31,27 +38,55 @@ class NameIndex {
   // The first member of a name; 0 when there is none.
   MemberId find(std::string_view name) const { return find(name, hash(name)); }
   // The same for a caller who has the name's hash_text() at hand.
-  MemberId find(std::string_view name, uint32_t hash) const;
+  MemberId find(std::string_view name, uint32_t hash) const {
+    return table_[position(name, hash)].head;
+  }
+  // False when no name has this hash.
+  bool has_hash(uint32_t hash) const {
+    const Entry& entry = table_[first_from(hash)];
+    return entry.head != kNoMember && entry.hash == hash;
+  }
   // The next member of the same name as `id`; 0 after the last.
   MemberId next_of_same_name(MemberId id) const;
 
  private:
-  // Members of one name form a ring; its head, the oldest, stands in the chain of a bucket.
-  struct Node {
+  struct Entry {
     uint32_t hash = 0;
-    MemberId next_in_bucket = kNoMember;  // of a head
-    MemberId ring_next = kNoMember;
-    MemberId ring_previous = kNoMember;
+    MemberId head = kNoMember;  // the oldest member of the name; none: a free entry
+  };
+  // Members of one name form a ring when there are several.
+  struct Neighbours {
+    MemberId next = kNoMember;
+    MemberId previous = kNoMember;
   };
 
+  std::string_view name_of(MemberId id) const { return texts_.at(members_[id].name); }
   uint32_t hash(std::string_view name) const { return hash_text(name, case_sensitive_); }
-  MemberId& bucket(uint32_t hash) { return buckets_[hash & (buckets_.size() - 1)]; }
-  MemberId* slot_of_head(MemberId head);
+  // Where an entry of this hash stands when nothing is in its way.
+  static size_t home(uint32_t hash, size_t homes) {
+    return static_cast<size_t>(uint64_t{hash} * homes >> 32);
+  }
+  size_t home(uint32_t hash) const { return home(hash, homes_); }
+  // Of the first entry of this hash or a higher one, or of a free entry in front of it.
+  size_t first_from(uint32_t hash) const {
+    size_t at = home(hash);
+    while (table_[at].head != kNoMember && table_[at].hash < hash) ++at;
+    return at;
+  }
+  // Of the entry of a name, or of a free entry when there is none.
+  size_t position(std::string_view name, uint32_t hash) const;
+  void resize(size_t homes);
+  void insert_entry(Entry entry);
+  void erase_entry(size_t at);
+  void join_ring(MemberId head, MemberId id);
 
-  const MemberArena& members_;
+  const Chunks<Member>& members_;
+  const TextPool& texts_;
   bool case_sensitive_ = false;
-  std::vector<Node> nodes_;        // by member number
-  std::vector<MemberId> buckets_;  // heads of chains; a power of two of them
+  std::vector<Entry> table_;  // homes_ entries and some behind them; the last is always free
+  size_t homes_ = 0;
+  size_t names_ = 0;
+  SparseMap<Neighbours> rings_;
 };
 
 }  // namespace standin

@@ -7,17 +7,17 @@
 namespace standin {
 
 Outline::Outline() {
-  members_.grow();  // the root
-  names_.reserve(1);
+  members_.add();  // the root
   add_table(kDefaultTableName);
 }
 
 bool Outline::contains(MemberId id) const {
-  return id != kRoot && id < members_.size() && member(id).living;
+  return id != kRoot && id < members_.size() && member(id).name != kNoText;
 }
 
 void Outline::reserve(uint32_t count) {
-  names_.reserve(count + 1);
+  members_.reserve(count + 1);
+  names_.reserve(count);
 }
 
 bool Outline::is_within(MemberId id, MemberId ancestor) const {
@@ -38,7 +38,7 @@ MemberId Outline::look_up(std::string_view name, MemberId dimension) const {
   MemberId shared = kNoMember;
   for (MemberId id = find(name); id != kNoMember; id = next_of_same_name(id)) {
     if (dimension != kNoMember && member(id).dimension != dimension) continue;
-    if (member(id).properties.share_option != kShareShared) return id;
+    if (properties(id).share_option != kShareShared) return id;
     if (shared == kNoMember) shared = id;
   }
   return shared;
@@ -52,7 +52,7 @@ MemberId Outline::find_dimension(std::string_view name) const {
 
 MemberId Outline::first_dimension_of(int16_t category) const {
   for (const MemberId id : children(kRoot)) {
-    if (member(id).properties.dimension_category == category) return id;
+    if (properties(id).dimension_category == category) return id;
   }
   return kNoMember;
 }
@@ -92,16 +92,18 @@ void Outline::unlink(MemberId id) {
 }
 
 MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name) {
-  std::string copy(name);
-  names_.reserve(members_.size() + 1);
-  make_room(parent == kRoot ? members_.size() : member(parent).dimension,
-            member(parent).generation + 1);
-  const MemberId id = members_.grow();
-  Member& added = own(id);
-  added.name = std::move(copy);
-  added.living = true;
-  added.generation = member(parent).generation + 1;
-  added.dimension = parent == kRoot ? id : member(parent).dimension;
+  const MemberId id = members_.size();
+  const MemberId dimension = parent == kRoot ? id : member(parent).dimension;
+  const uint32_t generation = member(parent).generation + 1;
+  members_.reserve(id + 1);
+  names_.make_room();
+  make_room(dimension, generation);
+  const TextRef kept = texts_.keep(name);
+  // From here on nothing throws.
+  Member& added = own(members_.add());
+  added.name = kept;
+  added.generation = generation;
+  added.dimension = dimension;
   link(id, parent, previous);
   count_in(id);
   level_added(parent, id);
@@ -146,6 +148,7 @@ void Outline::remove(MemberId id) {
   // Removed members keep their links: the walk goes on over them.
   for (const MemberId removed : subtree(id)) erase(removed);
   if (was_dimension) drop_series_without_time();
+  pack_texts();
 }
 
 // Takes back what one member owns and what refers to it, except its links.
@@ -153,24 +156,28 @@ void Outline::erase(MemberId id) {
   names_.erase(id);
   count_out(id);
   drop_associations(id);
-  for (AliasTable& table : alias_tables_) table.aliases.erase(id);
+  const auto drop_text = [&](MemberMap& texts) {
+    texts_.drop(texts.at(id));
+    texts.set(id, kNoText);
+  };
+  for (AliasTable& table : alias_tables_) drop_text(table.aliases);
+  for (MemberMap& texts : member_texts_) drop_text(texts);
+  udas_.remove_all(id, [this](TextRef uda) { texts_.drop(uda); });
   dimension_names.erase(id);
   Member& removed = own(id);
-  removed.extra.reset();
-  std::string().swap(removed.name);
-  removed.living = false;
+  property_sets_.release(std::exchange(removed.properties, 0));
+  texts_.drop(std::exchange(removed.name, kNoText));
   --living_;
 }
 
 void Outline::rename(MemberId id, std::string_view name) {
-  std::string copy(name);
-  if (same_text(copy, member(id).name)) {
-    own(id).name = std::move(copy);  // the place among equal names stays
-    return;
-  }
-  names_.erase(id);
-  own(id).name = std::move(copy);
-  names_.insert(id);
+  const bool same_name = same_text(name, this->name(id));
+  if (!same_name) names_.make_room();
+  const TextRef kept = texts_.keep(name);
+  if (!same_name) names_.erase(id);
+  texts_.drop(std::exchange(own(id).name, kept));
+  if (!same_name) names_.insert(id);  // else the place among equal names stays
+  pack_texts();
 }
 
 void Outline::sort_children(MemberId parent, bool descending) {
@@ -184,8 +191,8 @@ void Outline::sort_children(MemberId parent, bool descending) {
   };
   const auto before = [&](MemberId a, MemberId b) {
     if (descending) std::swap(a, b);
-    const std::string& x = member(a).name;
-    const std::string& y = member(b).name;
+    const std::string_view x = name(a);
+    const std::string_view y = name(b);
     return std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(), byte_before);
   };
   std::stable_sort(order.begin(), order.end(), before);

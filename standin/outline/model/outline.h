@@ -10,12 +10,14 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "api/records.h"
-#include "standin/outline/model/member_arena.h"
+#include "standin/outline/model/association_links.h"
+#include "standin/outline/model/linked_lists.h"
+#include "standin/outline/model/member_map.h"
 #include "standin/outline/model/name_index.h"
+#include "standin/outline/model/property_sets.h"
 #include "standin/outline/model/walk.h"
 
 namespace standin {
@@ -25,10 +27,10 @@ inline constexpr char kDefaultTableName[] = "Default";
 // Position of an alias table in its outline.
 inline constexpr size_t kNoTable = SIZE_MAX;
 
-// Aliases of one table. Texts are kept as given.
+// Aliases of one table.
 struct AliasTable {
   std::string name;
-  std::unordered_map<MemberId, std::string> aliases;
+  MemberMap aliases;                                  // texts in the outline's pool
   std::map<std::string, std::string> series_aliases;  // by dynamic-time-series entry
 };
 
@@ -76,7 +78,7 @@ class Outline {
 
   // True for a living member, false for the root, a deleted member and an invented number.
   bool contains(MemberId id) const;
-  const Member& member(MemberId id) const { return members_.at(id); }
+  const Member& member(MemberId id) const { return members_[id]; }
   // Living members, without the root.
   uint32_t member_count() const { return living_; }
   // One above the highest MemberId used so far: the size for arrays indexed by MemberId.
@@ -125,7 +127,7 @@ class Outline {
 
   // ---- Names ----
 
-  std::string_view name(MemberId id) const { return member(id).name; }
+  std::string_view name(MemberId id) const { return texts_.at(member(id).name); }
 
   // The member that has had this name longest; 0 when there is none.
   MemberId find(std::string_view name) const { return names_.find(name); }
@@ -136,6 +138,8 @@ class Outline {
   MemberId look_up(std::string_view name, MemberId dimension = kNoMember) const;
   // The dimension of a name; 0 when there is none.
   MemberId find_dimension(std::string_view name) const;
+  // False when no name has this hash_text(): find() need not be asked.
+  bool has_name_hash(uint32_t hash) const { return names_.has_hash(hash); }
   // The member that comes after `id` in the order in which its name was taken; 0 after the last.
   MemberId next_of_same_name(MemberId id) const { return names_.next_of_same_name(id); }
   // Makes `id` the youngest holder of its name: calling it for all holders in turn sets their
@@ -150,7 +154,9 @@ class Outline {
 
   // ---- Details ----
 
-  const MemberProperties& properties(MemberId id) const { return member(id).properties; }
+  const MemberProperties& properties(MemberId id) const {
+    return property_sets_.at(member(id).properties);
+  }
   void set_properties(MemberId id, const MemberProperties& properties);
   // set_properties() and set_text() of what a record brings, all or nothing.
   void set_record(MemberId id, const MemberProperties& properties, std::string_view currency_member,
@@ -204,13 +210,12 @@ class Outline {
   std::string_view alias(size_t table, MemberId id) const;
   void set_alias(size_t table, MemberId id, std::string_view alias);
   void remove_alias(size_t table, MemberId id);
-  size_t alias_count(size_t table) const { return alias_tables_[table].aliases.size(); }
+  uint32_t alias_count(size_t table) const { return alias_tables_[table].aliases.count(); }
   // Calls `visit(member, alias)` for every alias of a table, in no order.
   template <typename Visit>
   void visit_aliases(size_t table, Visit&& visit) const {
-    for (const auto& [id, alias] : alias_tables_[table].aliases) {
-      visit(id, std::string_view(alias));
-    }
+    alias_tables_[table].aliases.visit(
+        [&](MemberId id, TextRef alias) { visit(id, texts_.at(alias)); });
   }
 
   // Aliases of time series, by entry name.
@@ -242,8 +247,11 @@ class Outline {
   };
 
   // The member itself, to be changed.
-  Member& own(MemberId id) { return members_.at(id); }
+  Member& own(MemberId id) { return members_[id]; }
   MemberId next_in_subtree(MemberId id, MemberId top) const;
+  void set_text(MemberMap& texts, MemberId id, std::string_view text);
+  TextRef uda_ref(MemberId id, std::string_view uda) const;
+  void pack_texts();
   void link(MemberId id, MemberId parent, MemberId previous);
   void unlink(MemberId id);
   void erase(MemberId id);
@@ -259,8 +267,13 @@ class Outline {
   void level_removed(MemberId parent, MemberId child);
   void invalidate_levels(MemberId id);
 
-  MemberArena members_;
-  NameIndex names_{members_};
+  Chunks<Member> members_;
+  TextPool texts_;
+  NameIndex names_{members_, texts_};
+  PropertySets property_sets_;
+  std::array<MemberMap, kTextKinds> member_texts_;  // by TextKind
+  LinkedLists udas_;                                // texts
+  AssociationLinks associations_;
   uint32_t living_ = 0;
   // Members per generation, by dimension; the dimension itself comes first, a zero never last.
   std::unordered_map<MemberId, std::vector<uint32_t>> generation_sizes_;

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "standin/outline/model/member_arena.h"
+#include "standin/outline/model/member.h"
 
 namespace standin {
 
