@@ -3,9 +3,10 @@
 // no virtual machine stand in plain_helpers.h.
 //
 // Rules that hold for all of them: `env` is the calling thread's and is not stored. A missing
-// class, method or constructor and a null object make a helper do nothing and return 0 or null;
-// Java exceptions are neither checked nor cleared. Returned Java objects are local references of
-// the caller. Texts are NUL-terminated API characters. Nothing is cached between calls.
+// class, method or constructor, a null object and a null name make a helper do nothing and return 0
+// or null; Java exceptions are neither checked nor cleared. Returned Java objects are local
+// references of the caller. Texts are NUL-terminated API characters. Nothing is cached between
+// calls.
 #pragma once
 
 #include <jni.h>

@@ -21,6 +21,7 @@ jobject construct(JNIEnv* env, const char* class_name, const char* signature, Va
 using namespace kepotl;
 
 jobject CreateSimpleObject(JNIEnv* env, const char* class_name) {
+  if (class_name == nullptr) return nullptr;
   jclass type = env->FindClass(class_name);
   if (type == nullptr) return nullptr;
   jmethodID constructor = env->GetMethodID(type, MNAME_CONSTRUCTOR, PTYPE_CONSTRUCTOR);

@@ -8,7 +8,7 @@ namespace {
 
 // The method of the object's own class, or null. JNI does not allow the class of a null reference.
 jmethodID find_method(JNIEnv* env, jobject object, const char* name, const char* signature) {
-  if (object == nullptr) return nullptr;
+  if (object == nullptr || name == nullptr) return nullptr;
   jclass type = env->GetObjectClass(object);
   return type == nullptr ? nullptr : env->GetMethodID(type, name, signature);
 }

@@ -51,7 +51,7 @@ jobject CreateMemberPropertiesObject(JNIEnv* env) {
 
 void CreateMemberAttributesObject(JNIEnv* env, jobject properties, const char* dimension,
                                   const char* member) {
-  if (properties == nullptr) return;
+  if (properties == nullptr || dimension == nullptr || member == nullptr) return;
   jclass type = env->GetObjectClass(properties);
   if (type == nullptr) return;
   jmethodID get_table = env->GetMethodID(type, "getAttributeTable", "()Ljava/util/Hashtable;");

@@ -1,5 +1,9 @@
 // Export of an alias table to a file, and import from one.
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -16,8 +20,37 @@ using testing::Not;
 class AliasFileTest : public NativeTest {
  protected:
   void TearDown() override {
-    std::remove(path.c_str());
+    std::filesystem::remove_all(path);
     NativeTest::TearDown();
+  }
+
+  // A table of more than a stream's buffer.
+  static void add_many_aliases() {
+    for (int i = 0; i < 300; ++i) {
+      const HMember member = api().add("Member " + std::to_string(i), api().find("Measures"));
+      api().member(member).aliases["Default"] = std::string(40, 'a');
+    }
+  }
+  // Puts another file behind the library's descriptor of the test's file. A descriptor of the
+  // latter's, to put back.
+  int put_behind(const char* other) const {
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+      std::error_code gone;
+      if (std::filesystem::read_symlink(entry, gone) != path) continue;
+      const int descriptor = std::stoi(entry.path().filename());
+      const int kept = dup(descriptor);
+      const int opened = open(other, O_RDWR);
+      dup2(opened, descriptor);
+      close(opened);
+      replaced_ = descriptor;
+      return kept;
+    }
+    ADD_FAILURE() << "The file is not open";
+    return -1;
+  }
+  void put_back(int kept) const {
+    dup2(kept, replaced_);
+    close(kept);
   }
 
   jint write(const char* table, HOutline outline = kOutline) {
@@ -49,6 +82,9 @@ class AliasFileTest : public NativeTest {
   const std::string path = temporary_path("aliases.alt");
   std::string wanted;
   std::string used;
+
+ private:
+  mutable int replaced_ = -1;
 };
 
 // ---- Export ----
@@ -89,14 +125,66 @@ TEST_F(AliasFileTest, ExportLeavesOutSubtreesOfUnreadableMembersAndEndsTheFile) 
   EXPECT_THAT(content(), testing::EndsWith("$END\n"));
 }
 
-TEST_F(AliasFileTest, FilesThatCannotBeOpenedOrWrittenAreRefused) {
-  EXPECT_EQ(on_outline(NATIVE(exportAliasTable), "x", "/no/such/folder/file"), kStatusRefused);
-  EXPECT_EQ(on_outline(NATIVE(exportAliasTable), "Default", "/dev/full"), kStatusRefused);
-  // A folder opens, but does not read.
-  for (const std::string& file : {std::string("/no/such/folder/file"), testing::TempDir()}) {
+// ---- Files that are not as they should be ----
+
+TEST_F(AliasFileTest, OnlyRegularFilesAreOpenedAndPipesAreNotWaitedFor) {
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  for (const std::string& file : {path, std::string("/no/such/folder/file"), testing::TempDir(),
+                                  std::string("/dev/null"), path + "\xC0\x80"}) {
+    EXPECT_EQ(on_outline(NATIVE(exportAliasTable), "Default", file), kStatusRefused) << file;
     EXPECT_EQ(on_outline(NATIVE(importAliasTable), file, java.buffer("x"), true, java.buffer("")),
-              kStatusRefused);
+              kStatusRefused)
+        << file;
   }
+  EXPECT_THAT(api_calls(), IsEmpty());
+}
+
+TEST_F(AliasFileTest, PathsAreTheSystemsUtf8) {
+  // As Java spells a character outside the basic plane, and a half of one.
+  const std::string folder = path + "/caf\xC3\xA9 ";
+  std::filesystem::create_directory(path);
+  EXPECT_EQ(on_outline(NATIVE(exportAliasTable), "Default",
+                       folder + "\xED\xA0\xBD\xED\xB8\x80\xED\xA0\xBD.alt"),
+            0);
+  EXPECT_TRUE(std::filesystem::exists(folder + "\xF0\x9F\x98\x80\xED\xA0\xBD.alt"));
+}
+
+TEST_F(AliasFileTest, WritesThatFailOnceOrAtTheEndAreToldOf) {
+  add_many_aliases();
+  for (const bool for_good : {false, true}) {
+    int kept = -1;
+    int calls = 0;
+    api().on_call = [&](const std::string&) {
+      if (++calls == 10) kept = put_behind("/dev/full");
+      // Long after a buffer was to be written, and long before the end.
+      if (calls == 1000 && !for_good) put_back(kept);
+    };
+    EXPECT_EQ(write("Default"), kStatusRefused);
+    EXPECT_GT(calls, 1000);
+    if (for_good) close(kept);
+  }
+}
+
+TEST_F(AliasFileTest, ReadsThatFailAreToldOfWhateverWasApplied) {
+  // A regular file that opens and does not read.
+  EXPECT_EQ(on_outline(NATIVE(importAliasTable), "/proc/self/mem", java.buffer("x"), true,
+                       java.buffer("")),
+            kStatusRefused);
+  api_calls();
+  std::string lines = "$ALT_NAME 'A'\nJan One\n";
+  while (lines.size() < 10000) lines += "Nowhere None\n";
+  api().on_call = [&](const std::string& function) {
+    if (function == "OlvOtlSetMemberAlias") close(put_behind("/proc/self/mem"));
+  };
+  EXPECT_EQ(read(lines + "$END\n", ""), kStatusRefused);
+  EXPECT_EQ(alias("Jan", "A"), "One");
+}
+
+TEST_F(AliasFileTest, ALostTableNameLeavesTheFileAsItIs) {
+  std::ofstream(path) << "kept";
+  has_memory = false;
+  EXPECT_EQ(write("Default"), kStatusRefused);
+  EXPECT_EQ(content(), "kept");
 }
 
 // ---- Import ----
@@ -183,9 +271,18 @@ TEST_F(AliasFileTest, LongFieldsSkipTheirLine) {
   EXPECT_EQ(read("h\n\"Jan\" \"" + longer + "\"\nFeb Two\n$END\n", "A"), 0);
   EXPECT_EQ(alias("Jan", "A"), "");
   EXPECT_EQ(alias("Feb", "A"), "Two");
-  // A table name passes whole; the API answers.
+  // A wanted table name passes whole; the API answers.
   EXPECT_EQ(read("h\n$END\n", longer.c_str()), 0);
   EXPECT_THAT(api_calls(), Contains("OlvOtlCreateAliasTable(outline, \"" + longer + "\")"));
+}
+
+TEST_F(AliasFileTest, ATableNameInTheFileThatIsTooLongRefusesTheImport) {
+  for (const size_t length : {256u, 2000u}) {
+    const std::string longer(length, 'x');
+    EXPECT_EQ(read("$ALT_NAME  '" + longer + "'\nJan One\n$END\n", "", true), kStatusRefused);
+    EXPECT_THAT(api_calls(), IsEmpty());
+    EXPECT_EQ(used, "");
+  }
 }
 
 }  // namespace

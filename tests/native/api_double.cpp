@@ -28,6 +28,7 @@ void ApiDouble::fail_function(const std::string& function, int status, int n) {
 
 int ApiDouble::record_call(const char* function, const std::vector<std::string>& arguments) {
   called_.push_back(function);
+  if (on_call) on_call(function);
   std::string line = std::string(function) + '(';
   for (size_t i = 0; i < arguments.size(); ++i) line += (i == 0 ? "" : ", ") + arguments[i];
   journal().add(Entry::kApi, line + ')');
@@ -120,6 +121,7 @@ void ApiDouble::clear_outline() {
   handed_out_ = 0;
   withheld_ = 0;
   withholds_all_ = false;
+  on_call = nullptr;
   leaves_junk_ = false;
   handing_out_.clear();
   locks.clear();

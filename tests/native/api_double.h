@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -96,6 +97,8 @@ class ApiDouble : public DoubleState {
   void withhold_all() { withholds_all_ = true; }
   // Blocks handed out or withheld since the reset.
   int handed_out() const { return handed_out_; }
+  // Runs at each call from now on, before it does anything.
+  std::function<void(const std::string& function)> on_call;
   // Functions called since the reset, in order.
   const std::vector<std::string>& called() const { return called_; }
 

@@ -87,6 +87,28 @@ TEST_F(BridgeTest, MissingMethodsAnswerNothing) {
   take_jni_warnings();
 }
 
+TEST_F(BridgeTest, HelpersThatAreGivenNullDoNothing) {
+  populateMemberInfoIDStruct(&probe, nullptr);
+  populateMemberInfo(kOutline, 0, nullptr, "New");
+  populateDimensionInfo(kOutline, 0, nullptr, "New");
+  EXPECT_EQ(CreateSimpleObject(&probe, nullptr), nullptr);
+  EXPECT_EQ(CreateMemberInfoObject(&probe, nullptr, nullptr), nullptr);
+  EXPECT_EQ(CreateMemberError(&probe, kOutline, nullptr), nullptr);
+  EXPECT_EQ(CreateAttributeDimension(0, kOutline, api().find("Year"), nullptr, 10), kStatusRefused);
+  CreateMemberAttributesObject(&probe, CreateMemberPropertiesObject(&probe), nullptr, "Can");
+  EXPECT_EQ(CallIntegerGetProperty(&probe, java.instance(), nullptr), 0);
+  EXPECT_EQ(CreateStringObject(&probe, nullptr), nullptr);
+  EXPECT_EQ(trimStr(nullptr), nullptr);
+  EXPECT_EQ(CallReadAliasTableHeader(nullptr, nullptr), nullptr);
+  EXPECT_EQ(CallReadMemberAliasLine(nullptr, nullptr, nullptr), 0);
+  CallLowercase(nullptr);
+  EXPECT_EQ(CallWriteAliasToFile(kOutline, api().find("Jan"), nullptr, nullptr), kStatusRefused);
+  EXPECT_EQ(CallGetChildrenAliasRecursive(kOutline, api().find("Year"), nullptr, nullptr),
+            kStatusRefused);
+  EXPECT_EQ(getLocalPathCandidate(kInst, kLocalContext, nullptr), nullptr);
+  EXPECT_THAT(api_calls(), IsEmpty());
+}
+
 TEST_F(BridgeTest, NumbersKeepTheirWidthAndSign) {
   EXPECT_EQ(java.string(CreateJavaLong(&probe, 4294967295u)), "4294967295");
   EXPECT_EQ(java.string(CreateJavaShort(&probe, -1)), "-1");

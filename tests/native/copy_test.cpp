@@ -283,4 +283,16 @@ TEST_F(CopyTest, AParentThatCannotBeReadCountsAsAncestor) {
   EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Year")), 1);
 }
 
+TEST_F(CopyTest, CountersWrapAround) {
+  const auto set = [&](const char* setter) { java.set(request, setter, "(I)V", jint{2147483647}); };
+  set("setCount");
+  set("setTotal");
+  api().member("Qtr1").info.childCount = 2147483647;
+  EXPECT_EQ(copy("Measures", "Qtr1", false), 0);
+  EXPECT_EQ(java.number(request, "getCount"), -2147483647 - 1);
+  EXPECT_EQ(java.number(request, "getTotal"), -2);
+  EXPECT_EQ(copy("Year", "Qtr1", true), 0);
+  EXPECT_EQ(java.number(request, "getTotal"), -2147483647 - 1);
+}
+
 }  // namespace

@@ -353,6 +353,10 @@ TEST_F(CategoryTest, AnAttributeDimensionCanReplaceARegularOne) {
   // The old dimension's deletion is not what is reported; a failed addition is.
   api().fail_function("OlvOtlAddDimension", 77);
   EXPECT_EQ(CreateAttributeDimension(0, kOutline, api().find("Year"), "Year", 10), 77);
+  // Nor does the old dimension go when the new one has no handle.
+  api().reset();
+  api().withhold_all();
+  EXPECT_EQ(CreateAttributeDimension(0, kOutline, api().find("Year"), "Year", 10), -1);
   EXPECT_NE(api().find("Year"), 0u);
 }
 

@@ -1,8 +1,10 @@
 // Opening, verifying, saving, restructuring and database state: what is asked of the API, in which
 // order, and what reaches Java.
 #include <cstdint>
+#include <cstring>
 #include <limits>
 
+#include "bridge/bridge.h"
 #include "tests/native/native_test.h"
 
 namespace {
@@ -262,6 +264,14 @@ TEST_F(LifecycleTest, CurrencyOutlineIsClosedWithoutALock) {
                                        "OlvLockObject(context, 1, \"App\", \"Db2\", \"Db2\")",
                                        "OlvOtlCloseOutline(currency)"));
   expected_locks.insert("App/Db2/Db2");
+}
+
+TEST_F(LifecycleTest, AScratchNameIsAllThatIsWritten) {
+  char name[128];
+  std::memset(name, 'x', sizeof name);
+  EXPECT_EQ(getLocalPathCandidate(kInst, kLocalContext, name), name);
+  EXPECT_STREQ(name, "E2");
+  EXPECT_EQ(std::string(name + 3, name + sizeof name), std::string(sizeof name - 3, 'x'));
 }
 
 }  // namespace

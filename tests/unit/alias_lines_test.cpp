@@ -4,7 +4,7 @@
 #include <string>
 
 #include "aliasfile/lines.h"
-#include "bridge/bridge.h"
+#include "bridge/plain_helpers.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "aliasfile/lines.h"
-#include "bridge/bridge.h"
+#include "bridge/plain_helpers.h"
 #include "tests/long_run.h"
 
 namespace {
