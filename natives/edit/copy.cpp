@@ -1,7 +1,7 @@
 // Copies a member with its subtree in batches: copyMember copies the root, each copyContinue the
 // next few members, mirroring a pre-order walk of the source onto the copy.
-#include "edit/copy.h"
 #include "bridge/native.h"
+#include "edit/copy_request.h"
 
 #include "bridge/scope.h"
 #include "browse/members.h"

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "bridge/java_int.h"
-#include "edit/copy.h"
+#include "edit/copy_request.h"
 #include "edit/edit.h"
 
 namespace kepotl {

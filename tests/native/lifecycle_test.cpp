@@ -257,15 +257,6 @@ TEST_F(LifecycleTest, CurrencyDatabaseIsDerivedWrittenRestructuredAndClosed) {
                           "OlvOtlCloseOutline(currency)"));
 }
 
-TEST_F(LifecycleTest, CurrencyOutlineIsClosedWithoutALock) {
-  api().locks.insert("App/Db2/Db2");
-  EXPECT_EQ(currency(), kLocked);
-  EXPECT_THAT(api_calls(), ElementsAre("OlvOtlGenerateCurrencyOutline(outline)",
-                                       "OlvLockObject(context, 1, \"App\", \"Db2\", \"Db2\")",
-                                       "OlvOtlCloseOutline(currency)"));
-  expected_locks.insert("App/Db2/Db2");
-}
-
 TEST_F(LifecycleTest, AScratchNameIsAllThatIsWritten) {
   char name[128];
   std::memset(name, 'x', sizeof name);

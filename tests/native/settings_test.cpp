@@ -153,13 +153,6 @@ TEST_F(SettingsTest, UpdatesReadTheValueOnlyAfterTheRecord) {
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
-TEST_F(SettingsTest, UpdatesWithoutARecordAreRefused) {
-  api().withhold_block(1);
-  EXPECT_EQ(on_outline(NATIVE(updateCaseSensitivity), jboolean{JNI_TRUE}), kStatusRefused);
-  api().withhold_block(1);
-  EXPECT_EQ(on_outline(NATIVE(updateSumMemberName), "New"), kStatusRefused);
-}
-
 // ---- Alias tables ----
 
 TEST_F(SettingsTest, AliasTableCallsSwapTheTwoNames) {

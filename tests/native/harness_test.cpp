@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class DetectorTest : public NativeTest {
+class HarnessTest : public NativeTest {
  protected:
   MemberInfoRecord* record() {
     MemberInfoRecord* info = nullptr;
@@ -35,20 +35,20 @@ class DetectorTest : public NativeTest {
 
 // ---- Ledger ----
 
-TEST_F(DetectorTest, LeakedRecord) {
+TEST_F(HarnessTest, LeakedRecord) {
   MemberInfoRecord* info = record();
   EXPECT_THAT(api().blocks_outstanding(), ElementsAre("Not given back: member record"));
   OlvOtlFreeStructure(kOutline, 1, kStructureMemberInfo, info);
 }
 
-TEST_F(DetectorTest, DoubleFree) {
+TEST_F(HarnessTest, DoubleFree) {
   char* text = formula();
   OlvFree(kInst, text);
   OlvFree(kInst, text);
   EXPECT_THAT(faults(), ElementsAre("Given back twice: formula"));
 }
 
-TEST_F(DetectorTest, WrongCodeFunctionOrCount) {
+TEST_F(HarnessTest, WrongCodeFunctionOrCount) {
   MemberInfoRecord* info = record();
   OlvOtlFreeStructure(kOutline, 1, kStructureAttributeSpec, info);
   OlvOtlFreeStructure(kOutline, 2, kStructureMemberInfo, info);
@@ -69,7 +69,7 @@ TEST_F(DetectorTest, WrongCodeFunctionOrCount) {
   OlvOtlFreeMembers(kOutline, counts.returned, members);
 }
 
-TEST_F(DetectorTest, ForeignBlockAndUnknownInstance) {
+TEST_F(HarnessTest, ForeignBlockAndUnknownInstance) {
   char own[] = "mine";
   OlvFree(kInst, own);
   EXPECT_THAT(faults(), ElementsAre(HasSubstr("never handed out")));
@@ -77,13 +77,13 @@ TEST_F(DetectorTest, ForeignBlockAndUnknownInstance) {
   EXPECT_THAT(faults(), ElementsAre(HasSubstr("unknown instance")));
 }
 
-TEST_F(DetectorTest, ReadAfterRelease) {
+TEST_F(HarnessTest, ReadAfterRelease) {
   char* text = formula();
   OlvFree(kInst, text);
   EXPECT_EQ(static_cast<unsigned char>(text[0]), 0xDD);
 }
 
-TEST_F(DetectorTest, NullTextAndEndlessText) {
+TEST_F(HarnessTest, NullTextAndEndlessText) {
   OlvOtlSetUserAttribute(kOutline, 0, nullptr);
   EXPECT_THAT(faults(), ElementsAre(HasSubstr("null text")));
   MemberInfoRecord info = {};
@@ -93,7 +93,7 @@ TEST_F(DetectorTest, NullTextAndEndlessText) {
   EXPECT_THAT(faults(), ElementsAre(HasSubstr("currencyMember")));
 }
 
-TEST_F(DetectorTest, OverwrittenReservedBytes) {
+TEST_F(HarnessTest, OverwrittenReservedBytes) {
   MemberInfoRecord info = api().member("Jan").info;
   info.reserved534[9] = 0;
   OlvOtlSetMemberInfoEx(kOutline, api().find("Jan"), &info, kMemberOption);
@@ -138,14 +138,14 @@ jint JNICALL leaves_exception(JNIEnv* env, jclass, jstring text) {
   return 0;
 }
 
-TEST_F(DetectorTest, StringsNotBalanced) {
+TEST_F(HarnessTest, StringsNotBalanced) {
   EXPECT_THAT(faults_of([](JNIEnv* env, jstring text) { env->GetStringUTFChars(text, nullptr); }),
               ElementsAre("String characters are not released: \"planted\""));
   EXPECT_THAT(faults_of(releases_twice), ElementsAre(HasSubstr("not held")));
   EXPECT_THAT(faults_of(releases_another), ElementsAre(HasSubstr("another string")));
 }
 
-TEST_F(DetectorTest, ForbiddenFunctions) {
+TEST_F(HarnessTest, ForbiddenFunctions) {
   EXPECT_THAT(faults_of(uses_other_functions),
               ElementsAre("JNI function not allowed: table entry 4",
                           "JNI function not allowed: table entry 21",
@@ -153,19 +153,19 @@ TEST_F(DetectorTest, ForbiddenFunctions) {
                           "JNI function not allowed: table entry 228"));
 }
 
-TEST_F(DetectorTest, NullAndForeignReferences) {
+TEST_F(HarnessTest, NullAndForeignReferences) {
   EXPECT_THAT(faults_of(passes_null), ElementsAre(HasSubstr("GetObjectClass of a null"),
                                                   HasSubstr("GetStringUTFChars of a null")));
   EXPECT_THAT(faults_of([](JNIEnv* env, jstring text) { env->DeleteLocalRef(text); }),
               ElementsAre(HasSubstr("did not make")));
 }
 
-TEST_F(DetectorTest, UnexpectedWarningOfTheVirtualMachine) {
+TEST_F(HarnessTest, UnexpectedWarningOfTheVirtualMachine) {
   EXPECT_THAT(faults_of(calls_with_exception_pending),
               ElementsAre(HasSubstr("JNI call made with exception pending")));
 }
 
-TEST_F(DetectorTest, AcceptedWarningsAreThoseOfTheThirteenFunctions) {
+TEST_F(HarnessTest, AcceptedWarningsAreThoseOfTheThirteenFunctions) {
   // What the warnings look like is the virtual machine's: see that it still makes them.
   jobject list = java.list();
   JniProbe probe(env_);
@@ -177,7 +177,7 @@ TEST_F(DetectorTest, AcceptedWarningsAreThoseOfTheThirteenFunctions) {
   probe.finish();
 }
 
-TEST_F(DetectorTest, PendingException) {
+TEST_F(HarnessTest, PendingException) {
   call(leaves_exception, "planted");
   EXPECT_THAT(faults(), ElementsAre(HasSubstr("NoSuchMethodError")));
 }

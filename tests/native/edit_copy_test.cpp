@@ -10,7 +10,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class CopyTest : public NativeTest {
+class EditCopyTest : public NativeTest {
  protected:
   jint copy(const char* target, const char* source, bool as_sibling) {
     return on_outline(NATIVE(copyMember), target, 0, source, 0, as_sibling, request, results);
@@ -63,7 +63,7 @@ class CopyTest : public NativeTest {
 
 // ---- One member ----
 
-TEST_F(CopyTest, AMemberIsAddedUnderATemporaryNameThenRenamedAndItsDetailsFollow) {
+TEST_F(EditCopyTest, AMemberIsAddedUnderATemporaryNameThenRenamedAndItsDetailsFollow) {
   EXPECT_EQ(copy("Tea", "Cola", true), 0);
   const std::vector<std::string> calls = api_calls();
   const auto added = std::find_if(calls.begin(), calls.end(), [](const std::string& line) {
@@ -98,7 +98,7 @@ TEST_F(CopyTest, AMemberIsAddedUnderATemporaryNameThenRenamedAndItsDetailsFollow
   EXPECT_EQ(java.number(request, "getLastTargetHandle"), static_cast<jint>(made));
 }
 
-TEST_F(CopyTest, TheRequestIsSetUpInOrder) {
+TEST_F(EditCopyTest, TheRequestIsSetUpInOrder) {
   EXPECT_EQ(copy("Qtr2", "Qtr1", false), 0);
   const std::string source = std::to_string(java.handle("Qtr1"));
   const std::string target = std::to_string(java.number(request, "getLastTargetHandle"));
@@ -109,7 +109,7 @@ TEST_F(CopyTest, TheRequestIsSetUpInOrder) {
                   "setFirstSourceHandle(" + source + ")"));
 }
 
-TEST_F(CopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {
+TEST_F(EditCopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {
   // Within accounts the accounting properties stay; elsewhere they go.
   EXPECT_EQ(copy("Sales", "Costs", true), 0);
   EXPECT_THAT(added_members(),
@@ -129,7 +129,7 @@ TEST_F(CopyTest, RecordsAreAdaptedToTheDimensionTheyLandIn) {
                                     "attributeType=255 ")));
 }
 
-TEST_F(CopyTest, ASharedMembersCopyIsNotShared) {
+TEST_F(EditCopyTest, ASharedMembersCopyIsNotShared) {
   EXPECT_EQ(copy("Cola", "Tea", true), 0);
   EXPECT_THAT(added_members(), ElementsAre(Not(HasSubstr("shareOption"))));
   api().member("Tea").info.shareOption = 3;
@@ -140,13 +140,13 @@ TEST_F(CopyTest, ASharedMembersCopyIsNotShared) {
   EXPECT_THAT(added_dimensions(), ElementsAre(Not(HasSubstr("shareOption"))));
 }
 
-TEST_F(CopyTest, AssociationsFollowWithinOneRegularDimensionOnly) {
+TEST_F(EditCopyTest, AssociationsFollowWithinOneRegularDimensionOnly) {
   EXPECT_EQ(copy("Jan", "Cola", true), 0);
   EXPECT_EQ(copy("Cola", "Tea", true), 0);
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Associated"))));
 }
 
-TEST_F(CopyTest, WhatCannotBeCopiedIsRefusedWithNothingChanged) {
+TEST_F(EditCopyTest, WhatCannotBeCopiedIsRefusedWithNothingChanged) {
   EXPECT_EQ(copy("Jan", "Year", true), kStatusCopyFailed);
   EXPECT_EQ(copy("Jan", "Qtr1", false), kStatusCopyFailed);
   EXPECT_EQ(copy("Jan", "Jan", false), kStatusCopyFailed);
@@ -156,7 +156,7 @@ TEST_F(CopyTest, WhatCannotBeCopiedIsRefusedWithNothingChanged) {
   EXPECT_EQ(copy("Jan", "Jan", true), 0);
 }
 
-TEST_F(CopyTest, ACopyThatCannotBeNamedIsRemoved) {
+TEST_F(EditCopyTest, ACopyThatCannotBeNamedIsRemoved) {
   api().refuse_rename = true;
   EXPECT_EQ(copy("Tea", "Cola", true), kStatusCopyFailed);
   EXPECT_EQ(api().find("KEPTempNameForCopy"), 0u);
@@ -165,7 +165,7 @@ TEST_F(CopyTest, ACopyThatCannotBeNamedIsRemoved) {
   EXPECT_THAT(calls_of("OlvOtlDeleteMemberEx(outline, "), ElementsAre("KEPTempNameForCopy, 3)"));
 }
 
-TEST_F(CopyTest, FailedWritesOfDetailsAreSkipped) {
+TEST_F(EditCopyTest, FailedWritesOfDetailsAreSkipped) {
   api().fail_function("OlvOtlSetUserAttribute", 77);
   api().fail_function("OlvOtlSetMemberCommentEx", 77);
   EXPECT_EQ(copy("Tea", "Cola", true), 0);
@@ -174,7 +174,7 @@ TEST_F(CopyTest, FailedWritesOfDetailsAreSkipped) {
 
 // ---- Copies out as dimensions ----
 
-TEST_F(CopyTest, ADimensionCopyTakesTheFirstFreeName) {
+TEST_F(EditCopyTest, ADimensionCopyTakesTheFirstFreeName) {
   api().add("Copy of Sales", api().find("Measures"));
   api().add("Copy (2) of Sales", api().find("Measures"));
   EXPECT_EQ(copy("Product", "Sales", true), 0);
@@ -190,7 +190,7 @@ TEST_F(CopyTest, ADimensionCopyTakesTheFirstFreeName) {
   EXPECT_EQ(java.number(request, "getTotal"), 1);
 }
 
-TEST_F(CopyTest, ADimensionCopyStartsFromTheSourcesDimension) {
+TEST_F(EditCopyTest, ADimensionCopyStartsFromTheSourcesDimension) {
   api().member("Product").info.timeBalance = 9;
   EXPECT_EQ(copy("Year", "Cola", true), 0);
   EXPECT_THAT(added_dimensions(),
@@ -204,7 +204,7 @@ TEST_F(CopyTest, ADimensionCopyStartsFromTheSourcesDimension) {
                                     "dimensionName=\"Pack\" attributeType=10 ")));
 }
 
-TEST_F(CopyTest, ADimensionNameThatDoesNotFitIsRefused) {
+TEST_F(EditCopyTest, ADimensionNameThatDoesNotFitIsRefused) {
   const std::string name(72, 'n');  // "Copy of " and this are 80 characters
   api().add(name, api().find("Measures"));
   EXPECT_EQ(copy("Year", name.c_str(), true), 0);
@@ -217,7 +217,7 @@ TEST_F(CopyTest, ADimensionNameThatDoesNotFitIsRefused) {
 
 // ---- Subtrees ----
 
-TEST_F(CopyTest, ASubtreeComesInBatchesOfFiveAndKeepsItsShape) {
+TEST_F(EditCopyTest, ASubtreeComesInBatchesOfFiveAndKeepsItsShape) {
   add_subtree();
   EXPECT_EQ(copy("Qtr2", "Root", false), 0);
   const HMember made = static_cast<HMember>(java.number(request, "getLastTargetHandle"));
@@ -231,7 +231,7 @@ TEST_F(CopyTest, ASubtreeComesInBatchesOfFiveAndKeepsItsShape) {
   EXPECT_EQ(shape(made), "Root(C0(D0 D1 D2) C1(D3 D4 D5) C2(D6 D7 D8))");
 }
 
-bool CopyTest::fail_and_go_on(int batch, int n) {
+bool EditCopyTest::fail_and_go_on(int batch, int n) {
   api().reset();
   journal().clear();
   request = java.make("api/outline/CopyRequest");
@@ -261,7 +261,7 @@ bool CopyTest::fail_and_go_on(int batch, int n) {
   return true;
 }
 
-TEST_F(CopyTest, AfterAnyFailureTheCopyGoesOnFromTheLastPair) {
+TEST_F(EditCopyTest, AfterAnyFailureTheCopyGoesOnFromTheLastPair) {
   int failures = 0;
   for (int batch = 0; batch < 3; ++batch) {
     bool called = true;
@@ -275,7 +275,7 @@ TEST_F(CopyTest, AfterAnyFailureTheCopyGoesOnFromTheLastPair) {
   EXPECT_GT(failures, 100);
 }
 
-TEST_F(CopyTest, AParentThatCannotBeReadCountsAsAncestor) {
+TEST_F(EditCopyTest, AParentThatCannotBeReadCountsAsAncestor) {
   api().fail_call(1, 77);
   EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Sales")), 1);
   EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Sales")), 0);
@@ -283,7 +283,7 @@ TEST_F(CopyTest, AParentThatCannotBeReadCountsAsAncestor) {
   EXPECT_EQ(IsCopySourceAncestorOfTarget(kOutline, api().find("Jan"), api().find("Year")), 1);
 }
 
-TEST_F(CopyTest, CountersWrapAround) {
+TEST_F(EditCopyTest, CountersWrapAround) {
   const auto set = [&](const char* setter) { java.set(request, setter, "(I)V", jint{2147483647}); };
   set("setCount");
   set("setTotal");

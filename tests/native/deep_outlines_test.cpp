@@ -38,7 +38,7 @@ void on_small_stack(Code code) {
   pthread_attr_destroy(&attributes);
 }
 
-class DepthTest : public NativeTest {
+class DeepOutlinesTest : public NativeTest {
  protected:
   void SetUp() override {
     NativeTest::SetUp();
@@ -58,7 +58,7 @@ class DepthTest : public NativeTest {
   HMember deepest = 0;
 };
 
-TEST_F(DepthTest, PathSearchReachesTheDeepestMember) {
+TEST_F(DeepOutlinesTest, PathSearchReachesTheDeepestMember) {
   // Found near the top: a path of 100,000 names would only test how -Xcheck:jni counts references.
   api().member("M10").aliases["Default"] = "needle";
   on_small_stack([](JNIEnv& probe, JavaObjects& objects) {
@@ -73,7 +73,7 @@ TEST_F(DepthTest, PathSearchReachesTheDeepestMember) {
             kLength + 2);
 }
 
-TEST_F(DepthTest, AliasExportWritesTheDeepestMember) {
+TEST_F(DeepOutlinesTest, AliasExportWritesTheDeepestMember) {
   api().member(deepest).aliases["Default"] = "needle";
   const std::string path = temporary_path("depth.alt");
   on_small_stack([&](JNIEnv& probe, JavaObjects& objects) {
@@ -90,7 +90,7 @@ TEST_F(DepthTest, AliasExportWritesTheDeepestMember) {
   std::remove(path.c_str());
 }
 
-TEST_F(DepthTest, RecursiveUdasReachTheDeepestMember) {
+TEST_F(DeepOutlinesTest, RecursiveUdasReachTheDeepestMember) {
   api().member(deepest).udas = {"needle"};
   on_small_stack([&](JNIEnv& probe, JavaObjects& objects) {
     jobject udas = objects.list();
@@ -99,7 +99,7 @@ TEST_F(DepthTest, RecursiveUdasReachTheDeepestMember) {
   });
 }
 
-TEST_F(DepthTest, FindRequestWalksTheChain) {
+TEST_F(DeepOutlinesTest, FindRequestWalksTheChain) {
   on_small_stack([](JNIEnv& probe, JavaObjects& objects) {
     jobject request = objects.make("api/outline/FindRequest");
     objects.set(request, "setText", "(Ljava/lang/String;)V", objects.text("M99999"));

@@ -10,7 +10,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class BrowseTest : public NativeTest {
+class BrowseListingsTest : public NativeTest {
  protected:
   // The setters that one builder sends for a member, without the receiver's name.
   std::vector<std::string> setters(const char* name, bool cached) {
@@ -36,7 +36,7 @@ class BrowseTest : public NativeTest {
 
 // ---- Member objects ----
 
-TEST_F(BrowseTest, BothBuildersSendTheSameSettersInOrder) {
+TEST_F(BrowseListingsTest, BothBuildersSendTheSameSettersInOrder) {
   MemberInfoRecord& info = api().member("Costs").info;
   info.shareOption = -3;
   info.attributeType = 4;
@@ -53,7 +53,7 @@ TEST_F(BrowseTest, BothBuildersSendTheSameSettersInOrder) {
   EXPECT_THAT(setters("Costs", true), expected);
 }
 
-TEST_F(BrowseTest, OnlyTheCachedBuilderSendsAttributed) {
+TEST_F(BrowseListingsTest, OnlyTheCachedBuilderSendsAttributed) {
   api().member("Product").info.storageType = 0;
   const auto expected = [&](auto... attributed) {
     return ElementsAre("setHoldExceptions(true)", "setHandle(" + number("Product") + ")",
@@ -67,7 +67,7 @@ TEST_F(BrowseTest, OnlyTheCachedBuilderSendsAttributed) {
   EXPECT_THAT(setters("Product", true), expected("setAttributed(true)"));
 }
 
-TEST_F(BrowseTest, HybridFlagsAreSentForDimensionsAndLeavesOnly) {
+TEST_F(BrowseListingsTest, HybridFlagsAreSentForDimensionsAndLeavesOnly) {
   const std::string descendants = "setHasHybridDescendants(true)";
   api().member("Qtr1").info.hybridFlag = 1;
   api().member("Feb").info.hybridFlag = 1;
@@ -86,7 +86,7 @@ TEST_F(BrowseTest, HybridFlagsAreSentForDimensionsAndLeavesOnly) {
   EXPECT_THAT(setters("Empty", true), Contains(descendants));
 }
 
-TEST_F(BrowseTest, BuildersRefuseNullRecordsAndCaches) {
+TEST_F(BrowseListingsTest, BuildersRefuseNullRecordsAndCaches) {
   JniProbe probe(env_);
   MemberInfoIDStruct none = {};
   MemberInfoRecord info = api().member("Jan").info;
@@ -109,12 +109,12 @@ TEST_F(BrowseTest, BuildersRefuseNullRecordsAndCaches) {
   EXPECT_EQ(calls.size(), 7u);
 }
 
-TEST_F(BrowseTest, UnknownDimensionLeavesItsHandleOut) {
+TEST_F(BrowseListingsTest, UnknownDimensionLeavesItsHandleOut) {
   api().fail_function("OlvOtlGetParent", 77);
   EXPECT_THAT(setters("Jan", true), Not(Contains(HasSubstr("setDimensionHandle"))));
 }
 
-TEST_F(BrowseTest, MemberInfoSendsTheWholePropertySet) {
+TEST_F(BrowseListingsTest, MemberInfoSendsTheWholePropertySet) {
   jobject properties = java.make("defs/OutlineMemberProperties");
   EXPECT_EQ(call(NATIVE(getMemberInfo), java.outline(), "Costs", properties), 0);
   EXPECT_THAT(
@@ -131,7 +131,7 @@ TEST_F(BrowseTest, MemberInfoSendsTheWholePropertySet) {
                                        "OlvOtlFreeMembers(outline, 0, query result)"));
 }
 
-TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
+TEST_F(BrowseListingsTest, ChildCountsAboveTheSignedRangeStayPositive) {
   api().member("Jan").info.childCount = 0xFFFFFFFF;
   EXPECT_THAT(setters("Jan", true), Contains("setChildCount(4294967295)"));
   EXPECT_EQ(on_outline(NATIVE(getMemberChildCount), "Jan", 0, list), 0);
@@ -140,7 +140,7 @@ TEST_F(BrowseTest, ChildCountsAboveTheSignedRangeStayPositive) {
 
 // ---- Names ----
 
-TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
+TEST_F(BrowseListingsTest, NamesOfDimensionsAndChildren) {
   EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), list), 0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), "Year", "Qtr1", list), 0);
@@ -151,13 +151,13 @@ TEST_F(BrowseTest, NamesOfDimensionsAndChildren) {
                                       "dimension=\"Year\"}, {})")));
 }
 
-TEST_F(BrowseTest, AQueryThatFindsNothingAddsNothing) {
+TEST_F(BrowseListingsTest, AQueryThatFindsNothingAddsNothing) {
   EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), "Year", "Jan", list), 0);
   EXPECT_EQ(call(NATIVE(getChildrenFor), java.outline(), "Year", "Nowhere", list), kNoSuchMember);
   EXPECT_EQ(java.elements(list), "[]");
 }
 
-TEST_F(BrowseTest, UnreadableMembersAreSkippedAndTheLastReadDecides) {
+TEST_F(BrowseListingsTest, UnreadableMembersAreSkippedAndTheLastReadDecides) {
   api().fail_function("OlvOtlGetMemberInfo", 77, 4);
   EXPECT_EQ(call(NATIVE(getDimensions), java.outline(), list), 77);
   EXPECT_EQ(java.elements(list), "[Year, Measures, Product]");
@@ -169,7 +169,7 @@ TEST_F(BrowseTest, UnreadableMembersAreSkippedAndTheLastReadDecides) {
   EXPECT_EQ(java.elements(second), "[Measures, Product, Pack]");
 }
 
-TEST_F(BrowseTest, AliasTextsAreQuotedPieces) {
+TEST_F(BrowseListingsTest, AliasTextsAreQuotedPieces) {
   EXPECT_EQ(on_outline(NATIVE(getDimensionsAlias), "Default", list), 0);
   EXPECT_EQ(live_strings, 0);
   EXPECT_EQ(java.elements(list),
@@ -180,7 +180,7 @@ TEST_F(BrowseTest, AliasTextsAreQuotedPieces) {
   EXPECT_EQ(java.elements(children), "[\"Jan\"\"The first month\", \"Feb\"\"\"]");
 }
 
-TEST_F(BrowseTest, AliasTextsWithoutATableAskForNoAlias) {
+TEST_F(BrowseListingsTest, AliasTextsWithoutATableAskForNoAlias) {
   EXPECT_EQ(on_outline(NATIVE(getDimensionsAlias), nullptr, list), 0);
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Alias"))));
   EXPECT_THAT(java.elements(list), HasSubstr("\"Year\"\"\"\"Time\""));
@@ -190,7 +190,7 @@ TEST_F(BrowseTest, AliasTextsWithoutATableAskForNoAlias) {
 
 // ---- Properties ----
 
-TEST_F(BrowseTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias) {
+TEST_F(BrowseListingsTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias) {
   api().member("Cola").aliases["Default"] = "Coke";
   EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{0x500000000},
                        1, list),
@@ -217,7 +217,7 @@ TEST_F(BrowseTest, PropertiesListingPassesStartAndCountAndAddsAttributesAndAlias
   EXPECT_EQ(calls.back(), "ArrayList.add(OutlineMemberProperties)");
 }
 
-TEST_F(BrowseTest, AttributeTableGetsDimensionAndMember) {
+TEST_F(BrowseListingsTest, AttributeTableGetsDimensionAndMember) {
   EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{0}, 1, list),
             0);
   EXPECT_EQ(live_strings, 0);
@@ -226,7 +226,7 @@ TEST_F(BrowseTest, AttributeTableGetsDimensionAndMember) {
 
 // ---- Member objects in listings ----
 
-TEST_F(BrowseTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
+TEST_F(BrowseListingsTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
   EXPECT_EQ(on_outline(NATIVE(getChildrenEx), nullptr, java.handle("Qtr1"), list), 0);
   EXPECT_THAT(java_calls(), Contains("DefaultMember.setHandle(" + number("Jan") + ")"));
   EXPECT_EQ(call(NATIVE(getChildrenExQuery), java.outline(), "Year", "Qtr1", list), 0);
@@ -235,7 +235,7 @@ TEST_F(BrowseTest, WalkedListingsKeepHandlesAndQueriedOnesDoNot) {
   EXPECT_EQ(calls.back(), "ArrayList.add(DefaultMember)");
 }
 
-TEST_F(BrowseTest, ChildrenAreWalkedFromTheGivenHandleOrTheName) {
+TEST_F(BrowseListingsTest, ChildrenAreWalkedFromTheGivenHandleOrTheName) {
   const auto children = [&](const char* name, jint handle) {
     return on_outline(NATIVE(getChildrenEx), name, handle, java.list());
   };
@@ -258,7 +258,7 @@ TEST_F(BrowseTest, ChildrenAreWalkedFromTheGivenHandleOrTheName) {
                   "OlvOtlGetNextSibling(outline, Costs)"));
 }
 
-TEST_F(BrowseTest, ListingsLookTheClassUpOncePerCall) {
+TEST_F(BrowseListingsTest, ListingsLookTheClassUpOncePerCall) {
   for (int i = 0; i < 50; ++i) api().add("Child" + std::to_string(i), api().find("Qtr2"));
   JniProbe probe(env_);
   NATIVE(getChildrenEx)
@@ -271,7 +271,7 @@ TEST_F(BrowseTest, ListingsLookTheClassUpOncePerCall) {
   probe.finish();
 }
 
-TEST_F(BrowseTest, FailedWalksKeepWhatWasAdded) {
+TEST_F(BrowseListingsTest, FailedWalksKeepWhatWasAdded) {
   api().fail_function("OlvOtlGetNextSibling", 77, 2);
   EXPECT_EQ(on_outline(NATIVE(getDimensionsEx), list), 77);
   EXPECT_EQ(java.number(list, "size"), 2);
@@ -279,14 +279,14 @@ TEST_F(BrowseTest, FailedWalksKeepWhatWasAdded) {
 
 // ---- Relatives ----
 
-TEST_F(BrowseTest, AncestorsComeNearestFirst) {
+TEST_F(BrowseListingsTest, AncestorsComeNearestFirst) {
   EXPECT_EQ(on_outline(NATIVE(getMemberAncestors), "Jan", 0, list), 0);
   EXPECT_THAT(calls_of("DefaultMember.setName("), ElementsAre("\"Qtr1\")", "\"Year\")"));
   EXPECT_EQ(on_outline(NATIVE(getMemberAncestors), nullptr, java.handle("Pack"), java.list()), 0);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
-TEST_F(BrowseTest, LevelAndChildCountAreBoxed) {
+TEST_F(BrowseListingsTest, LevelAndChildCountAreBoxed) {
   EXPECT_EQ(on_outline(NATIVE(getMemberLevel), "Year", 0, list), 0);
   EXPECT_EQ(on_outline(NATIVE(getMemberChildCount), "Jan", 0, list), 0);
   EXPECT_THAT(java_calls(), ElementsAre("new Short(2)", "ArrayList.add(Short 2)", "new Long(0)",

@@ -1,5 +1,4 @@
-// Member details (formulas, aliases, attributes, UDAs), singly and in blocks, and the light member
-// lists for calculation scripts.
+// Member details (formulas, aliases, attributes, UDAs), singly and in blocks.
 #include "bridge/bridge.h"
 #include "tests/native/native_test.h"
 
@@ -11,7 +10,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class DetailsTest : public NativeTest {
+class BrowseDetailsTest : public NativeTest {
  protected:
   template <typename Native>
   jint block(Native native, std::initializer_list<jobject> requests) {
@@ -26,7 +25,7 @@ class DetailsTest : public NativeTest {
 
 // ---- Formulas ----
 
-TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
+TEST_F(BrowseDetailsTest, FormulaIsSentWhereThereIsOne) {
   jobject target = java.make("defs/outline/DefaultMember");
   EXPECT_EQ(on_outline(NATIVE(getMemberFormula), "Nowhere", java.handle("Sales"), target), 0);
   EXPECT_EQ(on_outline(NATIVE(getMemberFormula), "Costs", 0, target), 0);
@@ -39,7 +38,7 @@ TEST_F(DetailsTest, FormulaIsSentWhereThereIsOne) {
                           "OlvOtlFreeMembers(outline, 1, query result)"));
 }
 
-TEST_F(DetailsTest, QueryFormsWithoutANameAskNothing) {
+TEST_F(BrowseDetailsTest, QueryFormsWithoutANameAskNothing) {
   jobject target = java.make("defs/outline/DefaultMember");
   EXPECT_EQ(on_outline(NATIVE(getMemberFormulaQuery), "", target), 0);
   EXPECT_EQ(on_outline(NATIVE(getMemberAliasesQuery), "", list), 0);
@@ -50,7 +49,7 @@ TEST_F(DetailsTest, QueryFormsWithoutANameAskNothing) {
 
 // ---- Aliases ----
 
-TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
+TEST_F(BrowseDetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
   EXPECT_EQ(on_outline(NATIVE(getMemberAliases), java.handle("Jan"), list), 0);
   EXPECT_THAT(java_calls(),
               ElementsAre("new MemberAlias()", "MemberAlias.setTableName(\"Default\")",
@@ -64,14 +63,14 @@ TEST_F(DetailsTest, EveryTableGivesAnAliasObjectAndTheLastOneTheStatus) {
   EXPECT_EQ(java.number(list, "size"), 6);
 }
 
-TEST_F(DetailsTest, WithoutTablesNothingComes) {
+TEST_F(BrowseDetailsTest, WithoutTablesNothingComes) {
   api().alias_tables.clear();
   EXPECT_EQ(on_outline(NATIVE(getMemberAliases), java.handle("Jan"), list), 0);
   EXPECT_EQ(block(NATIVE(getMemberAliasesBlock), {java.request("Jan")}), 0);
   EXPECT_THAT(java_calls(), IsEmpty());
 }
 
-TEST_F(DetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
+TEST_F(BrowseDetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
   jobject names = java.list(
       {java.text("Jan"), java.text(""), java.text("Nowhere"), nullptr, java.text("Year")});
   EXPECT_EQ(on_outline(NATIVE(getMemberAliasesForTable), "Long Names", names, list, JNI_FALSE), 0);
@@ -88,7 +87,7 @@ TEST_F(DetailsTest, AliasesForOneTableSkipWhatIsNotFound) {
 
 // ---- Attributes ----
 
-TEST_F(DetailsTest, AttributesGoBackAsAPlainBlock) {
+TEST_F(BrowseDetailsTest, AttributesGoBackAsAPlainBlock) {
   EXPECT_EQ(on_outline(NATIVE(getMemberAttributes), java.handle("Cola"), list), 0);
   EXPECT_THAT(all_calls(), ElementsAre(HasSubstr("InstanceHandle"), HasSubstr("OutlineHandle"),
                                        "OlvOtlGetMemberInfo(outline, Cola)",
@@ -104,7 +103,7 @@ TEST_F(DetailsTest, AttributesGoBackAsAPlainBlock) {
   EXPECT_THAT(api_calls(), Not(Contains(HasSubstr("Associated"))));
 }
 
-TEST_F(DetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
+TEST_F(BrowseDetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
   for (const char* name : {"Cola", "Product"}) {
     EXPECT_EQ(on_outline(NATIVE(getMemberAttributesQuery), name), 0);
   }
@@ -117,7 +116,7 @@ TEST_F(DetailsTest, AttributeQueryAsksDimensionsWithValuesOfTheirOwn) {
 
 // ---- UDAs ----
 
-TEST_F(DetailsTest, UdasAreReadEntryByEntry) {
+TEST_F(BrowseDetailsTest, UdasAreReadEntryByEntry) {
   api().member("Cola").udas = {std::string(80, 'u'), "", "Sweet"};
   EXPECT_EQ(on_outline(NATIVE(getMemberUDAS), nullptr, java.handle("Cola"), list), 0);
   EXPECT_EQ(java.elements(list), '[' + std::string(80, 'u') + ", , Sweet]");
@@ -128,7 +127,7 @@ TEST_F(DetailsTest, UdasAreReadEntryByEntry) {
                                     "dimension=\"Product\"}, {})"));
 }
 
-TEST_F(DetailsTest, RecursiveUdasComeInPreOrderAndPassFailures) {
+TEST_F(BrowseDetailsTest, RecursiveUdasComeInPreOrderAndPassFailures) {
   api().member("Product").udas = {"Top"};
   api().member("Tea").udas = {"Cold"};
   JniProbe probe(env_);
@@ -143,7 +142,7 @@ TEST_F(DetailsTest, RecursiveUdasComeInPreOrderAndPassFailures) {
 
 // ---- Blocks ----
 
-TEST_F(DetailsTest, BlockResultsCarryHandlesAndOnlyNamesThatWereGiven) {
+TEST_F(BrowseDetailsTest, BlockResultsCarryHandlesAndOnlyNamesThatWereGiven) {
   EXPECT_EQ(block(NATIVE(getMemberFormulaBlock),
                   {java.request(java.handle("Sales")), java.request("Nowhere"), java.request(""),
                    java.request("Costs")}),
@@ -161,13 +160,13 @@ TEST_F(DetailsTest, BlockResultsCarryHandlesAndOnlyNamesThatWereGiven) {
           "MemberRequestResult.setName(\"Costs\")", "ArrayList.add(MemberRequestResult)"));
 }
 
-TEST_F(DetailsTest, BlockKeepsTheLookUpsStatusWhenNothingFollows) {
+TEST_F(BrowseDetailsTest, BlockKeepsTheLookUpsStatusWhenNothingFollows) {
   EXPECT_EQ(block(NATIVE(getMemberUDASBlock), {java.request("Cola"), java.request("Nowhere")}),
             kNoSuchMember);
   EXPECT_EQ(java.number(list, "size"), 1);
 }
 
-TEST_F(DetailsTest, BlocksDifferInWhatMakesAResult) {
+TEST_F(BrowseDetailsTest, BlocksDifferInWhatMakesAResult) {
   const auto names = {java.request("Tea"), java.request("Cola")};
   EXPECT_EQ(block(NATIVE(getMemberAttributesBlock), names), 0);
   EXPECT_EQ(java.number(list, "size"), 1);
@@ -177,93 +176,6 @@ TEST_F(DetailsTest, BlocksDifferInWhatMakesAResult) {
   EXPECT_EQ(block(NATIVE(getMemberAliasesBlock), names), 0);
   EXPECT_EQ(java.number(list, "size"), 5);
   EXPECT_THAT(api_calls(), Contains("OlvOtlGetMemberAlias(outline, Cola, \"Codes\")"));
-}
-
-// ---- Calculation scripts ----
-
-TEST_F(DetailsTest, LightMembersCarryTheGivenParentName) {
-  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Qtr1", JNI_FALSE, "x", list), 0);
-  EXPECT_THAT(java_calls(), ElementsAre("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)",
-                                        "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)",
-                                        "new MemberInfo(\"Feb\", \"Qtr1\", 0, 0, false)",
-                                        "MemberInfo.setGenValue(3)", "ArrayList.add(MemberInfo)"));
-  EXPECT_EQ(live_strings, 0);
-}
-
-TEST_F(DetailsTest, LightMembersOfAttributeDimensionsCarryTheirType) {
-  api().member("Pack").info.dimensionCategory = -1;
-  EXPECT_EQ(
-      call(NATIVE(listFindMembers), java.outline(), nullptr, "Pack", JNI_FALSE, nullptr, list), 0);
-  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Pack", JNI_FALSE, nullptr, list), 0);
-  EXPECT_THAT(
-      java_calls(),
-      ElementsAre("new MemberInfo(\"Pack\", null, 65535, 2, false)", "MemberInfo.setGenValue(1)",
-                  "MemberInfo.setStorage(0)", "ArrayList.add(MemberInfo)",
-                  "new MemberInfo(\"Can\", \"Pack\", 6, 0, false)",
-                  "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
-                  "ArrayList.add(MemberInfo)", "new MemberInfo(\"Bottle\", \"Pack\", 6, 0, false)",
-                  "MemberInfo.setAttrDimDataType(255)", "MemberInfo.setGenValue(2)",
-                  "ArrayList.add(MemberInfo)"));
-}
-
-TEST_F(DetailsTest, ListedMembersAreRenamedToTheirAliases) {
-  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Qtr1", JNI_TRUE, "dEFAULT", list), 0);
-  EXPECT_THAT(
-      api_calls(),
-      ElementsAre("OlvOtlQueryMembersByName(outline, \"Qtr1\", {type=1 "
-                  "dimension=\"Qtr1\"}, {})",
-                  "OlvOtlGetMemberInfo(outline, Jan)", "OlvOtlGetMemberAlias(outline, Jan, null)",
-                  "OlvFree(inst, alias)", "OlvFree(inst, member record)",
-                  "OlvOtlGetMemberInfo(outline, Feb)", "OlvOtlGetMemberAlias(outline, Feb, null)",
-                  "OlvFree(inst, member record)", "OlvOtlFreeMembers(outline, 2, query result)"));
-}
-
-TEST_F(DetailsTest, FoundMembersCarryTheirParentsAlias) {
-  api().member("Qtr1").aliases["Long Names"] = "The first quarter";
-  EXPECT_EQ(
-      call(NATIVE(listFindMembers), java.outline(), "Year", "J*", JNI_TRUE, "Long Names", list), 0);
-  EXPECT_EQ(live_strings, 0);
-  EXPECT_THAT(journal().lines(Entry::kJava),
-              ElementsAre("OutlineHandle.getValue()",
-                          "new MemberInfo(\"Jan\", \"The first quarter\", 0, 0, false)",
-                          "MemberInfo.setGenValue(3)", "MemberInfo.setName(\"The first month\")",
-                          "ArrayList.add(MemberInfo)"));
-  EXPECT_THAT(api_calls(),
-              ElementsAre("OlvOtlQueryMembers(outline, 0, {type=12 options=2 dimension=\"Year\" "
-                          "pattern1=\"J*\" pattern2=\"Long Names\"}, {})",
-                          "OlvOtlGetMemberInfo(outline, Jan)",
-                          "OlvOtlQueryMembersByName(outline, \"Jan\", {type=7}, {})",
-                          "OlvOtlGetMemberInfo(outline, Qtr1)",
-                          "OlvOtlGetMemberAlias(outline, Qtr1, \"Long Names\")",
-                          "OlvFree(0, alias)", "OlvOtlGetMemberAlias(outline, Jan, \"Long Names\")",
-                          "OlvFree(0, alias)", "OlvOtlFreeStructure(outline, 1, 65, member record)",
-                          "OlvOtlFreeStructure(outline, 1, 65, member record)",
-                          "OlvOtlFreeMembers(outline, 1, query result)",
-                          "OlvOtlFreeMembers(outline, 1, query result)"));
-}
-
-TEST_F(DetailsTest, FoundMembersWithoutAParentsAliasCarryItsName) {
-  EXPECT_EQ(
-      call(NATIVE(listFindMembers), java.outline(), nullptr, "Jan", JNI_TRUE, "Default", list), 0);
-  EXPECT_THAT(java_calls(), Contains("new MemberInfo(\"Jan\", \"Qtr1\", 0, 0, false)"));
-  // An unreadable parent leaves no name, whatever its alias says.
-  api().member("Qtr1").aliases["Default"] = "Alias";
-  api().fail_function("OlvOtlGetMemberInfo", 77, 2);
-  EXPECT_EQ(
-      call(NATIVE(listFindMembers), java.outline(), nullptr, "Jan", JNI_TRUE, "Default", list), 0);
-  EXPECT_THAT(java_calls(), Contains("new MemberInfo(\"Jan\", null, 0, 0, false)"));
-}
-
-TEST_F(DetailsTest, AFailedAliasEndsTheListAfterItsMember) {
-  api().fail_function("OlvOtlGetMemberAlias", 77);
-  EXPECT_EQ(on_outline(NATIVE(listOutlineMembers), "Qtr1", JNI_TRUE, "Codes", list), 77);
-  EXPECT_EQ(java.number(list, "size"), 1);
-}
-
-TEST_F(DetailsTest, FindMemberTellsWhetherThereIsOne) {
-  EXPECT_EQ(call(NATIVE(findMember), java.outline(), "Jan"), JNI_TRUE);
-  EXPECT_EQ(call(NATIVE(findMember), java.outline(), "Nowhere"), JNI_FALSE);
-  EXPECT_EQ(call(NATIVE(findMember), java.outline(0), "Jan"), JNI_FALSE);
 }
 
 }  // namespace
