@@ -47,7 +47,6 @@ struct Context {
   HCTX handle = 0;
   INST instance = 0;
   bool local = false;       // objects kept on this machine, outside the store
-  std::string root;         // folder that holds <application>/<database>/<object>.otl
   std::string application;  // the active database, empty when none
   std::string database;
 };
@@ -55,23 +54,32 @@ struct Context {
 // Copies what is known of `handle` into `*context`; kBadContext when there is none.
 int find_context(HCTX handle, Context* context);
 
-// Path of an object's file after all names are checked (no separators, no dot names, at most 30
-// bytes, not empty). The file need not exist; for a local context its folder is made.
-int object_path(const Context& context, uint32_t type, const char* app, const char* db,
-                const char* object, std::string* path);
+// Has `ended` called after a context has ended, from now on. For one caller.
+void when_context_ends(void (*ended)(HCTX));
 
-// Path of the outline of the context's active database; kNoActiveDatabase when it has none.
-int active_outline_path(const Context& context, std::string* path);
+// ---- Stored outlines ----
 
-// ---- Locks of stored objects, shared by all processes on the store ----
+class Outline;
 
-int lock_object(const Context& context, uint32_t type, const char* app, const char* db,
-                const char* object);
-int unlock_object(const Context& context, uint32_t type, const char* app, const char* db,
-                  const char* object);
-// True when `context` itself holds the lock.
-bool holds_lock(const Context& context, uint32_t type, const char* app, const char* db,
-                const char* object);
+// Reads a stored outline into one that is new and empty. kNoSuchObject when there is none or
+// kNewerOutline when a later version of this engine wrote it, and the outline stays empty;
+// kDamagedOutline when anything in it is not as it was written, and the outline is of no use.
+int load_object(const ObjectDefinitionRecord& object, Outline* outline);
+// The same for the outline of the context's active database; kNoActiveDatabase when it has none.
+int load_active_outline(HCTX context, Outline* outline);
+
+// Stores an outline in place of what is there, durably, at once and whole, or fails and changes
+// nothing. kNotLocked unless the context holds the object's lock; local objects need none.
+int save_object(const ObjectDefinitionRecord& object, const Outline& outline);
+
+// Starts a process that writes the outline of the context's active database anew, with the index of
+// its members, and counts that. An outline that somebody stores meanwhile is the one that gets the
+// index; it is never replaced by an older one.
+int start_restructure(HCTX context);
+
+// Locks of objects are shared by all processes on the store and belong to a login.
+int lock_object(const ObjectDefinitionRecord& object);
+int unlock_object(const ObjectDefinitionRecord& object);
 
 // ---- Processes ----
 
@@ -79,8 +87,5 @@ bool holds_lock(const Context& context, uint32_t type, const char* app, const ch
 // process that uses the store, and a process that died counts as over. kProcessRunning when one
 // runs already for this context.
 int start_process(const Context& context, std::function<int()> work);
-
-// Notes in the store that the database has been restructured, for tests and for people to see.
-int mark_restructured(const Context& context, const std::string& app, const std::string& db);
 
 }  // namespace standin

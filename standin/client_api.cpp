@@ -1,6 +1,7 @@
 // The exported client API (api/olv.h).
 #include "api/olv.h"
 
+#include <algorithm>
 #include <chrono>
 #include <limits>
 
@@ -44,20 +45,18 @@ int OlvFree(INST inst, const void* block) {
 }
 
 int OlvLockObject(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object) {
-  return run_guarded(
-      [&] { return lock_object(describe(*require_state(ctx)), type, app, db, object); });
+  return lock_object({ctx, type, app, db, object});
 }
 
 int OlvUnlockObject(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object) {
-  return run_guarded(
-      [&] { return unlock_object(describe(*require_state(ctx)), type, app, db, object); });
+  return unlock_object({ctx, type, app, db, object});
 }
 
 int OlvSetActive(HCTX ctx, const char* app, const char* db, uint16_t* access) {
   return run_guarded([&] {
     if (access == nullptr) return static_cast<int>(kBadArgument);
     const auto state = require_login(ctx);
-    existing_database(describe(*state), app, db);
+    existing_database(*state, app, db);
     std::string application(app);
     std::string database(db);
     const std::lock_guard<std::mutex> lock(state->mutex);
@@ -98,10 +97,9 @@ int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, co
     if (path == nullptr || (flag != 0 && flag != 1)) return static_cast<int>(kBadArgument);
     const auto state = require_state(ctx);
     if (!state->local) return static_cast<int>(kBadContext);
-    const std::string file = object_file(describe(*state), type, app, db, object);
-    uint64_t size = 0;
-    if (flag == 0 && !object_size(file, &size)) return static_cast<int>(kNoSuchObject);
-    *path = hand_out_text(file);
+    const ObjectName name = object_name(*state, type, app, db, object);
+    if (flag == 0 && !state->store->object_size(name)) return static_cast<int>(kNoSuchObject);
+    *path = hand_out_text(state->store->local_path(name));
     return kStatusOk;
   });
 }
@@ -111,15 +109,14 @@ int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, c
   return run_guarded([&] {
     if (info == nullptr) return static_cast<int>(kBadArgument);
     const auto state = require_state(ctx);
-    const Context context = describe(*state);
-    const std::string file = object_file(context, type, app, db, object);
-    const bool locked = state->store->lock_holder(object_key(context, type, app, db, object)) != 0;
-    uint64_t size = 0;
+    const ObjectName name = object_name(*state, type, app, db, object);
+    const bool locked = state->store->lock_holder(name) != 0;
+    const std::optional<uint64_t> size = state->store->object_size(name);
     // An object that is locked but not written yet is there, with nothing in it.
-    if (!object_size(file, &size) && !locked) return static_cast<int>(kNoSuchObject);
+    if (!size && !locked) return static_cast<int>(kNoSuchObject);
     auto* record = hand_out_records<ObjectInfoRecord>(1);
     constexpr uint64_t kLargest = std::numeric_limits<uint32_t>::max();
-    record->size = static_cast<uint32_t>(size < kLargest ? size : kLargest);
+    record->size = static_cast<uint32_t>(std::min(size.value_or(0), kLargest));
     record->locked = locked ? 1 : 0;
     *info = record;
     return kStatusOk;
@@ -130,7 +127,7 @@ int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRe
   return run_guarded([&] {
     if (info == nullptr) return static_cast<int>(kBadArgument);
     const auto state = require_login(ctx);
-    const bool loaded = state->store->data_loaded(existing_database(describe(*state), app, db));
+    const bool loaded = state->store->data_loaded(existing_database(*state, app, db));
     auto* record = hand_out_records<DatabaseInfoRecord>(1);
     record->dataLoaded = loaded ? 1 : 0;
     *info = record;
@@ -141,12 +138,9 @@ int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRe
 int OlvPartitionGetAreaCellCount(HCTX ctx, const char* area, double* count) {
   return run_guarded([&] {
     if (area == nullptr || count == nullptr) return static_cast<int>(kBadArgument);
-    const Context context = describe(*require_login(ctx));
-    std::string file;
-    require(active_outline_path(context, &file));
-    uint64_t size = 0;
-    if (!object_size(file, &size)) return static_cast<int>(kNoSuchObject);
-    *count = count_cells(file, parse_area(area));
+    const auto state = require_login(ctx);
+    const StoredObject outline = state->store->read(active_outline(*state));
+    *count = count_cells(outline.file, parse_area(area));
     return kStatusOk;
   });
 }

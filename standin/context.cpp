@@ -2,11 +2,11 @@
 // instances and contexts don't overlap, so that one is not taken for the other.
 #include "standin/context.h"
 
+#include <atomic>
 #include <map>
 #include <vector>
 
 #include "standin/guard.h"
-#include "standin/object.h"
 
 namespace standin {
 namespace {
@@ -29,6 +29,9 @@ Registry& registry() {
   return *the_registry;
 }
 
+// Who wants to know that a context has ended.
+std::atomic<void (*)(HCTX)> context_ended{nullptr};
+
 // Enters a context unless its instance has ended meanwhile.
 HCTX enter(const std::shared_ptr<ContextState>& state) {
   Registry& all = registry();
@@ -42,18 +45,14 @@ HCTX enter(const std::shared_ptr<ContextState>& state) {
 std::shared_ptr<ContextState> new_context(INST instance) {
   auto state = std::make_shared<ContextState>();
   state->instance = instance;
-  Registry& all = registry();
-  const std::lock_guard<std::mutex> lock(all.mutex);
-  const auto found = all.instances.find(instance);
-  if (found == all.instances.end()) throw StoreFailure(kBadInstance);
-  state->store = found->second;
+  state->store = require_store(instance);
   return state;
 }
 
 }  // namespace
 
 INST add_instance(const std::string& folder) {
-  auto store = std::make_shared<Store>(folder);
+  auto store = open_store(folder);
   Registry& all = registry();
   const std::lock_guard<std::mutex> lock(all.mutex);
   all.instances.emplace(all.next_instance, std::move(store));
@@ -84,21 +83,23 @@ bool is_instance(INST instance) {
   return all.instances.count(instance) != 0;
 }
 
+std::shared_ptr<Store> require_store(INST instance) {
+  Registry& all = registry();
+  const std::lock_guard<std::mutex> lock(all.mutex);
+  const auto found = all.instances.find(instance);
+  if (found == all.instances.end()) throw StoreFailure(kBadInstance);
+  return found->second;
+}
+
 HCTX add_login_context(INST instance, const std::string& user) {
   const auto state = new_context(instance);
-  state->login = state->store->add_login(user);
-  try {
-    return enter(state);
-  } catch (...) {
-    state->store->remove_login(state->login);
-    throw;
-  }
+  state->user = user;
+  return enter(state);
 }
 
 HCTX add_local_context(INST instance) {
   const auto state = new_context(instance);
   state->local = true;
-  make_folder(state->store->folder() + '/' + kClientFolder);
   return enter(state);
 }
 
@@ -113,7 +114,9 @@ int remove_context(HCTX handle) {
     all.contexts.erase(found);
   }
   close_process(state->process);
+  if (auto* const tell = context_ended.load()) tell(handle);
   const std::lock_guard<std::mutex> lock(state->mutex);
+  state->ended = true;
   if (state->login == 0) return kStatusOk;
   return run_guarded([&] {
     state->store->remove_login(state->login);
@@ -145,12 +148,26 @@ Context describe(ContextState& state) {
   context.handle = state.handle;
   context.instance = state.instance;
   context.local = state.local;
-  context.root = state.store->folder();
-  if (state.local) (context.root += '/') += kClientFolder;
   const std::lock_guard<std::mutex> lock(state.mutex);
   context.application = state.application;
   context.database = state.database;
   return context;
+}
+
+int64_t known_login(ContextState& state) {
+  const std::lock_guard<std::mutex> lock(state.mutex);
+  return state.login;
+}
+
+int64_t require_known_login(ContextState& state) {
+  const std::lock_guard<std::mutex> lock(state.mutex);
+  if (state.ended) throw StoreFailure(kBadContext);
+  if (state.login == 0) state.login = state.store->add_login(state.user);
+  return state.login;
+}
+
+void when_context_ends(void (*ended)(HCTX)) {
+  context_ended = ended;
 }
 
 int find_context(HCTX handle, Context* context) {

@@ -31,7 +31,9 @@ struct ContextState {
   bool local = false;
   std::shared_ptr<Store> store;
   std::mutex mutex;
-  int64_t login = 0;  // in the store; a local context gets one with its first lock
+  std::string user;    // empty for a local context
+  int64_t login = 0;   // in the store, from the first lock or process on; 0 before
+  bool ended = false;  // nothing may be locked any more
   std::string application;
   std::string database;
   ContextProcess process;
@@ -42,6 +44,8 @@ INST add_instance(const std::string& folder);
 // Ends an instance with all its contexts; kBadInstance when there is none.
 int remove_instance(INST instance);
 bool is_instance(INST instance);
+// Throws kBadInstance when there is none.
+std::shared_ptr<Store> require_store(INST instance);
 
 // Logs `user` in; throws StoreFailure.
 HCTX add_login_context(INST instance, const std::string& user);
@@ -58,6 +62,11 @@ std::shared_ptr<ContextState> require_login(HCTX handle);
 
 // Copies what is known of a context.
 Context describe(ContextState& state);
+
+// The context's login in the store, 0 when it has needed none yet; and one that is made when there
+// is none.
+int64_t known_login(ContextState& state);
+int64_t require_known_login(ContextState& state);
 
 // Waits until the context's process is over and lets it start no other.
 void close_process(ContextProcess& process);

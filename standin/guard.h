@@ -22,9 +22,20 @@ class StoreFailure : public std::exception {
 };
 
 // The status for an error number of the system: kNoSpace for a full disk, a quota and the largest
-// file size, kStoreError for any other.
+// file size, kNotPermitted where this user may not go, kStoreError for any other.
 inline int status_of_error(int error) {
-  return error == ENOSPC || error == EDQUOT || error == EFBIG ? kNoSpace : kStoreError;
+  switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return kNoSpace;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return kNotPermitted;
+    default:
+      return kStoreError;
+  }
 }
 
 // Throws StoreFailure when `status` is not 0.

@@ -1,23 +1,16 @@
-// Names are checked before they become paths, and links within the store are never followed, so
-// that nothing outside the store's folder is reached.
+// Names are checked before they reach the store. What libolvotl.so does with stored outlines and
+// their locks (client.h).
 #include "standin/object.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
 
-#include "standin/context.h"
 #include "standin/guard.h"
-#include "standin/store.h"
+#include "standin/outline/file/stored_outline.h"
 
 namespace standin {
 namespace {
 
 constexpr size_t kMaxObjectName = 30;
-constexpr char kOutlineSuffix[] = ".otl";
 
 void check_name(const char* name) {
   if (name == nullptr) throw StoreFailure(kBadArgument);
@@ -31,43 +24,25 @@ void check_name(const char* name) {
   }
 }
 
-[[noreturn]] void fail(int error) {
-  throw StoreFailure(status_of_error(error));
-}
+// An object that a caller names, with the context that it belongs to.
+struct NamedObject {
+  explicit NamedObject(const ObjectDefinitionRecord& record)
+      : state(require_state(record.context)),
+        name(object_name(*state, record.objectType, record.applicationName, record.databaseName,
+                         record.objectName)) {}
 
-// False when there is nothing at `path`.
-bool read_state(const std::string& path, struct stat* state) {
-  if (lstat(path.c_str(), state) == 0) return true;
-  if (errno != ENOENT && errno != ENOTDIR) fail(errno);
-  return false;
-}
+  Store& store() const { return *state->store; }
 
-bool is_folder(const std::string& path) {
-  struct stat state {};
-  return read_state(path, &state) && S_ISDIR(state.st_mode);
-}
+  std::shared_ptr<ContextState> state;
+  ObjectName name;
+};
 
-// Makes a folder and writes its entry in the parent to the disk; false when something is there.
-bool create_folder(const std::string& path) {
-  if (mkdir(path.c_str(), 0777) != 0) {
-    if (errno == EEXIST) return false;
-    fail(errno);
-  }
-  const std::string parent = path.substr(0, path.rfind('/') + 1);
-  const int descriptor = open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) fail(errno);
-  const int synced = fsync(descriptor);
-  const int error = errno;
-  close(descriptor);
-  if (synced != 0) fail(error);
-  return true;
+void load(Store& store, const ObjectName& object, Outline* outline) {
+  const StoredObject stored = store.read(object);
+  require(load_outline(stored.file, outline));
 }
 
 }  // namespace
-
-void make_folder(const std::string& path) {
-  if (!create_folder(path) && !is_folder(path)) throw StoreFailure(kStoreError);
-}
 
 std::string database_name(const char* app, const char* db) {
   check_name(app);
@@ -75,100 +50,94 @@ std::string database_name(const char* app, const char* db) {
   return std::string(app) + '/' + db;
 }
 
-std::string existing_database(const Context& context, const char* app, const char* db) {
+std::string existing_database(const ContextState& state, const char* app, const char* db) {
   std::string name = database_name(app, db);
-  const std::string application = context.root + '/' + app;
-  const std::string database = context.root + '/' + name;
-  if (context.local) {
-    make_folder(application);
-    make_folder(database);
-  } else if (!is_folder(application) || !is_folder(database)) {
-    throw StoreFailure(kNoSuchDatabase);
-  }
+  if (!state.store->has_database(name, state.local)) throw StoreFailure(kNoSuchDatabase);
   return name;
 }
 
-void make_database(const Context& context, const char* app, const char* db) {
-  const std::string name = database_name(app, db);
-  make_folder(context.root + '/' + app);
-  if (!create_folder(context.root + '/' + name)) throw StoreFailure(kDatabaseExists);
-}
-
-std::string object_file(const Context& context, uint32_t type, const char* app, const char* db,
-                        const char* object) {
+ObjectName object_name(const ContextState& state, uint32_t type, const char* app, const char* db,
+                       const char* object) {
   if (type != kObjectTypeOutline) throw StoreFailure(kBadArgument);
   check_name(object);
-  return context.root + '/' + existing_database(context, app, db) + '/' + object + kOutlineSuffix;
+  return {existing_database(state, app, db), object, state.local};
 }
 
-std::string object_key(const Context& context, uint32_t type, const char* app, const char* db,
-                       const char* object) {
-  const std::string file = object_file(context, type, app, db, object).substr(context.root.size());
-  return context.local ? kClientFolder + file : file.substr(1);
-}
-
-bool object_size(const std::string& file, uint64_t* size) {
-  struct stat state {};
-  if (!read_state(file, &state)) return false;
-  if (!S_ISREG(state.st_mode)) throw StoreFailure(kStoreError);
-  *size = static_cast<uint64_t>(state.st_size);
-  return true;
-}
-
-int object_path(const Context& context, uint32_t type, const char* app, const char* db,
-                const char* object, std::string* path) {
-  if (path == nullptr) return kBadArgument;
-  return run_guarded([&] {
-    std::string file = object_file(context, type, app, db, object);
-    struct stat state {};
-    // A link would lead out of the store.
-    if (read_state(file, &state) && !S_ISREG(state.st_mode)) return static_cast<int>(kStoreError);
-    *path = std::move(file);
-    return kStatusOk;
-  });
-}
-
-int active_outline_path(const Context& context, std::string* path) {
-  if (context.database.empty()) return kNoActiveDatabase;
+ObjectName active_outline(ContextState& state) {
+  const Context context = describe(state);
+  if (context.database.empty()) throw StoreFailure(kNoActiveDatabase);
   const char* const database = context.database.c_str();
-  return object_path(context, kObjectTypeOutline, context.application.c_str(), database, database,
-                     path);
+  return object_name(state, kObjectTypeOutline, context.application.c_str(), database, database);
 }
 
-int lock_object(const Context& context, uint32_t type, const char* app, const char* db,
-                const char* object) {
+int load_object(const ObjectDefinitionRecord& object, Outline* outline) {
   return run_guarded([&] {
-    const std::string key = object_key(context, type, app, db, object);
-    const auto state = require_state(context.handle);
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    if (state->login == 0) state->login = state->store->add_login("");
-    state->store->lock(state->login, key);
+    const NamedObject named(object);
+    load(named.store(), named.name, outline);
     return kStatusOk;
   });
 }
 
-int unlock_object(const Context& context, uint32_t type, const char* app, const char* db,
-                  const char* object) {
+int load_active_outline(HCTX context, Outline* outline) {
   return run_guarded([&] {
-    const std::string key = object_key(context, type, app, db, object);
-    const auto state = require_state(context.handle);
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    state->store->unlock(state->login, key);
+    const auto state = require_state(context);
+    load(*state->store, active_outline(*state), outline);
     return kStatusOk;
   });
 }
 
-bool holds_lock(const Context& context, uint32_t type, const char* app, const char* db,
-                const char* object) {
-  bool holds = false;
-  run_guarded([&] {
-    const std::string key = object_key(context, type, app, db, object);
-    const auto state = require_state(context.handle);
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    holds = state->login != 0 && state->store->lock_holder(key) == state->login;
+int save_object(const ObjectDefinitionRecord& object, const Outline& outline) {
+  return run_guarded([&] {
+    const NamedObject named(object);
+    const int64_t login = known_login(*named.state);
+    // Told before the work of writing, too; what counts is the moment of publishing.
+    if (!named.name.local && (login == 0 || named.store().lock_holder(named.name) != login)) {
+      return static_cast<int>(kNotLocked);
+    }
+    const auto pending = named.store().replace(named.name);
+    write_outline(outline, pending->file());
+    pending->publish(login);
     return kStatusOk;
   });
-  return holds;
+}
+
+int start_restructure(HCTX context) {
+  return run_guarded([&] {
+    const auto state = require_login(context);
+    const ObjectName object = active_outline(*state);
+    if (!state->store->object_size(object)) return static_cast<int>(kNoSuchObject);
+    return start_process(describe(*state), [store = state->store, object] {
+      for (;;) {
+        const StoredObject seen = store->read(object);
+        Outline outline;
+        require(load_outline(seen.file, &outline));
+        const auto pending = store->replace(object);
+        write_outline_with_index(outline, pending->file());
+        if (pending->publish_over(seen.version)) break;
+        // Replaced while we read or wrote: the newer outline is the one to take.
+      }
+      store->count_restructure(object.database);
+      return kStatusOk;
+    });
+  });
+}
+
+int lock_object(const ObjectDefinitionRecord& object) {
+  return run_guarded([&] {
+    const NamedObject named(object);
+    named.store().lock(require_known_login(*named.state), named.name);
+    return kStatusOk;
+  });
+}
+
+int unlock_object(const ObjectDefinitionRecord& object) {
+  return run_guarded([&] {
+    const NamedObject named(object);
+    const int64_t login = known_login(*named.state);
+    if (login == 0) return static_cast<int>(kNotLocked);
+    named.store().unlock(login, named.name);
+    return kStatusOk;
+  });
 }
 
 }  // namespace standin

@@ -31,14 +31,14 @@ int start_process(const Context& context, std::function<int()> work) {
     const auto state = require_login(context.handle);
     if (context.application.empty()) return static_cast<int>(kNoActiveDatabase);
     const std::string database =
-        existing_database(context, context.application.c_str(), context.database.c_str());
+        existing_database(*state, context.application.c_str(), context.database.c_str());
 
     ContextProcess& process = state->process;
     const std::lock_guard<std::mutex> lock(process.mutex);
     if (process.closed) return static_cast<int>(kBadContext);
     if (process.running) return static_cast<int>(kProcessRunning);
     if (process.thread.joinable()) process.thread.join();
-    const int64_t login = state->login;
+    const int64_t login = require_known_login(*state);
     state->store->begin_process(login, database);
     try {
       process.thread = std::thread(run_process, state, login, std::move(work));
@@ -60,14 +60,6 @@ void close_process(ContextProcess& process) {
     process.over.wait(lock, [&] { return !process.running; });
   }
   if (process.thread.joinable()) process.thread.join();
-}
-
-int mark_restructured(const Context& context, const std::string& app, const std::string& db) {
-  return run_guarded([&] {
-    const auto state = require_login(context.handle);
-    state->store->count_restructure(database_name(app.c_str(), db.c_str()));
-    return kStatusOk;
-  });
 }
 
 }  // namespace standin

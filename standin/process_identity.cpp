@@ -1,12 +1,20 @@
 // Process identities from /proc.
 #include "standin/process_identity.h"
 
+#include <sys/random.h>
+#include <sys/utsname.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cinttypes>
 #include <csignal>
+#include <cstdio>
 #include <fstream>
+#include <mutex>
 #include <sstream>
+
+#include "standin/guard.h"
 
 namespace standin {
 namespace {
@@ -38,11 +46,20 @@ bool read_stat(int64_t pid, ProcessStat* stat) {
   return true;
 }
 
+std::string first_line(const char* path) {
+  std::ifstream file(path);
+  std::string line;
+  std::getline(file, line);
+  return line;
+}
+
 std::string boot_identifier() {
-  std::ifstream file("/proc/sys/kernel/random/boot_id");
-  std::string boot;
-  std::getline(file, boot);
-  return boot;
+  return first_line("/proc/sys/kernel/random/boot_id");
+}
+
+std::string host_name() {
+  utsname names{};
+  return uname(&names) == 0 ? names.nodename : "";
 }
 
 std::string pid_namespace() {
@@ -51,21 +68,45 @@ std::string pid_namespace() {
   return length < 0 ? std::string() : std::string(target, static_cast<size_t>(length));
 }
 
+int64_t start_time(int64_t pid) {
+  ProcessStat stat;
+  return read_stat(pid, &stat) ? stat.started : 0;
+}
+
+// The mark of this process; a child from a fork has one of its own.
+std::string own_mark() {
+  static std::mutex mutex;
+  static pid_t process = 0;
+  static auto* mark = new std::string;  // threads may outlive the exit handlers
+  const std::lock_guard<std::mutex> lock(mutex);
+  if (process != getpid()) {
+    *mark = new_mark();
+    process = getpid();
+  }
+  return *mark;
+}
+
 }  // namespace
 
 ProcessIdentity this_process() {
   ProcessIdentity self;
+  self.host = host_name();
+  self.machine = first_line("/etc/machine-id");
   self.boot = boot_identifier();
   self.pid_space = pid_namespace();
   self.pid = getpid();
-  ProcessStat stat;
-  if (read_stat(self.pid, &stat)) self.started = stat.started;
+  self.started = start_time(self.pid);
+  self.mark = own_mark();
   return self;
 }
 
 bool is_alive(const ProcessIdentity& process) {
-  if (process.boot != boot_identifier()) return false;
+  if (process.boot != boot_identifier()) {
+    // An earlier run of this machine, or a machine that is not to be judged from here.
+    return process.host != host_name() || process.machine != first_line("/etc/machine-id");
+  }
   if (process.pid_space != pid_namespace()) return true;
+  if (process.pid == getpid()) return process.mark == own_mark();
   ProcessStat stat;
   if (!read_stat(process.pid, &stat)) {
     // Processes of other users may be hidden from /proc.
@@ -75,6 +116,28 @@ bool is_alive(const ProcessIdentity& process) {
   // A process whose first thread has ended lives on while it has others.
   const bool ended = stat.state == 'Z' || stat.state == 'X';
   return !ended || stat.threads > 1;
+}
+
+std::string new_mark() {
+  uint64_t random[2];
+  if (getrandom(random, sizeof random, 0) != ssize_t{sizeof random})
+    throw StoreFailure(kStoreError);
+  // "pid:[4026531836]", of which the number tells the namespace.
+  std::string space = pid_namespace();
+  space.erase(std::remove_if(space.begin(), space.end(), [](char c) { return c < '0' || c > '9'; }),
+              space.end());
+  char mark[128];
+  std::snprintf(mark, sizeof mark, "%s-%d-%" PRId64 "-%016" PRIx64 "%016" PRIx64, space.c_str(),
+                static_cast<int>(getpid()), start_time(getpid()), random[0], random[1]);
+  return mark;
+}
+
+bool is_mark(std::string_view text) {
+  constexpr size_t kRandomDigits = 32;
+  const size_t last = text.rfind('-');
+  return last != std::string_view::npos && text.size() - last - 1 == kRandomDigits &&
+         std::count(text.begin(), text.end(), '-') == 3 &&
+         text.find_first_not_of("0123456789abcdef-") == std::string_view::npos;
 }
 
 }  // namespace standin

@@ -16,6 +16,11 @@ namespace {
 
 constexpr size_t kMaxUser = 80;
 
+template <size_t Size>
+void copy_text(const std::string& text, char (&field)[Size]) {
+  text.copy(field, Size - 1);
+}
+
 }  // namespace
 
 extern "C" {
@@ -59,10 +64,7 @@ int OlvStandinLogout(HCTX context) {
 int OlvStandinCreateDatabase(HCTX context, const char* application, const char* database) {
   return run_guarded([&] {
     const auto state = require_login(context);
-    const std::string name = database_name(application, database);
-    make_database(describe(*state), application, database);
-    // A database of this name may have been removed together with its folder.
-    state->store->reset_database(name);
+    state->store->make_database(database_name(application, database));
     return kStatusOk;
   });
 }
@@ -75,8 +77,7 @@ int OlvStandinSetDataLoaded(HCTX context, const char* application, const char* d
                             int loaded) {
   return run_guarded([&] {
     const auto state = require_login(context);
-    state->store->set_data_loaded(existing_database(describe(*state), application, database),
-                                  loaded != 0);
+    state->store->set_data_loaded(existing_database(*state, application, database), loaded != 0);
     return kStatusOk;
   });
 }
@@ -87,7 +88,34 @@ int OlvStandinRestructured(HCTX context, const char* application, const char* da
     if (times == nullptr) return static_cast<int>(kBadArgument);
     const auto state = require_login(context);
     *times = static_cast<uint32_t>(
-        state->store->restructures(existing_database(describe(*state), application, database)));
+        state->store->restructures(existing_database(*state, application, database)));
+    return kStatusOk;
+  });
+}
+
+int OlvStandinListLocks(INST instance, OlvStandinLock** locks, uint32_t* count) {
+  return run_guarded([&] {
+    if (locks == nullptr || count == nullptr) return static_cast<int>(kBadArgument);
+    const std::vector<Holding> holdings = require_store(instance)->holdings();
+    OlvStandinLock* records = nullptr;
+    if (!holdings.empty()) records = hand_out_records<OlvStandinLock>(holdings.size());
+    for (size_t i = 0; i < holdings.size(); ++i) {
+      copy_text(holdings[i].name, records[i].object);
+      copy_text(holdings[i].user, records[i].user);
+      copy_text(holdings[i].host, records[i].host);
+      records[i].process = static_cast<uint64_t>(holdings[i].process);
+      records[i].since = holdings[i].since;
+    }
+    *locks = records;
+    *count = static_cast<uint32_t>(holdings.size());
+    return kStatusOk;
+  });
+}
+
+int OlvStandinBreakLock(INST instance, const char* object) {
+  return run_guarded([&] {
+    if (object == nullptr) return static_cast<int>(kBadArgument);
+    require_store(instance)->break_holding(object);
     return kStatusOk;
   });
 }

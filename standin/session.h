@@ -8,7 +8,10 @@
 extern "C" {
 
 // Opens the store in a folder. A folder that does not exist is made, and an empty one becomes a
-// store. Ends with OlvStandinTerminate.
+// store. A store that this user may not write, or whose disk is full, opens for looking: reading
+// outlines and counting cells work, what changes the store gives kNotPermitted or kNoSpace, and
+// nothing counts as locked, loaded or restructured that only a writer could see. Ends with
+// OlvStandinTerminate.
 int OlvStandinInitialize(const char* folder, INST* instance);
 
 // Ends an instance: waits for its processes and ends its contexts. In strict mode blocks that are
@@ -18,7 +21,8 @@ int OlvStandinTerminate(INST instance);
 // Logs a user in; any name of 1 to 80 bytes will do. Ends with OlvStandinLogout.
 int OlvStandinLogin(INST instance, const char* user, HCTX* context);
 
-// Ends a login or a local context: waits for its process and gives its locks back.
+// Ends a login or a local context: waits for its process, closes the outlines that are still open
+// in it and gives its locks back.
 int OlvStandinLogout(HCTX context);
 
 // Makes a database, and its application if need be; kDatabaseExists when it is there. It has no
@@ -36,6 +40,24 @@ int OlvStandinSetDataLoaded(HCTX context, const char* application, const char* d
 // How often a database has been restructured since it was made.
 int OlvStandinRestructured(HCTX context, const char* application, const char* database,
                            uint32_t* times);
+
+// Somebody who holds the lock of an object or runs a restructure.
+struct OlvStandinLock {
+  char object[128];  // "application/database/object" of a lock; "application/database" of a process
+  char user[81];     // empty for an object of the scratch area
+  char host[65];     // name of the machine or container
+  uint64_t process;  // as that machine or container numbers it
+  int64_t since;     // seconds since 1970
+};
+
+// Lists who has locks and processes in the store, those of this process included. A holder that has
+// died on this machine is not listed. The array goes back with OlvFree; null when there is nobody.
+int OlvStandinListLocks(INST instance, OlvStandinLock** locks, uint32_t* count);
+
+// Takes the lock of "application/database/object", or the process of "application/database", away
+// from whoever has it, as from a container that is gone; kNoSuchLock when nobody has. Its holder
+// can't write the object any more.
+int OlvStandinBreakLock(INST instance, const char* object);
 
 // What the ledger counted since the library was loaded.
 struct OlvStandinLedgerCounts {

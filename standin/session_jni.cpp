@@ -32,9 +32,10 @@ class NameChars {
   const char* chars_;
 };
 
-// A file name as the system wants it: in UTF-8 proper, which GetStringUTFChars does not give for
-// characters beyond the basic plane. Lone surrogates become question marks.
-std::string file_name(JNIEnv* env, jstring text) {
+// A text in UTF-8 proper, as file names are and names of users in the store, which
+// GetStringUTFChars does not give for characters beyond the basic plane. Lone surrogates become
+// question marks.
+std::string utf8(JNIEnv* env, jstring text) {
   const jsize length = env->GetStringLength(text);
   std::u16string units(static_cast<size_t>(length), u'\0');
   env->GetStringRegion(text, 0, length, reinterpret_cast<jchar*>(units.data()));
@@ -70,6 +71,17 @@ void put_handle(JNIEnv* env, jintArray out, uint32_t handle) {
   env->SetIntArrayRegion(out, 0, 1, &value);
 }
 
+// Puts a text into an array of byte arrays; false when the virtual machine has no memory for it.
+bool put_bytes(JNIEnv* env, jobjectArray out, jsize at, const std::string& text) {
+  const auto size = static_cast<jsize>(text.size());
+  jbyteArray bytes = env->NewByteArray(size);
+  if (bytes == nullptr) return false;
+  env->SetByteArrayRegion(bytes, 0, size, reinterpret_cast<const jbyte*>(text.data()));
+  env->SetObjectArrayElement(out, at, bytes);
+  env->DeleteLocalRef(bytes);
+  return true;
+}
+
 bool has_room(JNIEnv* env, jintArray out) {
   return out != nullptr && env->GetArrayLength(out) > 0;
 }
@@ -82,7 +94,7 @@ JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_initial
     JNIEnv* env, jclass, jstring folder, jintArray instance_out) {
   return run_guarded([&] {
     if (folder == nullptr || !has_room(env, instance_out)) return static_cast<int>(kBadArgument);
-    const std::string name = file_name(env, folder);
+    const std::string name = utf8(env, folder);
     if (name.find('\0') != std::string::npos) return static_cast<int>(kBadArgument);
     INST instance = 0;
     const int status = OlvStandinInitialize(name.c_str(), &instance);
@@ -98,12 +110,14 @@ JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_termina
 
 JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_login(
     JNIEnv* env, jclass, jint instance, jstring user, jintArray context_out) {
-  if (!has_room(env, context_out)) return kBadArgument;
-  const NameChars name(env, user);
-  HCTX context = 0;
-  const int status = OlvStandinLogin(static_cast<INST>(instance), name.get(), &context);
-  if (status == kStatusOk) put_handle(env, context_out, context);
-  return status;
+  return run_guarded([&] {
+    if (user == nullptr || !has_room(env, context_out)) return static_cast<int>(kBadArgument);
+    HCTX context = 0;
+    const int status =
+        OlvStandinLogin(static_cast<INST>(instance), utf8(env, user).c_str(), &context);
+    if (status == kStatusOk) put_handle(env, context_out, context);
+    return status;
+  });
 }
 
 JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_logout(JNIEnv*, jclass,
@@ -146,6 +160,47 @@ JNIEXPORT jboolean JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_res
   const int status =
       OlvStandinRestructured(static_cast<HCTX>(context), app.get(), db.get(), &times);
   return status == kStatusOk && times > 0 ? JNI_TRUE : JNI_FALSE;
+}
+
+// Five texts for each holder. Null with the status set, or with an exception pending.
+JNIEXPORT jobjectArray JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_locks(
+    JNIEnv* env, jclass, jint instance, jintArray status_out) {
+  jobjectArray out = nullptr;
+  OlvStandinLock* locks = nullptr;
+  uint32_t count = 0;
+  const int status = run_guarded([&] {
+    const int listed = OlvStandinListLocks(static_cast<INST>(instance), &locks, &count);
+    if (listed != kStatusOk) return listed;
+    jclass bytes = env->FindClass("[B");
+    if (bytes == nullptr) return kStatusOk;
+    out = env->NewObjectArray(static_cast<jsize>(5 * count), bytes, nullptr);
+    jsize at = 0;
+    for (uint32_t i = 0; i < count && out != nullptr; ++i) {
+      const OlvStandinLock& lock = locks[i];
+      for (const std::string& text :
+           {std::string(lock.object), std::string(lock.user), std::string(lock.host),
+            std::to_string(lock.process), std::to_string(lock.since)}) {
+        if (!put_bytes(env, out, at++, text)) return kStatusOk;
+      }
+    }
+    return kStatusOk;
+  });
+  OlvFree(static_cast<INST>(instance), locks);
+  if (!env->ExceptionCheck()) {
+    const jint value = status;
+    env->SetIntArrayRegion(status_out, 0, 1, &value);
+  }
+  return out;
+}
+
+JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_breakLock(
+    JNIEnv* env, jclass, jint instance, jbyteArray object) {
+  return run_guarded([&] {
+    std::string name(static_cast<size_t>(env->GetArrayLength(object)), '\0');
+    env->GetByteArrayRegion(object, 0, static_cast<jsize>(name.size()),
+                            reinterpret_cast<jbyte*>(name.data()));
+    return OlvStandinBreakLock(static_cast<INST>(instance), name.c_str());
+  });
 }
 
 JNIEXPORT jlongArray JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_ledger(JNIEnv* env,

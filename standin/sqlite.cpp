@@ -19,7 +19,15 @@ constexpr int kBusyTimeout = 10000;
     case SQLITE_FULL:
       throw StoreFailure(kNoSpace);
     case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
       throw StoreFailure(kNotAStore);
+    case SQLITE_BUSY:
+      throw StoreFailure(kStoreBusy);
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+      throw StoreFailure(kNotPermitted);
+    case SQLITE_CANTOPEN:
+      throw StoreFailure(status_of_error(sqlite3_system_errno(connection)));
     case SQLITE_IOERR:
       throw StoreFailure(status_of_io_error(connection));
     default:
@@ -32,6 +40,55 @@ void check(sqlite3* connection, int result) {
 }
 
 }  // namespace
+
+std::string unchanging_file(const std::string& path) {
+  std::string uri = "file:";
+  for (const char c : path) {
+    if (c == '%' || c == '?' || c == '#') {
+      constexpr char kDigits[] = "0123456789ABCDEF";
+      ((uri += '%') += kDigits[c >> 4]) += kDigits[c & 15];
+    } else {
+      uri += c;
+    }
+  }
+  return uri + "?immutable=1";
+}
+
+void distrust(sqlite3* connection) {
+  for (const int setting : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_VIEW,
+                            SQLITE_DBCONFIG_ENABLE_TRIGGER}) {
+    check(connection, sqlite3_db_config(connection, setting, 0, nullptr));
+  }
+  check(connection, sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr));
+}
+
+std::string schema_of(sqlite3* connection) {
+  std::string schema;
+  sqlite3_stmt* prepared = nullptr;
+  const int result = sqlite3_prepare_v2(
+      connection, "SELECT type, name, sql FROM sqlite_schema ORDER BY name LIMIT 1000", -1,
+      &prepared, nullptr);
+  const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> rows(prepared, sqlite3_finalize);
+  check(connection, result);
+  int stepped = SQLITE_ROW;
+  while ((stepped = sqlite3_step(prepared)) == SQLITE_ROW) {
+    for (int column = 0; column < 3; ++column) {
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(prepared, column));
+      for (; text != nullptr && *text != 0; ++text) {
+        if (*text != ' ' && *text != '\n') schema += *text;
+      }
+      schema += '\n';
+    }
+  }
+  if (stepped != SQLITE_DONE) fail(connection, stepped);
+  return schema;
+}
+
+std::string schema_made_by(const char* sql) {
+  Connection memory(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  memory.run(sql);
+  return schema_of(memory.get());
+}
 
 void Connection::Closer::operator()(sqlite3* connection) const {
   sqlite3_close_v2(connection);

@@ -11,6 +11,19 @@ struct sqlite3_stmt;
 
 namespace standin {
 
+// The name of a file for SQLITE_OPEN_URI when nobody changes it: read without locks, and without a
+// journal that lies beside it.
+std::string unchanging_file(const std::string& path);
+
+// Keeps a file that may come from anywhere from running anything. To be called before the first
+// statement.
+void distrust(sqlite3* connection);
+
+// All that a file's schema is made of, blanks aside, as text to compare; and that of a file that
+// has been made with these statements.
+std::string schema_of(sqlite3* connection);
+std::string schema_made_by(const char* sql);
+
 // An open SQLite file. Not for use by two threads at once.
 class Connection {
  public:

@@ -71,6 +71,15 @@ const char* store_status_text(int status) {
       return "The outline was opened for reading; open it for edit to change it.";
     case kProcessRunning:
       return "A restructure of this database or login is still going on; wait until it is over.";
+    case kNotPermitted:
+      return "This user may not do that here: the system protects the store's folder or a file in "
+             "it; ask its owner.";
+    case kStoreBusy:
+      return "Another process kept the store busy for too long; try again.";
+    case kNoSuchLock:
+      return "Nobody holds a lock or runs a process of this name; list the locks to see who does.";
+    case kNewerStore:
+      return "A later version of this engine made the store; use that version.";
     default:
       return nullptr;
   }

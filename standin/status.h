@@ -52,6 +52,10 @@ enum Status : int {
   kBlockUnknown,       // memory that was not handed out, or given back already
   kBlockWrongRelease,  // given back with the wrong function, code or count
   kVerificationFailed,
+  kNotPermitted,  // the system does not let this user write or read there
+  kStoreBusy,     // somebody else kept the store for too long
+  kNoSuchLock,    // nobody holds this lock or runs this process
+  kNewerStore,    // the control file is one of a later version of this engine
 };
 
 // One English sentence for any status, the API's own numbers included; never null.

@@ -1,64 +1,124 @@
-// The store: a folder with the outline objects and the control file, through which all processes
-// on the store share logins, locks, running processes and the state of databases.
+// What a store offers, whatever it is kept in: logins, locks, running processes, the states of
+// databases, and objects that are read and replaced whole.
 #pragma once
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
+#include <optional>
 #include <string>
-
-#include "standin/sqlite.h"
+#include <vector>
 
 namespace standin {
 
-// Layout of a store's folder. Dot names can't be names of applications, so nothing collides.
-inline constexpr char kControlFile[] = ".control.db";
-inline constexpr char kClientFolder[] = ".client";  // objects of local contexts
+// A stored object. Local ones belong to this machine and not to the store's databases.
+struct ObjectName {
+  std::string database;  // "application/database"
+  std::string object;
+  bool local = false;
 
-// An open store. All functions may be called from any thread and throw StoreFailure.
+  // "application/database/object"; a local one's begins with a dot.
+  std::string text() const { return (local ? ".client/" : "") + database + '/' + object; }
+};
+
+// The content of an object as it was when it was asked for.
+struct StoredObject {
+  std::string file;     // to read, never to write
+  std::string version;  // another one whenever the content is, as long as `held` lives
+  std::shared_ptr<const void> held;
+};
+
+// New content on its way into an object. What is not published leaves no trace.
+class PendingObject {
+ public:
+  PendingObject() = default;
+  virtual ~PendingObject() = default;
+  PendingObject(const PendingObject&) = delete;
+  PendingObject& operator=(const PendingObject&) = delete;
+
+  // An empty file of this process's own, to write the content into.
+  virtual const std::string& file() const = 0;
+
+  // Makes the content durable and puts it into the object, all at once. kNotLocked unless `login`
+  // holds the object's lock at that moment; a local object needs none.
+  virtual void publish(int64_t login) = 0;
+  // The same while the object is still what `version` names; otherwise nothing happens and the
+  // answer is false.
+  virtual bool publish_over(const std::string& version) = 0;
+};
+
+// Somebody who has a lock or runs a process.
+struct Holding {
+  std::string name;  // "application/database/object" of a lock, "application/database" of a process
+  std::string user;
+  std::string host;
+  int64_t process = 0;  // as its own machine or container numbers it
+  int64_t since = 0;    // seconds since 1970
+};
+
+// An open store. All functions may be called from any thread and throw StoreFailure, kStoreBusy
+// among them when somebody else keeps the store too long.
 //
-// An object is named by its path within the store's folder, a database by "application/database".
 // What belongs to a login goes when it ends; a login whose process has died counts as ended.
 class Store {
  public:
-  // Opens the store in `folder`, which is made when it does not exist and becomes a store when it
-  // is empty. kNotAStore when it holds anything else.
-  explicit Store(const std::string& folder);
+  Store() = default;
+  virtual ~Store() = default;
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
 
-  // Absolute path of the folder.
-  const std::string& folder() const { return folder_; }
+  // ---- Logins ----
 
-  int64_t add_login(const std::string& user);
-  void remove_login(int64_t login);
+  // Looking at databases and objects needs none.
+  virtual int64_t add_login(const std::string& user) = 0;
+  virtual void remove_login(int64_t login) = 0;
+
+  // ---- Locks and processes ----
 
   // Locks an object, or counts one more lock of the same login. kObjectLocked when another living
   // login holds it.
-  void lock(int64_t login, const std::string& object);
+  virtual void lock(int64_t login, const ObjectName& object) = 0;
   // Takes back one lock. kNotLocked when the login holds none.
-  void unlock(int64_t login, const std::string& object);
+  virtual void unlock(int64_t login, const ObjectName& object) = 0;
   // The living login that holds the object's lock, 0 when it is free.
-  int64_t lock_holder(const std::string& object);
+  virtual int64_t lock_holder(const ObjectName& object) = 0;
 
   // Notes that a login's process works on a database. kProcessRunning while another living login's
   // process does.
-  void begin_process(int64_t login, const std::string& database);
-  void end_process(int64_t login);
+  virtual void begin_process(int64_t login, const std::string& database) = 0;
+  virtual void end_process(int64_t login) = 0;
 
-  // Forgets what was noted of a database, as for one that has just been made.
-  void reset_database(const std::string& database);
-  void set_data_loaded(const std::string& database, bool loaded);
-  bool data_loaded(const std::string& database);
-  void count_restructure(const std::string& database);
-  int64_t restructures(const std::string& database);
+  // Everybody who counts as having a lock or as running a process.
+  virtual std::vector<Holding> holdings() = 0;
+  // Takes a lock or process away from whoever has it; kNoSuchLock when nobody does. Who has lost a
+  // lock can't publish any more.
+  virtual void break_holding(const std::string& name) = 0;
 
- private:
-  void become_store();
-  bool is_living(int64_t login);
-  int64_t database_number(const char* sql, const std::string& database);
+  // ---- Databases ----
 
-  std::string folder_;
-  std::mutex mutex_;  // guards the connection
-  std::unique_ptr<Connection> control_;
+  // Those of local objects are made when they are asked for.
+  virtual bool has_database(const std::string& database, bool local) = 0;
+  // kDatabaseExists when it is there.
+  virtual void make_database(const std::string& database) = 0;
+
+  // What is noted of a database outlives logins. A new one has nothing noted.
+  virtual void set_data_loaded(const std::string& database, bool loaded) = 0;
+  virtual bool data_loaded(const std::string& database) = 0;
+  virtual void count_restructure(const std::string& database) = 0;
+  virtual int64_t restructures(const std::string& database) = 0;
+
+  // ---- Objects ----
+
+  // Size in bytes; nothing when there is no such object.
+  virtual std::optional<uint64_t> object_size(const ObjectName& object) = 0;
+  // kNoSuchObject when there is none.
+  virtual StoredObject read(const ObjectName& object) = 0;
+  virtual std::unique_ptr<PendingObject> replace(const ObjectName& object) = 0;
+  // Where a local object is, or would be.
+  virtual std::string local_path(const ObjectName& object) = 0;
 };
+
+// Opens the store in a folder. A folder that does not exist is made and an empty one becomes a
+// store; kNotAStore when it holds anything else.
+std::shared_ptr<Store> open_store(const std::string& folder);
 
 }  // namespace standin

@@ -1,7 +1,10 @@
 // Sessions, local contexts, locks and processes, within one process and between several.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <atomic>
+#include <ctime>
 #include <future>
 #include <memory>
 #include <thread>
@@ -141,12 +144,53 @@ TEST(Locks, BelongToOneLoginAndCount) {
   EXPECT_EQ(lock(second), kStatusOk);
   EXPECT_EQ(OlvStandinLogout(second), kStatusOk);
   EXPECT_EQ(lock(first), kStatusOk);
+}
 
-  standin::Context context;
-  ASSERT_EQ(standin::find_context(first, &context), kStatusOk);
-  EXPECT_TRUE(standin::holds_lock(context, 1, "Sample", "Basic", "Basic"));
-  EXPECT_FALSE(standin::holds_lock(context, 1, "Sample", "Basic", "Other"));
-  EXPECT_FALSE(standin::holds_lock(context, 1, "Sample", "Basic", nullptr));
+struct Listed {
+  std::string object;
+  std::string user;
+  uint64_t process;
+};
+std::vector<Listed> listed_locks(INST instance) {
+  OlvStandinLock* locks = nullptr;
+  uint32_t count = 99;
+  EXPECT_EQ(OlvStandinListLocks(instance, &locks, &count), kStatusOk);
+  std::vector<Listed> all;
+  for (uint32_t i = 0; i < count; ++i) {
+    EXPECT_STRNE(locks[i].host, "");
+    EXPECT_NEAR(static_cast<double>(locks[i].since), static_cast<double>(time(nullptr)), 60);
+    all.push_back({locks[i].object, locks[i].user, locks[i].process});
+  }
+  EXPECT_EQ(OlvFree(instance, locks), kStatusOk);
+  return all;
+}
+
+TEST(Locks, AreListedAndBroken) {
+  const TempFolder folder;
+  const Session session(folder.string());
+  const HCTX context = session.login_with_database();
+  EXPECT_TRUE(listed_locks(session.instance()).empty());
+  EXPECT_EQ(OlvStandinBreakLock(session.instance(), "Sample/Basic/Basic"), standin::kNoSuchLock);
+
+  const HCTX anna = session.login("anna");
+  ASSERT_EQ(lock(anna), kStatusOk);
+  std::promise<void> gate;
+  ASSERT_EQ(start(context, [&] { return gate.get_future().wait(), 0; }), kStatusOk);
+  const std::vector<Listed> all = listed_locks(session.instance());
+  ASSERT_EQ(all.size(), 2u);
+  EXPECT_EQ(all[0].object, "Sample/Basic/Basic");
+  EXPECT_EQ(all[0].user, "anna");
+  EXPECT_EQ(all[0].process, static_cast<uint64_t>(getpid()));
+  EXPECT_EQ(all[1].object, "Sample/Basic");
+  EXPECT_EQ(all[1].user, "admin");
+
+  EXPECT_EQ(OlvStandinBreakLock(session.instance(), "Sample/Basic/Basic"), kStatusOk);
+  EXPECT_EQ(OlvStandinBreakLock(session.instance(), "Sample/Basic"), kStatusOk);
+  EXPECT_TRUE(listed_locks(session.instance()).empty());
+  EXPECT_EQ(unlock(anna), standin::kNotLocked);
+  EXPECT_EQ(lock(context), kStatusOk);
+  gate.set_value();
+  EXPECT_EQ(wait_for_process(context), kStatusOk);
 }
 
 TEST(Locks, HoldForOtherProcessesUntilTheirHolderDies) {

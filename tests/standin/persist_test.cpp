@@ -1,9 +1,10 @@
 // Outlines in files: everything comes back as it was written, and a file that is not as it was
 // written is refused.
-#include <sys/wait.h>
-#include <unistd.h>
+#include <fcntl.h>
+#include <sys/file.h>
 
-#include "standin/store.h"
+#include "standin/descriptor.h"
+#include "standin/folder_store.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -178,15 +179,16 @@ TEST_F(Persist, FilesOfOthersAreRefused) {
   EXPECT_EQ(stored(), kDamaged);
 }
 
-TEST_F(Persist, LeftoversOfDeadProcessesGo) {
-  const pid_t dead = fork();
-  if (dead == 0) _exit(0);
-  ASSERT_EQ(waitpid(dead, nullptr, 0), dead);
+// A writer holds a lock on its temporary file as long as it lives, whatever its number means here.
+TEST_F(Persist, LeftoversOfDeadWritersGo) {
   const std::string base = file().string() + ".";
-  const std::string left = base + std::to_string(dead) + ".3.tmp";
-  const std::string living = base + std::to_string(getppid()) + ".0.tmp";
+  const std::string random(31, '0');
+  const std::string left = base + "4026531836-1-77-" + random + "1.tmp";
+  const std::string living = base + "4026531836-1-77-" + random + "2.tmp";
   const std::string other = base + "mine.tmp";
   for (const std::string& name : {left, living, other}) write_file(name, "half an outline");
+  const standin::Descriptor writer(open(living.c_str(), O_RDWR | O_CLOEXEC));
+  ASSERT_EQ(flock(writer.get(), LOCK_EX | LOCK_NB), 0);
   ASSERT_EQ(write(), 0);
   EXPECT_FALSE(std::filesystem::exists(left));
   EXPECT_TRUE(std::filesystem::exists(living));

@@ -1,13 +1,14 @@
 // The store's folder: what becomes a store, which names are allowed, and that nothing outside the
 // folder is reached.
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <memory>
 #include <set>
 #include <thread>
 #include <vector>
 
-#include "standin/client.h"
+#include "api/olvotl.h"
 #include "tests/standin/peer.h"
 #include "tests/standin/store_folder.h"
 
@@ -21,6 +22,15 @@ int open_and_close(const std::string& folder) {
   const int status = OlvStandinInitialize(folder.c_str(), &instance);
   if (status == kStatusOk) OlvStandinTerminate(instance);
   return status;
+}
+
+// Changes a file as a program from outside would.
+void run_sql(const fs::path& file, const std::string& sql) {
+  sqlite3* opened = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+      << sqlite3_errmsg(opened);
+  EXPECT_EQ(sqlite3_close(opened), SQLITE_OK);
 }
 
 TEST(StoreFolder, IsRefusedWhenItHoldsSomethingElse) {
@@ -42,9 +52,57 @@ TEST(StoreFolder, IsRefusedWhenItHoldsSomethingElse) {
   ASSERT_EQ(open_and_close((folder / "later").string()), kStatusOk);
   std::string control = read_file(later);
   ASSERT_GE(control.size(), 100u);
-  control[63] = 2;  // the file's user version is the big-endian number at byte 60
+  control[63] = 99;  // the file's user version is the big-endian number at byte 60
   write_file(later, control);
-  EXPECT_EQ(open_and_close((folder / "later").string()), standin::kNotAStore);
+  EXPECT_EQ(open_and_close((folder / "later").string()), standin::kNewerStore);
+}
+
+// What the first version made, and what somebody may have put in its place.
+TEST(ControlFile, OfVersionOneIsTakenOverAndOtherTablesAreRefused) {
+  constexpr char kVersionOne[] = R"(
+    CREATE TABLE login(
+      id INTEGER PRIMARY KEY AUTOINCREMENT,
+      user TEXT NOT NULL,
+      boot TEXT NOT NULL, pid_space TEXT NOT NULL, pid INTEGER NOT NULL, started INTEGER NOT NULL);
+    CREATE TABLE object_lock(
+      object TEXT PRIMARY KEY,
+      login INTEGER NOT NULL REFERENCES login ON DELETE CASCADE,
+      times INTEGER NOT NULL) WITHOUT ROWID;
+    CREATE INDEX object_lock_login ON object_lock(login);
+    CREATE TABLE process(
+      login INTEGER PRIMARY KEY REFERENCES login ON DELETE CASCADE,
+      database TEXT NOT NULL UNIQUE);
+    CREATE TABLE database_state(
+      database TEXT PRIMARY KEY,
+      data_loaded INTEGER NOT NULL DEFAULT 0,
+      restructures INTEGER NOT NULL DEFAULT 0) WITHOUT ROWID;
+    PRAGMA application_id = 0x4f4c5653;
+    PRAGMA user_version = 1;
+    PRAGMA journal_mode = WAL;
+    INSERT INTO login VALUES(1, 'anna', 'boot', 'pid:[1]', 1, 1);
+    INSERT INTO object_lock VALUES('Sample/Basic/Basic.otl', 1, 1);
+    INSERT INTO database_state VALUES('Sample/Basic', 1, 3);)";
+  const TempFolder folder;
+  fs::create_directories(folder / "Sample/Basic");
+  run_sql(folder / ".control.db", kVersionOne);
+  {
+    const Session session(folder.string());
+    const HCTX context = session.login_with_database();
+    uint32_t times = 0;
+    EXPECT_EQ(OlvStandinRestructured(context, "Sample", "Basic", &times), kStatusOk);
+    EXPECT_EQ(times, 3u);
+    EXPECT_EQ(OlvLockObject(context, 1, "Sample", "Basic", "Basic"), kStatusOk);
+  }
+  for (const char* hostile :
+       {"CREATE TRIGGER t AFTER INSERT ON login BEGIN DELETE FROM object_lock; END",
+        "ALTER TABLE login RENAME TO people; CREATE VIEW login AS SELECT * FROM people"}) {
+    const fs::path copy = folder / "Sample/copy";
+    fs::create_directories(copy);
+    fs::copy_file(folder / ".control.db", copy / ".control.db",
+                  fs::copy_options::overwrite_existing);
+    run_sql(copy / ".control.db", hostile);
+    EXPECT_EQ(open_and_close(copy.string()), standin::kNotAStore) << hostile;
+  }
 }
 
 // The control file is made by whoever comes first; the others must wait for it, not trip over it.
@@ -128,11 +186,12 @@ TEST(ObjectNames, LinksDoNotLeadOutOfTheStore) {
   EXPECT_FALSE(fs::exists(folder / "outside/New"));
   EXPECT_EQ(OlvGetObjectInfo(context, 1, "Sample", "Basic", "Basic", &info), standin::kStoreError);
 
-  standin::Context found;
-  std::string path;
-  ASSERT_EQ(standin::find_context(context, &found), kStatusOk);
-  EXPECT_EQ(standin::object_path(found, 1, "Sample", "Basic", "Basic", &path),
-            standin::kStoreError);
+  const ObjectDefinitionRecord link{context, 1, "Sample", "Basic", "Basic"};
+  HOutline h = 0;
+  EXPECT_NE(OlvOtlOpenOutline(context, &link, 1, 1, &h), kStatusOk);
+  double count = 0;
+  EXPECT_EQ(OlvSetActive(context, "Sample", "Basic", &access), kStatusOk);
+  EXPECT_NE(OlvPartitionGetAreaCellCount(context, "", &count), kStatusOk);
 }
 
 TEST(DatabaseState, OutlivesSessionsButNotTheDatabase) {
@@ -157,10 +216,14 @@ TEST(DatabaseState, OutlivesSessionsButNotTheDatabase) {
     EXPECT_FALSE(is_loaded());
     EXPECT_EQ(restructured(), 0u);
     EXPECT_EQ(OlvStandinSetDataLoaded(context, "Sample", "Basic", 1), kStatusOk);
-    standin::Context found;
-    ASSERT_EQ(standin::find_context(context, &found), kStatusOk);
-    EXPECT_EQ(standin::mark_restructured(found, "Sample", "Basic"), kStatusOk);
-    EXPECT_EQ(standin::mark_restructured(found, "Sample", "Basic"), kStatusOk);
+    const ObjectDefinitionRecord basic{context, 1, "Sample", "Basic", "Basic"};
+    HOutline h = 0;
+    ASSERT_EQ(OlvOtlOpenOutline(context, &basic, 1, 1, &h), kStatusOk);
+    ASSERT_EQ(OlvOtlWriteOutline(h, &basic), kStatusOk);
+    for (int time = 0; time < 2; ++time) {
+      EXPECT_EQ(OlvOtlRestructure(context, 1), kStatusOk);
+      EXPECT_EQ(wait_for_process(context), kStatusOk);
+    }
   }
   const Session session(deep.string());
   context = session.login();
@@ -179,7 +242,7 @@ TEST(StatusText, IsASentenceOfItsOwnForEveryStatus) {
   std::set<std::string> texts{OlvStandinStatusText(12345)};
   std::vector<int> statuses = {kStatusOk, kStatusRefused, kStatusCopyFailed,
                                kStatusAliasTableExists, kStatusDuplicateName};
-  for (int status = standin::kBadInstance; status <= standin::kVerificationFailed; ++status) {
+  for (int status = standin::kBadInstance; status <= standin::kNewerStore; ++status) {
     statuses.push_back(status);
   }
   for (const int status : statuses) {

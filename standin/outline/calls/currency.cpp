@@ -121,9 +121,9 @@ extern "C" int OlvOtlGenerateCurrencyOutline(HOutline h, HOutline* currency) {
   return read_outline(h, [&](const Outline& base) -> int {
     *currency = 0;
     auto derived = std::make_shared<OpenOutline>();
+    if (const auto open = find_outline(h)) derived->context = open->context;
     const int status = CurrencyDerivation(base, derived->outline).run();
     if (status != kStatusOk) return status;
-    *currency = register_outline(std::move(derived));
-    return kStatusOk;
+    return register_outline(std::move(derived), currency);
   });
 }

@@ -3,6 +3,9 @@
 
 #include <unordered_map>
 #include <utility>
+#include <vector>
+
+#include "standin/client.h"
 
 namespace standin {
 
@@ -20,13 +23,50 @@ Registry& registry() {
   return *the_registry;
 }
 
+void close(OpenOutline& open) {
+  const std::lock_guard<std::mutex> lock(open.mutex);
+  open.closed = true;
+}
+
+void close_outlines_of(HCTX context) {
+  Registry& all = registry();
+  std::vector<std::shared_ptr<OpenOutline>> ending;
+  {
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    for (auto at = all.open.begin(); at != all.open.end();) {
+      if (at->second->context == context) {
+        ending.push_back(std::move(at->second));
+        at = all.open.erase(at);
+      } else {
+        ++at;
+      }
+    }
+  }
+  for (const auto& open : ending) close(*open);
+}
+
 }  // namespace
 
-HOutline register_outline(std::shared_ptr<OpenOutline> open) {
+int register_outline(std::shared_ptr<OpenOutline> open, HOutline* handle) {
+  static const bool told = (when_context_ends(close_outlines_of), true);
+  (void)told;
+  const HCTX context = open->context;
   Registry& all = registry();
-  const std::lock_guard<std::mutex> lock(all.mutex);
-  all.open.emplace(all.next, std::move(open));
-  return all.next++;
+  HOutline entered = 0;
+  {
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    entered = all.next;
+    all.open.emplace(entered, std::move(open));
+    ++all.next;
+  }
+  // From here on the end of the context closes it. It may have ended before.
+  Context ignored;
+  if (const int status = find_context(context, &ignored); status != kStatusOk) {
+    unregister_outline(entered);
+    return status;
+  }
+  *handle = entered;
+  return kStatusOk;
 }
 
 std::shared_ptr<OpenOutline> find_outline(HOutline h) {
@@ -46,8 +86,7 @@ int unregister_outline(HOutline h) {
     open = std::move(found->second);
     all.open.erase(found);
   }
-  const std::lock_guard<std::mutex> lock(open->mutex);
-  open->closed = true;
+  close(*open);
   return kStatusOk;
 }
 

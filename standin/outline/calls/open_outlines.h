@@ -15,12 +15,14 @@ namespace standin {
 struct OpenOutline {
   std::mutex mutex;
   Outline outline;
+  HCTX context = 0;  // the outline closes when this ends
   bool read_only = false;
   bool closed = false;  // set under the mutex; calls that waited meanwhile are refused
 };
 
-// Enters an outline and answers its handle; handles are never used twice. Throws std::bad_alloc.
-HOutline register_outline(std::shared_ptr<OpenOutline> open);
+// Enters an outline and answers its handle; handles are never used twice. kBadContext when its
+// context has ended meanwhile. Throws std::bad_alloc.
+int register_outline(std::shared_ptr<OpenOutline> open, HOutline* handle);
 // The outline of a handle; null when there is none.
 std::shared_ptr<OpenOutline> find_outline(HOutline h);
 // Takes an outline out and closes it once no call is at work on it; kBadOutline when there is none.

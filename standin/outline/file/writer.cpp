@@ -1,14 +1,10 @@
 // Writing an outline to its file.
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <set>
 #include <utility>
 
 #include "standin/guard.h"
 #include "standin/outline/file/outline_file.h"
-#include "standin/outline/file/pending_file.h"
 #include "standin/outline/file/schema.h"
 #include "standin/outline/file/stored_outline.h"
 #include "standin/outline/model/member_fields.h"
@@ -203,30 +199,12 @@ void write_file(const Outline& outline, const std::string& path, bool with_index
 
 }  // namespace
 
-int save_outline(const Outline& outline, const std::string& path) {
-  return run_guarded([&] {
-    PendingFile pending(path);
-    write_file(outline, pending.path(), false);
-    pending.publish();
-    return kStatusOk;
-  });
+void write_outline(const Outline& outline, const std::string& path) {
+  write_file(outline, path, false);
 }
 
-int restructure_outline(const std::string& path) {
-  return run_guarded([&] {
-    for (;;) {
-      struct stat seen {};
-      if (stat(path.c_str(), &seen) != 0) {
-        throw StoreFailure(errno == ENOENT ? kNoSuchObject : kStoreError);
-      }
-      Outline outline;
-      require(load_outline(path, &outline));
-      PendingFile pending(path);
-      write_file(outline, pending.path(), true);
-      if (pending.publish_over(seen)) return kStatusOk;
-      // Replaced while we read or wrote: the newer outline is the one to take.
-    }
-  });
+void write_outline_with_index(const Outline& outline, const std::string& path) {
+  write_file(outline, path, true);
 }
 
 }  // namespace standin

@@ -9,6 +9,7 @@ import static org.junit.Assert.assertTrue;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.standin.StatusException;
+import com.olvane.kep.olvane.standin.StoreLock;
 import java.io.BufferedReader;
 import java.io.IOException;
 import java.io.InputStreamReader;
@@ -74,10 +75,15 @@ public class ProcessTest {
       assertTrue(location, Files.isRegularFile(Paths.get(location)));
       assertLocked(StoreRule.DATABASE, true);
       assertLocked(OTHER, true);
+      assertEquals(Arrays.asList("Test/Other/Other", "Test/Test/Test"), store.session().locks()
+          .stream().map(StoreLock::object).collect(Collectors.toList()));
 
       killed.destroyForcibly().waitFor();
       assertLocked(StoreRule.DATABASE, false);
       assertLocked(OTHER, true);
+
+      store.session().breakLock("Test/Other/Other");
+      assertLocked(OTHER, false);
 
       ended.getOutputStream().close();
       assertEquals(0, ended.waitFor());

@@ -3,8 +3,13 @@ package com.olvane.kep.olvane.standin;
 import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.jni.NativeLibrary;
+import java.nio.charset.StandardCharsets;
 import java.nio.file.Path;
 import java.nio.file.Paths;
+import java.time.Instant;
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
 
 /**
  * A login to the embedded outline engine, which keeps its databases in a folder. It supplies the
@@ -144,6 +149,47 @@ public final class StandinSession implements AutoCloseable {
   }
 
   /**
+   * Lists who holds locks and who restructures in the store, this session included. A holder whose
+   * process has died on this machine is not listed.
+   *
+   * @return the holders, sorted by the names of the objects
+   * @throws StatusException if the store may only be looked at, or reading it fails
+   */
+  public List<StoreLock> locks() {
+    int[] status = new int[1];
+    byte[][] fields = locks(instance.getValue(), status);
+    check("list the locks", status[0]);
+    List<StoreLock> locks = new ArrayList<>();
+    for (int i = 0; i < fields.length; i += 5) {
+      locks.add(
+          new StoreLock(
+              text(fields[i]),
+              text(fields[i + 1]),
+              text(fields[i + 2]),
+              Long.parseLong(text(fields[i + 3])),
+              Instant.ofEpochSecond(Long.parseLong(text(fields[i + 4])))));
+    }
+    return Collections.unmodifiableList(locks);
+  }
+
+  /**
+   * Takes a lock or a restructure away from whoever has it, as from a container that is gone. A
+   * holder that lives on can't write the object any more.
+   *
+   * @param object the name as {@link StoreLock#object} gives it
+   * @throws StatusException if nobody has it, or the store may only be looked at
+   */
+  public void breakLock(String object) {
+    check(
+        "break the lock of " + object,
+        breakLock(instance.getValue(), object.getBytes(StandardCharsets.UTF_8)));
+  }
+
+  private static String text(byte[] utf8) {
+    return new String(utf8, StandardCharsets.UTF_8);
+  }
+
+  /**
    * Says what a status means.
    *
    * @param status any status of the API or of the library
@@ -201,6 +247,10 @@ public final class StandinSession implements AutoCloseable {
       int context, String application, String database, boolean loaded);
 
   static native boolean restructured(int context, String application, String database);
+
+  static native byte[][] locks(int instance, int[] statusOut);
+
+  static native int breakLock(int instance, byte[] object);
 
   static native long[] ledger();
 }
