@@ -1,14 +1,11 @@
-// The SQLite file of one outline: opening it, and writing and reading rows whose every value goes
-// into a checksum, so that damage which SQLite does not notice is noticed here. Functions throw
+// The SQLite file of one outline. Every value that is written or read goes into a checksum
+// (rows.h), so that damage which SQLite does not notice is noticed here. Functions throw
 // StoreFailure (kDamagedOutline, kNoSpace, kStoreError) or std::bad_alloc.
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <memory>
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "standin/outline/file/checksum.h"
 
@@ -16,6 +13,11 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 namespace standin {
+
+struct StatementFinalizer {
+  void operator()(sqlite3_stmt* statement) const;
+};
+using StatementHandle = std::unique_ptr<sqlite3_stmt, StatementFinalizer>;
 
 // An open outline file.
 class OutlineFile {
@@ -30,6 +32,11 @@ class OutlineFile {
   void run(const char* sql);
   // First column of the first row of a query; 0 when there is none.
   int64_t number(const char* sql);
+  StatementHandle prepare(const std::string& sql);
+  // Throws what a failed call of SQLite on this file comes to; check() does when `result` tells
+  // that it failed.
+  [[noreturn]] void fail() const;
+  void check(int result) const;
   // Closes the file; what SQLite still held back is written.
   void close();
 
@@ -44,58 +51,6 @@ class OutlineFile {
     void operator()(sqlite3* connection) const;
   };
   std::unique_ptr<sqlite3, Closer> connection_;
-};
-
-// What reading and writing rows share: one statement on one table.
-class RowStatement {
- protected:
-  RowStatement(OutlineFile& file, const char* table, const std::string& sql);
-
-  [[noreturn]] void fail() const;
-  sqlite3_stmt* get() const { return statement_.get(); }
-
-  struct Finalizer {
-    void operator()(sqlite3_stmt* statement) const;
-  };
-  OutlineFile& file_;
-  std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
-  int column_ = 0;  // the next one
-};
-
-// Inserts rows. The values of a row are given in the order of its columns; texts have to live
-// until end().
-class RowWriter : public RowStatement {
- public:
-  RowWriter(OutlineFile& file, const char* table, int columns);
-
-  RowWriter& number(int64_t value);
-  RowWriter& text(std::string_view value);
-  RowWriter& optional_text(const std::optional<std::string>& value);
-  // Inserts the row.
-  void end();
-};
-
-// Reads all rows in the order of their numbers. A value of another type, out of range or too long
-// is damage.
-class RowReader : public RowStatement {
- public:
-  RowReader(OutlineFile& file, const char* table, int columns);
-
-  // Advances to the next row; false after the last.
-  bool next();
-
-  // The next column.
-  template <typename Number>
-  Number number() {
-    return static_cast<Number>(
-        number_within(std::numeric_limits<Number>::min(), std::numeric_limits<Number>::max()));
-  }
-  int64_t number_within(int64_t least, int64_t most);
-  // A text of at most `longest` bytes, without NULs.
-  std::string text(size_t longest);
-  // The same, not empty.
-  std::string name(size_t longest);
-  std::optional<std::string> optional_text(size_t longest);
 };
 
 }  // namespace standin

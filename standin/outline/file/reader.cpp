@@ -2,7 +2,7 @@
 #include "standin/outline/file/stored_outline.h"
 
 #include "standin/guard.h"
-#include "standin/outline/file/outline_file.h"
+#include "standin/outline/file/rows.h"
 #include "standin/outline/file/schema.h"
 #include "standin/outline/model/member_fields.h"
 #include "standin/outline/model/series.h"
@@ -47,15 +47,26 @@ class OutlineReader {
     return static_cast<size_t>(row.number_within(0, last));
   }
 
+  // Reads a table of one row.
+  template <typename Row>
+  static void read_only_row(RowReader& table, Row&& row) {
+    int rows = 0;
+    table.each([&] {
+      demand(++rows == 1);
+      row();
+    });
+    demand(rows == 1);
+  }
+
   void read_settings() {
     RowReader row(file_, "outline", kSettingsColumns);
-    demand(row.next());
-    outline_.set_case_sensitive(row.number_within(0, 1) != 0);
-    visit_settings(outline_, [&](auto& value) {
-      value = row.number<std::remove_reference_t<decltype(value)>>();
+    read_only_row(row, [&] {
+      outline_.set_case_sensitive(row.number_within(0, 1) != 0);
+      visit_settings(outline_, [&](auto& value) {
+        value = row.number<std::remove_reference_t<decltype(value)>>();
+      });
+      for (auto& text : outline_.attribute_settings.texts) text = row.optional_text(kMaxMemberName);
     });
-    for (auto& text : outline_.attribute_settings.texts) text = row.optional_text(kMaxMemberName);
-    demand(!row.next());
   }
 
   void read_members() {
@@ -68,7 +79,7 @@ class OutlineReader {
     RowReader row(file_, "member", member_columns());
     MemberProperties properties;
     MemberId last = kRoot;
-    while (row.next()) {
+    row.each([&] {
       const MemberId expected = outline_.id_limit();
       demand(row.number<int64_t>() == expected);
       const auto parent = static_cast<MemberId>(row.number_within(kRoot, expected - 1));
@@ -81,46 +92,46 @@ class OutlineReader {
         value = row.number<std::remove_reference_t<decltype(value)>>();
       });
       outline_.set_properties(last, properties);
-    }
+    });
     demand(outline_.member_count() == static_cast<uint64_t>(count));
   }
 
   void read_reserved() {
     RowReader row(file_, "reserved", 3);
-    while (row.next()) {
+    row.each([&] {
       const MemberId id = member_of(row);
       MemberProperties properties = outline_.properties(id);
       const auto last = static_cast<int64_t>(properties.reserved.size()) - 1;
       const auto position = static_cast<size_t>(row.number_within(0, last));
       properties.reserved[position] = row.number<uint8_t>();
       outline_.set_properties(id, properties);
-    }
+    });
   }
 
   void read_name_order() {
     RowReader row(file_, "name_order", 1);
-    while (row.next()) outline_.requeue_name(member_of(row));
+    row.each([&] { outline_.requeue_name(member_of(row)); });
   }
 
   void read_texts(const char* table, TextKind kind, size_t longest) {
     RowReader row(file_, table, 2);
-    while (row.next()) {
+    row.each([&] {
       const MemberId id = member_of(row);
       outline_.set_text(id, kind, row.name(longest));
-    }
+    });
   }
 
   void read_udas() {
     RowReader row(file_, "uda", 2);
-    while (row.next()) {
+    row.each([&] {
       const MemberId id = member_of(row);
       outline_.add_uda(id, row.name(kMaxUda));
-    }
+    });
   }
 
   void read_associations(const char* table, bool of_dimensions) {
     RowReader row(file_, table, 2);
-    while (row.next()) {
+    row.each([&] {
       const MemberId base = member_of(row);
       const MemberId attribute = member_of(row);
       demand(base != attribute && !outline_.associated(base, attribute));
@@ -130,29 +141,29 @@ class OutlineReader {
                                                   outline_.member(attribute).dimension));
       demand(of_dimensions || !outline_.carries_other(base, attribute));
       outline_.associate(base, attribute);
-    }
+    });
   }
 
   void read_numbered_names(const NumberedNameTable& table) {
     RowReader row(file_, table.name, 3);
-    while (row.next()) {
+    row.each([&] {
       const MemberId dimension = member_of(row);
       demand(outline_.is_dimension(dimension));
       const auto number = static_cast<uint16_t>(row.number_within(table.first, UINT16_MAX));
       auto& names = outline_.dimension_names[dimension].*table.names;
       demand(names.emplace(number, row.name(kMaxMemberName)).second);
-    }
+    });
   }
 
   void read_series() {
     RowReader row(file_, "series", 2);
-    while (row.next()) {
+    row.each([&] {
       SeriesEntry entry;
       entry.name = row.name(kMaxMemberName);
       entry.generation = static_cast<int16_t>(row.number_within(1, INT16_MAX));
       demand(is_series_name(entry.name) && find_series(outline_, entry.name) == nullptr);
       outline_.series.push_back(std::move(entry));
-    }
+    });
   }
 
   void read_alias_tables() {
@@ -160,34 +171,35 @@ class OutlineReader {
     RowReader alias(file_, "alias", 3);
     RowReader series_alias(file_, "series_alias", 3);
     int64_t tables = 0;
-    for (; table.next(); ++tables) {
-      demand(table.number<int64_t>() == tables);
-      const std::string name = table.name(kMaxAliasTableName);
+    table.each([&] {
+      demand(table.number<int64_t>() == tables && tables < UINT16_MAX);
+      const std::string_view name = table.name(kMaxAliasTableName);
       if (tables == 0) {
         outline_.rename_table(0, name);
       } else {
         outline_.add_table(name);
       }
-    }
-    demand(tables > 0 && tables <= UINT16_MAX);
-    while (alias.next()) {
+      ++tables;
+    });
+    demand(tables > 0);
+    alias.each([&] {
       const size_t to = table_of(alias);
       const MemberId member = member_of(alias);
       demand(outline_.alias(to, member).empty());
       outline_.set_alias(to, member, alias.name(kMaxMemberName));
-    }
-    while (series_alias.next()) {
+    });
+    series_alias.each([&] {
       auto& aliases = outline_.series_aliases(table_of(series_alias));
-      std::string series = series_alias.name(kMaxMemberName);
+      const std::string_view series = series_alias.name(kMaxMemberName);
       demand(is_series_name(series));
-      demand(aliases.emplace(std::move(series), series_alias.name(kMaxMemberName)).second);
-    }
+      demand(aliases.emplace(series, series_alias.name(kMaxMemberName)).second);
+    });
   }
 
   void check_checksum() {
     const int64_t expected = file_.checksum.value();
     RowReader row(file_, "checksum", 1);
-    demand(row.next() && row.number<int64_t>() == expected && !row.next());
+    read_only_row(row, [&] { demand(row.number<int64_t>() == expected); });
   }
 
   OutlineFile& file_;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "standin/guard.h"
-#include "standin/outline/file/outline_file.h"
+#include "standin/outline/file/rows.h"
 #include "standin/outline/file/schema.h"
 #include "standin/outline/file/stored_outline.h"
 #include "standin/outline/model/member_fields.h"
@@ -48,134 +48,163 @@ class OutlineWriter {
       uint32_t& above = last[numbers_[outline_.member(order_[number - 1]).parent]];
       above = std::max(above, last[number]);
     }
-    RowWriter row(file_, "member_index", 4);
-    for (const MemberId id : order_) {
-      row.number(numbers_[id]).number(outline_.member(id).generation).number(outline_.level(id));
-      row.number(last[numbers_[id]]).end();
-    }
+    write_rows(file_, "member_index", 4, [&](RowWriter& row) {
+      for (const MemberId id : order_) {
+        row.number(numbers_[id]).number(outline_.member(id).generation).number(outline_.level(id));
+        row.number(last[numbers_[id]]).end();
+      }
+    });
   }
 
  private:
   void write_settings() {
-    RowWriter row(file_, "outline", kSettingsColumns);
-    row.number(outline_.case_sensitive() ? 1 : 0);
-    visit_settings(outline_, [&](int64_t value) { row.number(value); });
-    for (const auto& text : outline_.attribute_settings.texts) row.optional_text(text);
-    row.end();
+    write_rows(file_, "outline", kSettingsColumns, [&](RowWriter& row) {
+      row.number(outline_.case_sensitive() ? 1 : 0);
+      visit_settings(outline_, [&](int64_t value) { row.number(value); });
+      for (const auto& text : outline_.attribute_settings.texts) row.optional_text(text);
+      row.end();
+    });
   }
 
   void write_members() {
-    RowWriter row(file_, "member", member_columns());
-    for (const MemberId id : order_) {
-      const Member& member = outline_.member(id);
-      row.number(numbers_[id]).number(numbers_[member.parent]).text(outline_.name(id));
-      const MemberProperties& properties = outline_.properties(id);
-      visit_member_codes([&](const char*, auto code, auto) { row.number(properties.*code); });
-      row.end();
-    }
+    write_rows(file_, "member", member_columns(), [&](RowWriter& row) {
+      for (const MemberId id : order_) {
+        const Member& member = outline_.member(id);
+        row.number(numbers_[id]).number(numbers_[member.parent]).text(outline_.name(id));
+        const MemberProperties& properties = outline_.properties(id);
+        visit_member_codes([&](const char*, auto code, auto) { row.number(properties.*code); });
+        row.end();
+      }
+    });
   }
 
   void write_reserved() {
-    RowWriter row(file_, "reserved", 3);
-    for (const MemberId id : order_) {
-      const auto& bytes = outline_.properties(id).reserved;
-      for (size_t i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] == 0) continue;
-        row.number(numbers_[id]).number(static_cast<int64_t>(i)).number(bytes[i]).end();
+    write_rows(file_, "reserved", 3, [&](RowWriter& row) {
+      for (const MemberId id : order_) {
+        const auto& bytes = outline_.properties(id).reserved;
+        for (size_t i = 0; i < bytes.size(); ++i) {
+          if (bytes[i] == 0) continue;
+          row.number(numbers_[id]).number(static_cast<int64_t>(i)).number(bytes[i]).end();
+        }
       }
-    }
+    });
   }
 
   // Members of one name take it in the order of their numbers when they are read again; where
   // another order holds it is told.
   void write_name_order() {
-    RowWriter row(file_, "name_order", 1);
-    std::set<MemberId> told;  // the first holders
-    for (const MemberId id : order_) {
-      const MemberId next = outline_.next_of_same_name(id);
-      if (next == kNoMember || numbers_[next] > numbers_[id]) continue;
-      const MemberId first = outline_.find(outline_.name(id));
-      if (!told.insert(first).second) continue;
-      for (MemberId holder = first; holder != kNoMember;
-           holder = outline_.next_of_same_name(holder)) {
-        row.number(numbers_[holder]).end();
+    write_rows(file_, "name_order", 1, [&](RowWriter& row) {
+      std::set<MemberId> told;  // the first holders
+      for (const MemberId id : order_) {
+        const MemberId next = outline_.next_of_same_name(id);
+        if (next == kNoMember || numbers_[next] > numbers_[id]) continue;
+        const MemberId first = outline_.find(outline_.name(id));
+        if (!told.insert(first).second) continue;
+        for (MemberId holder = first; holder != kNoMember;
+             holder = outline_.next_of_same_name(holder)) {
+          row.number(numbers_[holder]).end();
+        }
       }
-    }
+    });
   }
 
   void write_texts(const char* table, TextKind kind) {
-    RowWriter row(file_, table, 2);
-    for (const MemberId id : order_) {
-      const std::string_view text = outline_.text(id, kind);
-      if (!text.empty()) row.number(numbers_[id]).text(text).end();
-    }
+    write_rows(file_, table, 2, [&](RowWriter& row) {
+      for (const MemberId id : order_) {
+        const std::string_view text = outline_.text(id, kind);
+        if (!text.empty()) row.number(numbers_[id]).text(text).end();
+      }
+    });
   }
 
   void write_udas() {
-    RowWriter row(file_, "uda", 2);
-    for (const MemberId id : order_) {
-      for (const std::string_view uda : outline_.udas(id)) {
-        row.number(numbers_[id]).text(uda).end();
+    write_rows(file_, "uda", 2, [&](RowWriter& row) {
+      for (const MemberId id : order_) {
+        for (const std::string_view uda : outline_.udas(id)) {
+          row.number(numbers_[id]).text(uda).end();
+        }
       }
-    }
+    });
   }
 
   void write_associations(const char* table, bool of_dimensions) {
-    RowWriter row(file_, table, 2);
-    for (const MemberId id : order_) {
-      if (outline_.is_dimension(id) != of_dimensions) continue;
-      for (const MemberId attribute : outline_.associations(id)) {
-        row.number(numbers_[id]).number(numbers_[attribute]).end();
+    write_rows(file_, table, 2, [&](RowWriter& row) {
+      for (const MemberId id : order_) {
+        if (outline_.is_dimension(id) != of_dimensions) continue;
+        for (const MemberId attribute : outline_.associations(id)) {
+          row.number(numbers_[id]).number(numbers_[attribute]).end();
+        }
       }
-    }
+    });
   }
 
   void write_numbered_names(const NumberedNameTable& table) {
-    RowWriter row(file_, table.name, 3);
-    for (const MemberId id : outline_.children(kRoot)) {
-      const auto found = outline_.dimension_names.find(id);
-      if (found == outline_.dimension_names.end()) continue;
-      for (const auto& [number, name] : found->second.*table.names) {
-        row.number(numbers_[id]).number(number).text(name).end();
+    write_rows(file_, table.name, 3, [&](RowWriter& row) {
+      for (const MemberId id : outline_.children(kRoot)) {
+        const auto found = outline_.dimension_names.find(id);
+        if (found == outline_.dimension_names.end()) continue;
+        for (const auto& [number, name] : found->second.*table.names) {
+          row.number(numbers_[id]).number(number).text(name).end();
+        }
       }
-    }
+    });
   }
 
   void write_series() {
-    RowWriter row(file_, "series", 2);
-    for (const SeriesEntry& entry : outline_.series) {
-      row.text(entry.name).number(entry.generation).end();
-    }
+    write_rows(file_, "series", 2, [&](RowWriter& row) {
+      for (const SeriesEntry& entry : outline_.series) {
+        row.text(entry.name).number(entry.generation).end();
+      }
+    });
   }
 
   void write_alias_tables() {
-    RowWriter table(file_, "alias_table", 2);
-    RowWriter alias(file_, "alias", 3);
-    RowWriter series_alias(file_, "series_alias", 3);
-    const std::vector<AliasTable>& tables = outline_.alias_tables();
-    for (size_t i = 0; i < tables.size(); ++i) {
-      table.number(static_cast<int64_t>(i)).text(tables[i].name).end();
+    // In the checksum the names of the three tables come before their rows.
+    write_rows(file_, "alias_table", 2, [&](RowWriter& table) {
+      write_rows(file_, "alias", 3, [&](RowWriter& alias) {
+        write_rows(file_, "series_alias", 3, [&](RowWriter& series_alias) {
+          write_table_names(table);
+          for (size_t i = 0; i < outline_.alias_tables().size(); ++i) write_aliases(alias, i);
+          for (size_t i = 0; i < outline_.alias_tables().size(); ++i) {
+            for (const auto& [series, text] : outline_.series_aliases(i)) {
+              series_alias.number(static_cast<int64_t>(i)).text(series).text(text).end();
+            }
+          }
+        });
+      });
+    });
+  }
+
+  void write_table_names(RowWriter& row) {
+    int64_t number = 0;
+    for (const AliasTable& table : outline_.alias_tables()) {
+      row.number(number++).text(table.name).end();
     }
-    std::vector<std::pair<uint32_t, std::string_view>> sorted;
-    for (size_t i = 0; i < tables.size(); ++i) {
-      sorted.clear();
-      outline_.visit_aliases(
-          i, [&](MemberId id, std::string_view text) { sorted.emplace_back(numbers_[id], text); });
-      std::sort(sorted.begin(), sorted.end());
-      for (const auto& [member, text] : sorted) {
-        alias.number(static_cast<int64_t>(i)).number(member).text(text).end();
+  }
+
+  // The aliases of a table in the order of their members: found by going through all members where
+  // many have one, else by sorting.
+  void write_aliases(RowWriter& row, size_t table) {
+    const auto write = [&](MemberId id, std::string_view alias) {
+      row.number(static_cast<int64_t>(table)).number(numbers_[id]).text(alias).end();
+    };
+    if (outline_.alias_count(table) > order_.size() / 16) {
+      for (const MemberId id : order_) {
+        const std::string_view alias = outline_.alias(table, id);
+        if (!alias.empty()) write(id, alias);
       }
+      return;
     }
-    for (size_t i = 0; i < tables.size(); ++i) {
-      for (const auto& [series, text] : outline_.series_aliases(i)) {
-        series_alias.number(static_cast<int64_t>(i)).text(series).text(text).end();
-      }
-    }
+    std::vector<std::pair<uint32_t, MemberId>> sorted;
+    outline_.visit_aliases(
+        table, [&](MemberId id, std::string_view) { sorted.emplace_back(numbers_[id], id); });
+    std::sort(sorted.begin(), sorted.end());
+    for (const auto& [number, id] : sorted) write(id, outline_.alias(table, id));
   }
 
   void write_checksum() {
     const int64_t value = file_.checksum.value();
-    RowWriter(file_, "checksum", 1).number(value).end();
+    write_rows(file_, "checksum", 1, [&](RowWriter& row) { row.number(value).end(); });
   }
 
   const Outline& outline_;
