@@ -10,8 +10,8 @@
 #include "api/olvotl.h"
 #include "standin/client.h"
 #include "standin/outline/calls/open_outlines.h"
-#include "standin/outline/calls/sort_by_hash.h"
 #include "standin/outline/model/codes.h"
+#include "standin/outline/model/sort_by_hash.h"
 #include "standin/verify_bits.h"
 
 namespace standin {

@@ -86,7 +86,7 @@ class OutlineReader {
       // Pre-order: the parent is the member before or one of those above it.
       while (last != parent && last != kRoot) last = outline_.member(last).parent;
       demand(last == parent);
-      last = outline_.append(parent, row.name(kMaxMemberName));
+      last = outline_.append_unindexed(parent, row.name(kMaxMemberName));
       visit_member_codes([&](const char*, auto code, auto) {
         auto& value = properties.*code;
         value = row.number<std::remove_reference_t<decltype(value)>>();
@@ -94,6 +94,7 @@ class OutlineReader {
       outline_.set_properties(last, properties);
     });
     demand(outline_.member_count() == static_cast<uint64_t>(count));
+    outline_.index_names();
   }
 
   void read_reserved() {

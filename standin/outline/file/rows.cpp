@@ -128,6 +128,12 @@ namespace {
 
 constexpr size_t kRowsAtATime = 256;
 
+std::string quoted(const char* name) {
+  std::string text = "\"";
+  for (; *name != '\0'; ++name) text += *name == '"' ? "\"\"" : std::string(1, *name);
+  return text + "\"";
+}
+
 std::string insert_sql(const char* table, int columns) {
   std::string sql = std::string("INSERT INTO ") + table + " SELECT c0";
   for (int i = 1; i < columns; ++i) sql += "," + PendingRows::column(i);
@@ -181,7 +187,7 @@ RowReader::RowReader(OutlineFile& file, const char* table, int columns) : file_(
   if (sqlite3_column_count(all.get()) != columns) throw StoreFailure(kDamagedOutline);
   select_ = "SELECT take(";
   for (int i = 0; i < columns; ++i) {
-    select_ += std::string(i == 0 ? "" : ",") + sqlite3_column_name(all.get(), i);
+    select_ += (i == 0 ? "" : ",") + quoted(sqlite3_column_name(all.get(), i));
   }
   select_ += std::string(") FROM ") + table + " NOT INDEXED";  // in the order of row numbers
   file.checksum.add(table);

@@ -213,9 +213,16 @@ class OutlineWriter {
   std::vector<uint32_t> numbers_;  // place in that order from 1, by member; 0 for the root
 };
 
+// Large pages cost less each, but every table takes one.
+int page_size_for(const Outline& outline) {
+  constexpr uint32_t kManyMembers = 20'000;
+  return outline.member_count() < kManyMembers ? 4096 : 65536;
+}
+
 void write_file(const Outline& outline, const std::string& path, bool with_index) {
   OutlineFile file = OutlineFile::create(path);
-  file.run(("PRAGMA application_id=" + std::to_string(kApplicationId) +
+  file.run(("PRAGMA page_size=" + std::to_string(page_size_for(outline)) +
+            "; PRAGMA application_id=" + std::to_string(kApplicationId) +
             "; PRAGMA user_version=" + std::to_string(kSchemaVersion) + "; BEGIN")
                .c_str());
   file.run(schema_sql().c_str());

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "standin/outline/model/sort_by_hash.h"
+
 namespace standin {
 
 namespace {
@@ -30,7 +32,7 @@ void NameIndex::resize(size_t homes) {
 }
 
 void NameIndex::reserve(size_t count) {
-  const size_t homes = count + count / 3 + 1;  // three quarters full
+  const size_t homes = count + count / 3 + 8;  // three quarters full
   if (homes > homes_) resize(homes);
 }
 
@@ -79,6 +81,39 @@ void NameIndex::insert(MemberId id) {
   } else {
     join_ring(head, id);
   }
+}
+
+void NameIndex::insert_all() {
+  struct Named {
+    uint32_t hash;
+    MemberId id;
+  };
+  std::vector<Named> named;
+  named.reserve(members_.size());
+  for (MemberId id = 0; id < members_.size(); ++id) {
+    if (members_[id].name != kNoText) named.push_back({hash(name_of(id)), id});
+  }
+  sort_by_hash(named);
+  reserve(named.size());
+  size_t end = 0;  // of what is filled
+  for (size_t i = 0; i < named.size(); ++i) {
+    const Named& next = named[i];
+    const size_t before = names_;
+    if (i > 0 && named[i - 1].hash == next.hash) {
+      insert(next.id);  // maybe of the same name
+      end += names_ - before;
+      continue;
+    }
+    end = std::max(end, home(next.hash));
+    keep_end_free(end);
+    table_[end++] = {next.hash, next.id};
+    ++names_;
+  }
+}
+
+// Sees to it that the last entry is free when one is put at `end`.
+void NameIndex::keep_end_free(size_t end) {
+  if (end + 1 >= table_.size()) table_.resize(table_.size() + kBehind);
 }
 
 void NameIndex::join_ring(MemberId head, MemberId id) {

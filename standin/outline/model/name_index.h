@@ -30,6 +30,9 @@ class NameIndex {
   void make_room();
   // Enters a member under its name, behind others of that name.
   void insert(MemberId id);
+  // Enters all members that have a name into an index that has none, in the order of their numbers:
+  // cheaper than one by one, as the table is filled from its beginning to its end.
+  void insert_all();
   // Takes a member out; its name must still be the one it was entered under.
   void erase(MemberId id);
   // erase() and insert() in one.
@@ -76,6 +79,7 @@ class NameIndex {
   // Of the entry of a name, or of a free entry when there is none.
   size_t position(std::string_view name, uint32_t hash) const;
   void resize(size_t homes);
+  void keep_end_free(size_t end);
   void insert_entry(Entry entry);
   void erase_entry(size_t at);
   void join_ring(MemberId head, MemberId id);

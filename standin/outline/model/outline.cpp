@@ -91,12 +91,12 @@ void Outline::unlink(MemberId id) {
   --above.child_count;
 }
 
-MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name) {
+// Adds a member that is not found by its name yet.
+MemberId Outline::place(MemberId parent, MemberId previous, std::string_view name) {
   const MemberId id = members_.size();
   const MemberId dimension = parent == kRoot ? id : member(parent).dimension;
   const uint32_t generation = member(parent).generation + 1;
   members_.reserve(id + 1);
-  names_.make_room();
   make_room(dimension, generation);
   const TextRef kept = texts_.keep(name);
   // From here on nothing throws.
@@ -107,9 +107,19 @@ MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name)
   link(id, parent, previous);
   count_in(id);
   level_added(parent, id);
-  names_.insert(id);
   ++living_;
   return id;
+}
+
+MemberId Outline::add(MemberId parent, MemberId previous, std::string_view name) {
+  names_.make_room();
+  const MemberId id = place(parent, previous, name);
+  names_.insert(id);
+  return id;
+}
+
+MemberId Outline::append_unindexed(MemberId parent, std::string_view name) {
+  return place(parent, member(parent).last_child, name);
 }
 
 MemberId Outline::append(MemberId parent, std::string_view name) {
