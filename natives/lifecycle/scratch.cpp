@@ -24,6 +24,9 @@ char* getLocalPathCandidate(INST inst, HCTX local, char name[kScratchNameSize]) 
     const int status = info.take(OlvGetObjectInfo, local, kObjectTypeOutline, kScratchApplication,
                                  kScratchDatabase, candidate);
     // Whatever the failure, there is no such object.
-    if (status != kStatusOk) return std::strcpy(name, candidate);
+    if (status != kStatusOk) {
+      std::memcpy(name, candidate, std::strlen(candidate) + 1);
+      return name;
+    }
   }
 }

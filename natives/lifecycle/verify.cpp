@@ -19,8 +19,8 @@ KEPOTL_NATIVE(jint, verifyOutlineEdit)
     jobject error = CreateLongObject(env, CNAME_GLOBAL_ERROR, global);
     if (error != nullptr) CallCollectionAddObject(env, errors, error);
   }
-  for (MemberErrorEntry& entry : entries) {
-    jobject error = CreateMemberError(env, outline, &entry);
+  for (uint32_t i = 0; i < entries.size(); ++i) {
+    jobject error = CreateMemberError(env, outline, entries.begin() + i);
     if (error != nullptr) CallCollectionAddObject(env, errors, error);
   }
   return status;
