@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -89,6 +90,22 @@ Content content_of(const fs::path& folder, int depth) {
   return content;
 }
 
+// The folders in a folder that can be applications or databases, sorted by name.
+std::vector<std::string> folders_in(const std::string& path) {
+  std::vector<std::string> names;
+  std::error_code error;
+  fs::directory_iterator entry(path, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name[0] != '.' && entry->symlink_status(error).type() == fs::file_type::directory) {
+      names.push_back(name);
+    }
+  }
+  if (error) fail(error.value());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 }  // namespace
 
 // Content that takes its place while the control file is held, so that nobody else replaces an
@@ -146,10 +163,12 @@ Connection& FolderStore::control() {
   return *control_;
 }
 
+std::string FolderStore::root(bool local) const {
+  return local ? folder_ + '/' + kClientFolder + '/' : folder_ + '/';
+}
+
 std::string FolderStore::path(const ObjectName& object) const {
-  std::string path = folder_ + '/';
-  if (object.local) (path += kClientFolder) += '/';
-  return path + object.database + '/' + object.object + kOutlineSuffix;
+  return root(object.local) + object.database + '/' + object.object + kOutlineSuffix;
 }
 
 bool FolderStore::has_database(const std::string& database, bool local) {
@@ -168,6 +187,29 @@ void FolderStore::make_database(const std::string& database) {
   make_folder(folder_ + '/' + database.substr(0, database.find('/')));
   if (!create_folder(folder_ + '/' + database)) throw StoreFailure(kDatabaseExists);
   // A database of this name may have been removed together with its folder.
+  const std::lock_guard<std::mutex> guard(mutex_);
+  Statement(control(), "DELETE FROM database_state WHERE database = ?").bind(database).run();
+}
+
+std::vector<std::string> FolderStore::databases(bool local) {
+  std::vector<std::string> names;
+  const std::string root = this->root(local);
+  if (!is_folder(root)) return names;
+  for (const std::string& application : folders_in(root)) {
+    for (const std::string& database : folders_in(root + application)) {
+      names.push_back(application + '/' + database);
+    }
+  }
+  return names;
+}
+
+void FolderStore::remove_database(const std::string& database, bool local) {
+  std::error_code error;
+  fs::remove_all(root(local) + database, error);
+  if (error) fail(error.value());
+  // Fails, as it should, while other databases are left.
+  rmdir((root(local) + database.substr(0, database.find('/'))).c_str());
+  if (local) return;
   const std::lock_guard<std::mutex> guard(mutex_);
   Statement(control(), "DELETE FROM database_state WHERE database = ?").bind(database).run();
 }

@@ -31,6 +31,8 @@ class FolderStore final : public Store {
 
   bool has_database(const std::string& database, bool local) override;
   void make_database(const std::string& database) override;
+  std::vector<std::string> databases(bool local) override;
+  void remove_database(const std::string& database, bool local) override;
   void set_data_loaded(const std::string& database, bool loaded) override;
   bool data_loaded(const std::string& database) override;
   void count_restructure(const std::string& database) override;
@@ -50,6 +52,7 @@ class FolderStore final : public Store {
   bool is_living(int64_t login);
   int64_t holder(const std::string& key);
   int64_t database_number(const char* sql, const std::string& database);
+  std::string root(bool local) const;
   std::string path(const ObjectName& object) const;
 
   std::string folder_;

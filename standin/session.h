@@ -3,6 +3,8 @@
 // A process that has opened a store must not fork and go on using it in the child.
 #pragma once
 
+#include <cstdint>
+
 #include "api/types.h"
 
 extern "C" {
@@ -29,6 +31,25 @@ int OlvStandinLogout(HCTX context);
 // stored outline until one is written: opening it for edit starts an empty one, opening it for
 // reading gives kNoSuchObject.
 int OlvStandinCreateDatabase(HCTX context, const char* application, const char* database);
+
+// What is known of one database.
+struct OlvStandinDatabase {
+  char application[31];
+  char database[31];
+  uint32_t members;  // of the stored outline
+  uint64_t size;     // bytes of its file; 0 while none was stored
+  int64_t saved;     // when it was stored, in seconds since 1970
+};
+
+// Lists the databases of the store, or for a local context those of the scratch area, sorted by
+// name. `*databases` holds `*count` records, null when there are none, and is given back with
+// OlvFree. An outline that cannot be read has 0 members.
+int OlvStandinListDatabases(HCTX context, uint32_t* count, OlvStandinDatabase** databases);
+
+// Removes a database, or for a local context one of the scratch area, with everything stored in it,
+// and its application when that was its last one. kObjectLocked while another login edits its
+// outline, kProcessRunning while it is restructured.
+int OlvStandinDeleteDatabase(HCTX context, const char* application, const char* database);
 
 // One English sentence for a status; static, never null.
 const char* OlvStandinStatusText(int status);

@@ -1,6 +1,7 @@
 // The native methods of com.olvane.kep.olvane.standin.StandinSession.
 #include <jni.h>
 
+#include <array>
 #include <string>
 
 #include "api/olv.h"
@@ -86,6 +87,37 @@ bool has_room(JNIEnv* env, jintArray out) {
   return out != nullptr && env->GetArrayLength(out) > 0;
 }
 
+// Lists records with list(&records, &count), and turns each into the texts that texts(record)
+// gives, all in one array of UTF-8 arrays. Null with the status set, or with an exception pending.
+template <typename Record, typename List, typename Texts>
+jobjectArray list_records(JNIEnv* env, jint instance, jintArray status_out, List list,
+                          Texts texts) {
+  jobjectArray out = nullptr;
+  Record* records = nullptr;
+  uint32_t count = 0;
+  const int status = run_guarded([&] {
+    const int listed = list(&records, &count);
+    if (listed != kStatusOk) return listed;
+    jclass bytes = env->FindClass("[B");
+    if (bytes == nullptr) return kStatusOk;
+    out = env->NewObjectArray(static_cast<jsize>(5 * count), bytes, nullptr);
+    jsize at = 0;
+    for (uint32_t i = 0; i < count && out != nullptr; ++i) {
+      const std::array<std::string, 5> fields = texts(records[i]);
+      for (const std::string& field : fields) {
+        if (!put_bytes(env, out, at++, field)) return kStatusOk;
+      }
+    }
+    return kStatusOk;
+  });
+  OlvFree(static_cast<INST>(instance), records);
+  if (!env->ExceptionCheck()) {
+    const jint value = status;
+    env->SetIntArrayRegion(status_out, 0, 1, &value);
+  }
+  return out;
+}
+
 }  // namespace
 
 extern "C" {
@@ -162,35 +194,49 @@ JNIEXPORT jboolean JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_res
   return status == kStatusOk && times > 0 ? JNI_TRUE : JNI_FALSE;
 }
 
-// Five texts for each holder. Null with the status set, or with an exception pending.
+// Five texts for each database, as list_records gives them.
+JNIEXPORT jobjectArray JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_databases(
+    JNIEnv* env, jclass, jint instance, jint context, jintArray status_out) {
+  return list_records<OlvStandinDatabase>(
+      env, instance, status_out,
+      [&](OlvStandinDatabase** databases, uint32_t* count) {
+        return OlvStandinListDatabases(static_cast<HCTX>(context), count, databases);
+      },
+      [](const OlvStandinDatabase& one) {
+        return std::array<std::string, 5>{one.application, one.database,
+                                          std::to_string(one.members), std::to_string(one.size),
+                                          std::to_string(one.saved)};
+      });
+}
+
+JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_deleteDatabase(
+    JNIEnv* env, jclass, jint context, jstring application, jstring database) {
+  const NameChars app(env, application);
+  const NameChars db(env, database);
+  return OlvStandinDeleteDatabase(static_cast<HCTX>(context), app.get(), db.get());
+}
+
+JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_createLocalContext(
+    JNIEnv* env, jclass, jint instance, jintArray context_out) {
+  if (!has_room(env, context_out)) return kBadArgument;
+  HCTX context = 0;
+  const int status = OlvCreateLocalContext(static_cast<INST>(instance), 0, 0, &context);
+  if (status == kStatusOk) put_handle(env, context_out, context);
+  return status;
+}
+
+// Five texts for each holder, as list_records gives them.
 JNIEXPORT jobjectArray JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_locks(
     JNIEnv* env, jclass, jint instance, jintArray status_out) {
-  jobjectArray out = nullptr;
-  OlvStandinLock* locks = nullptr;
-  uint32_t count = 0;
-  const int status = run_guarded([&] {
-    const int listed = OlvStandinListLocks(static_cast<INST>(instance), &locks, &count);
-    if (listed != kStatusOk) return listed;
-    jclass bytes = env->FindClass("[B");
-    if (bytes == nullptr) return kStatusOk;
-    out = env->NewObjectArray(static_cast<jsize>(5 * count), bytes, nullptr);
-    jsize at = 0;
-    for (uint32_t i = 0; i < count && out != nullptr; ++i) {
-      const OlvStandinLock& lock = locks[i];
-      for (const std::string& text :
-           {std::string(lock.object), std::string(lock.user), std::string(lock.host),
-            std::to_string(lock.process), std::to_string(lock.since)}) {
-        if (!put_bytes(env, out, at++, text)) return kStatusOk;
-      }
-    }
-    return kStatusOk;
-  });
-  OlvFree(static_cast<INST>(instance), locks);
-  if (!env->ExceptionCheck()) {
-    const jint value = status;
-    env->SetIntArrayRegion(status_out, 0, 1, &value);
-  }
-  return out;
+  return list_records<OlvStandinLock>(
+      env, instance, status_out,
+      [&](OlvStandinLock** locks, uint32_t* count) {
+        return OlvStandinListLocks(static_cast<INST>(instance), locks, count);
+      },
+      [](const OlvStandinLock& one) {
+        return std::array<std::string, 5>{one.object, one.user, one.host,
+                                          std::to_string(one.process), std::to_string(one.since)};
+      });
 }
 
 JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_breakLock(

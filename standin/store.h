@@ -99,6 +99,10 @@ class Store {
   virtual bool has_database(const std::string& database, bool local) = 0;
   // kDatabaseExists when it is there.
   virtual void make_database(const std::string& database) = 0;
+  // All of them, sorted.
+  virtual std::vector<std::string> databases(bool local) = 0;
+  // Removes a database with its objects and what is noted of it, and an application left empty.
+  virtual void remove_database(const std::string& database, bool local) = 0;
 
   // What is noted of a database outlives logins. A new one has nothing noted.
   virtual void set_data_loaded(const std::string& database, bool loaded) = 0;

@@ -8,6 +8,7 @@ import static org.junit.Assert.assertFalse;
 import static org.junit.Assert.assertTrue;
 import static org.junit.Assert.fail;
 
+import com.olvane.kep.olvane.standin.StatusException;
 import java.util.Arrays;
 import java.util.ConcurrentModificationException;
 import java.util.Iterator;
@@ -148,6 +149,45 @@ public class OutlineTest {
     assertFalse(browsed.isOpen());
     assertThat(messageOf(IllegalStateException.class,
         () -> rule.store.create("New", "New")), containsString("closed"));
+  }
+
+  @Test
+  public void databasesAndOutlinesKeptAside() {
+    Store store = rule.store;
+    Outline outline = rule.outline;
+    outline.save();
+    store.create("Other", "B");
+    store.create("Other", "A");
+    assertEquals("[Other.A, Other.B, Test.Test]", store.databases().toString());
+    assertEquals(1, store.databases().get(2).members());
+    assertTrue(store.databases().get(2).size() > 0);
+    assertEquals(0, store.databases().get(0).size());
+    assertEquals("tester", store.locks().get(0).user());
+    messageOf(IllegalStateException.class, () -> store.delete("Test", "Test"));
+    try (Store other = Store.open(rule.folder, "other")) {
+      assertThat(messageOf(StatusException.class, () -> other.delete("Test", "Test")),
+          containsString("lock"));
+    }
+    store.delete("Other", "A");
+    assertThat(messageOf(StatusException.class, () -> store.delete("Other", "A")),
+        containsString("no such application or database"));
+
+    LocalObjects aside = store.localObjects();
+    assertTrue(aside.list().isEmpty());
+    outline.create(Place.firstBelow(rule.dimension), new NewMember("unsaved"));
+    aside.write(outline, "work");
+    assertTrue(outline.hasUnsavedEdits());
+    assertEquals(2, aside.list().get(0).members());
+    assertEquals("work", aside.list().get(0).database());
+    assertEquals("[Other.B, Test.Test]", store.databases().toString());
+    try (Outline again = aside.open("work")) {
+      assertEquals("Product unsaved", names(again, again.dimensions(Details.NONE).get(0)));
+      again.delete(again.find("unsaved").get());
+      again.save();
+    }
+    assertEquals(1, aside.list().get(0).members());
+    aside.remove("work");
+    assertTrue(aside.list().isEmpty());
   }
 
   @Test

@@ -8,19 +8,25 @@ import java.nio.ByteBuffer;
 import java.util.ArrayDeque;
 import java.util.ConcurrentModificationException;
 import java.util.concurrent.locks.ReentrantLock;
-import java.util.function.IntSupplier;
 
 /**
  * An open outline as its parts share it: its handle, one call at a time, and the buffers of the
  * fast lane. It counts the edits, so that what reads in steps notices one in between.
  */
 final class Access {
+  /** A native method with what each of them takes. */
+  interface Call {
+    int on(InstanceHandle instance, OutlineHandle outline);
+  }
+
   private static final int BUFFER_BYTES = 64 * 1024;
   private static final int KEPT_BUFFERS = 4;
 
   final Login login;
   final InstanceHandle instance;
-  final OutlineHandle handle;
+  final OutlineHandle handle = new OutlineHandle();
+  /** Of the login, or a local one. */
+  private final ContextHandle context;
   final String application;
   final String database;
   final boolean editing;
@@ -30,10 +36,11 @@ final class Access {
   private volatile long edits;
   private long savedEdits;
 
-  private Access(Login login, OutlineHandle handle, String application, String database, boolean editing) {
+  private Access(
+      Login login, ContextHandle context, String application, String database, boolean editing) {
     this.login = login;
+    this.context = context;
     this.instance = login.instance;
-    this.handle = handle;
     this.application = application;
     this.database = database;
     this.editing = editing;
@@ -42,8 +49,8 @@ final class Access {
   /** Opens a stored object for editing, in the context that has it. */
   static Access edit(
       Login login, ContextHandle context, String application, String database, String object) {
-    OutlineHandle handle = new OutlineHandle();
-    Access access = new Access(login, handle, application, database, true);
+    Access access = new Access(login, context, application, database, true);
+    OutlineHandle handle = access.handle;
     login.beginEditing(access.name());
     try {
       check("open the outline for editing", access.name(), "",
@@ -62,15 +69,14 @@ final class Access {
 
   /** Opens the outline of a database, or of the active one of a login of the vendor's. */
   static Access browse(Login login, String application, String database) {
-    OutlineHandle handle = new OutlineHandle();
-    Access access = new Access(login, handle, application, database, false);
+    Access access = new Access(login, login.context, application, database, false);
     login.active.lock();
     try {
       if (login.session != null) {
         login.session.setActive(application, database);
       }
       check("open the outline for browsing", access.name(), "",
-          OutlineJni.openOutlineQuery(login.context, handle));
+          OutlineJni.openOutlineQuery(login.context, access.handle));
       return access;
     } finally {
       login.active.unlock();
@@ -116,27 +122,27 @@ final class Access {
   }
 
   /** Makes a call that changes nothing. */
-  void read(String action, String member, IntSupplier call) {
+  void read(String action, String member, Call call) {
     enter();
     try {
-      check(action, member, "", call.getAsInt());
+      check(action, member, "", call.on(instance, handle));
     } finally {
       leave();
     }
   }
 
   /** Makes a call that changes the outline. */
-  void edit(String action, String member, String field, IntSupplier call) {
+  void edit(String action, String member, Call call) {
     enterToEdit();
     try {
-      check(action, member, field, call.getAsInt());
+      check(action, member, "", call.on(instance, handle));
     } finally {
       leave();
     }
   }
 
   /** Makes a call that uses the active database of the login. */
-  void inContext(String action, IntSupplier call) {
+  void inContext(String action, Call call) {
     login.active.lock();
     try {
       read(action, name(), call);
@@ -173,7 +179,7 @@ final class Access {
     enter();
     try {
       check("save the outline", name(), "",
-          OutlineJni.write(login.context, handle, application, database));
+          OutlineJni.write(context, handle, application, database));
       savedEdits = edits;
     } finally {
       leave();
@@ -189,7 +195,7 @@ final class Access {
       }
       int status =
           editing
-              ? OutlineJni.closeOutlineEdit(login.context, handle, application, database)
+              ? OutlineJni.closeOutlineEdit(context, handle, application, database)
               : OutlineJni.closeOutlineQuery(handle);
       // Whatever it answered, nothing can be done with the handle any more.
       handle.setValue(0);

@@ -2,12 +2,16 @@ package com.olvane.kep.olvane.outline;
 
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.defs.calcscript.MemberInfo;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import java.util.ArrayList;
 import java.util.Collections;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Objects;
 import java.util.Optional;
+import java.util.Set;
+import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
 /** What every open outline allows: reading members and searching. */
@@ -152,8 +156,8 @@ abstract class BrowsedOutline {
    */
   public List<Member> ancestors(Member member, Details details) {
     List<DefaultMember> found = new ArrayList<>();
-    access.read("read the ancestors", member.name(), () -> OutlineJni.getMemberAncestors(
-        access.instance, access.handle, null, member.handle(), found));
+    access.read("read the ancestors", member.name(),
+        (i, o) -> OutlineJni.getMemberAncestors(i, o, null, member.handle(), found));
     int[] handles = found.stream().mapToInt(DefaultMember::getHandle).toArray();
     return read(handles, details);
   }
@@ -189,5 +193,35 @@ abstract class BrowsedOutline {
    */
   public SearchRun search(Search search, Details details) {
     return new SearchRun(access, search, details);
+  }
+
+  /**
+   * Finds members by a pattern over whole names, by the outline's own search.
+   *
+   * @param pattern the pattern; {@code *} stands for any text, {@code ?} for one character
+   * @param dimension the dimension to search, or null for all
+   * @param table the alias table whose aliases are searched as well, or null for names only
+   * @return the names of the members; their aliases where a table is given and they have one
+   */
+  public List<String> match(String pattern, Member dimension, String table) {
+    Texts.given("", "pattern", pattern, Integer.MAX_VALUE);
+    List<MemberInfo> found = new ArrayList<>();
+    access.read("search for " + pattern, access.name(), (i, o) -> OutlineJni.listFindMembers(
+        o, dimension == null ? null : dimension.name(), pattern, table != null, table,
+        found));
+    return found.stream().map(MemberInfo::getName).collect(Collectors.toList());
+  }
+
+  /**
+   * Lists the user-defined attributes that occur in a dimension.
+   *
+   * @param dimension the dimension
+   * @return each of them once, in the order in which they occur
+   */
+  public List<String> udas(Member dimension) {
+    Set<String> udas = new LinkedHashSet<>();
+    access.read("list the user-defined attributes", dimension.name(),
+        (i, o) -> OutlineJni.getDimensionUDAS(i, o, dimension.name(), 0, udas));
+    return new ArrayList<>(udas);
   }
 }

@@ -49,11 +49,6 @@ public enum Consolidation implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static Consolidation of(short code) {
-    for (Consolidation constant : ALL) {
-      if (constant.code == code) {
-        return constant;
-      }
-    }
-    return OTHER;
+    return Code.find(ALL, code, OTHER);
   }
 }

@@ -26,9 +26,9 @@ public final class CopyRun {
     }
     boolean behind = place.sibling != 0;
     List<DefaultMember> made = new ArrayList<>();
-    access.edit("copy the member", source.name(), "", () -> OutlineJni.copyMember(
-        access.instance, access.handle, null, behind ? place.sibling : place.parent, null,
-        source.handle(), behind, request, made));
+    int target = behind ? place.sibling : place.parent;
+    access.edit("copy the member", source.name(), (i, o) -> OutlineJni.copyMember(
+        i, o, null, target, null, source.handle(), behind, request, made));
     if (made.isEmpty()) {
       throw new OutlineException("copy the member", Status.REFUSED, source.name(), "");
     }
@@ -54,8 +54,8 @@ public final class CopyRun {
   public boolean next() {
     requireNotCancelled();
     if (!request.isFinished()) {
-      access.edit("copy the members below", source, "",
-          () -> OutlineJni.copyContinue(access.instance, access.handle, request));
+      access.edit("copy the members below", source,
+          (i, o) -> OutlineJni.copyContinue(i, o, request));
     }
     return !request.isFinished();
   }
@@ -88,8 +88,8 @@ public final class CopyRun {
   /** Removes what was copied. Cancelling again does nothing. */
   public void cancel() {
     if (!cancelled) {
-      access.edit("remove the copy", source, "",
-          () -> OutlineJni.deleteMember(access.instance, access.handle, copy));
+      access.edit("remove the copy", source,
+          (i, o) -> OutlineJni.deleteMember(i, o, copy));
       cancelled = true;
     }
   }

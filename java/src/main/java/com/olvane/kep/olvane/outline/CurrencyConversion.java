@@ -38,11 +38,6 @@ public enum CurrencyConversion implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static CurrencyConversion of(short code) {
-    for (CurrencyConversion constant : ALL) {
-      if (constant.code == code) {
-        return constant;
-      }
-    }
-    return OTHER;
+    return Code.find(ALL, code, OTHER);
   }
 }

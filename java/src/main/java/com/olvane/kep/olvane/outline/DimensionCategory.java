@@ -42,11 +42,6 @@ public enum DimensionCategory implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static DimensionCategory of(short code) {
-    for (DimensionCategory constant : ALL) {
-      if (constant.code == code) {
-        return constant;
-      }
-    }
-    return OTHER;
+    return Code.find(ALL, code, OTHER);
   }
 }

@@ -1,7 +1,7 @@
 package com.olvane.kep.olvane.outline;
 
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
-import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.Collections;
 import java.util.List;
 
@@ -32,19 +32,15 @@ public final class Member {
   private final String dimension;
   private final String currencyMember;
   private final String comment;
-  private final Read read;
-
-  /** What was asked for besides; null in a member for which nothing was. */
-  private static final class Read {
-    Details details;
-    int parent;
-    int previous;
-    String extendedComment;
-    String formula;
-    String[] aliases;
-    List<String> udas;
-    List<Attribute> attributes;
-  }
+  private final Details details;
+  private final int parent;
+  private final int previous;
+  // Null where they were not asked for.
+  private final String extendedComment;
+  private final String formula;
+  private final String[] aliases;
+  private final List<String> udas;
+  private final List<Attribute> attributes;
 
   /** Takes the record that a reader stands at. */
   Member(RecordReader in, Details details) {
@@ -66,51 +62,39 @@ public final class Member {
     dimension = in.dimensionName();
     currencyMember = in.text();
     comment = in.text();
-    read = details.bits() == 0 ? null : readDetails(in, details);
+    this.details = details;
+    parent = in.parent();
+    previous = in.previous();
+    extendedComment = details.has(OutlineBulk.DETAIL_EXTENDED_COMMENT) ? in.text() : null;
+    formula = details.has(OutlineBulk.DETAIL_FORMULA) ? in.text() : null;
+    aliases = details.has(OutlineBulk.DETAIL_ALIASES)
+        ? readTexts(in, details.aliasTables().size()) : null;
+    udas = details.has(OutlineBulk.DETAIL_UDAS)
+        ? Collections.unmodifiableList(Arrays.asList(readTexts(in, in.number()))) : null;
+    attributes = details.has(OutlineBulk.DETAIL_ATTRIBUTES) ? readAttributes(in) : null;
   }
 
-  private static Read readDetails(RecordReader in, Details details) {
-    Read read = new Read();
-    read.details = details;
-    read.parent = in.parent();
-    read.previous = in.previous();
-    if (details.has(OutlineBulk.DETAIL_EXTENDED_COMMENT)) {
-      read.extendedComment = in.text();
-    }
-    if (details.has(OutlineBulk.DETAIL_FORMULA)) {
-      read.formula = in.text();
-    }
-    if (details.has(OutlineBulk.DETAIL_ALIASES)) {
-      read.aliases = new String[details.aliasTables().size()];
-      for (int i = 0; i < read.aliases.length; i++) {
-        read.aliases[i] = in.text();
-      }
-    }
-    if (details.has(OutlineBulk.DETAIL_UDAS)) {
-      int count = in.number();
-      List<String> udas = new ArrayList<>(count);
-      for (int i = 0; i < count; i++) {
-        udas.add(in.text());
-      }
-      read.udas = Collections.unmodifiableList(udas);
-    }
-    if (details.has(OutlineBulk.DETAIL_ATTRIBUTES)) {
-      int count = in.number();
-      List<Attribute> attributes = new ArrayList<>(count);
-      for (int i = 0; i < count; i++) {
-        attributes.add(new Attribute(in.number(), in.text(), in.text()));
-      }
-      read.attributes = Collections.unmodifiableList(attributes);
+  private static String[] readTexts(RecordReader in, int count) {
+    String[] read = new String[count];
+    for (int i = 0; i < count; i++) {
+      read[i] = in.text();
     }
     return read;
   }
 
-  private Read having(int detail, String what) {
-    if (read == null || !read.details.has(detail)) {
+  private static List<Attribute> readAttributes(RecordReader in) {
+    Attribute[] read = new Attribute[in.number()];
+    for (int i = 0; i < read.length; i++) {
+      read[i] = new Attribute(in.number(), in.text(), in.text());
+    }
+    return Collections.unmodifiableList(Arrays.asList(read));
+  }
+
+  private void require(int detail, String what) {
+    if (!details.has(detail)) {
       throw new IllegalStateException(
           "The " + what + " of " + name + " was not read; ask for it with Details");
     }
-    return read;
   }
 
   private boolean flag(int flag) {
@@ -269,22 +253,26 @@ public final class Member {
 
   /** {@return the handle of the parent, 0 for a dimension} */
   public int parentHandle() {
-    return having(OutlineBulk.DETAIL_PLACE, "place").parent;
+    require(OutlineBulk.DETAIL_PLACE, "place");
+    return parent;
   }
 
   /** {@return the handle of the previous sibling, 0 for a first one} */
   public int previousHandle() {
-    return having(OutlineBulk.DETAIL_PLACE, "place").previous;
+    require(OutlineBulk.DETAIL_PLACE, "place");
+    return previous;
   }
 
   /** {@return the extended comment} */
   public String extendedComment() {
-    return having(OutlineBulk.DETAIL_EXTENDED_COMMENT, "extended comment").extendedComment;
+    require(OutlineBulk.DETAIL_EXTENDED_COMMENT, "extended comment");
+    return extendedComment;
   }
 
   /** {@return the formula} */
   public String formula() {
-    return having(OutlineBulk.DETAIL_FORMULA, "formula").formula;
+    require(OutlineBulk.DETAIL_FORMULA, "formula");
+    return formula;
   }
 
   /**
@@ -294,28 +282,29 @@ public final class Member {
    * @return the alias, empty where there is none
    */
   public String alias(String table) {
-    Read having = having(OutlineBulk.DETAIL_ALIASES, "alias");
-    int index = having.details.aliasTables().indexOf(table);
+    int index = details.aliasTables().indexOf(table);
     if (index < 0) {
       throw new IllegalStateException(
           "The aliases in " + table + " were not read; ask for them with Details");
     }
-    return having.aliases[index];
+    return aliases[index];
   }
 
   /** {@return the user-defined attributes, an unmodifiable list} */
   public List<String> udas() {
-    return having(OutlineBulk.DETAIL_UDAS, "list of user-defined attributes").udas;
+    require(OutlineBulk.DETAIL_UDAS, "list of user-defined attributes");
+    return udas;
   }
 
   /** {@return the associated attribute members, an unmodifiable list} */
   public List<Attribute> attributes() {
-    return having(OutlineBulk.DETAIL_ATTRIBUTES, "list of attribute members").attributes;
+    require(OutlineBulk.DETAIL_ATTRIBUTES, "list of attribute members");
+    return attributes;
   }
 
   /** {@return what was asked for when it was read} */
   public Details details() {
-    return read == null ? Details.NONE : read.details;
+    return details;
   }
 
   @Override

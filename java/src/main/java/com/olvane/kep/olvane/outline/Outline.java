@@ -2,8 +2,10 @@ package com.olvane.kep.olvane.outline;
 
 import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.api.InstanceHandle;
+import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.defs.outline.DimensionStorageType;
 import com.olvane.kep.olvane.defs.outline.VerifyFinding;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -57,13 +59,18 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
   }
 
   /** {@return the name of the application} */
-  public String application() {
+  public String applicationName() {
     return access.application;
   }
 
   /** {@return the name of the database} */
-  public String database() {
+  public String databaseName() {
     return access.database;
+  }
+
+  /** {@return the handle, for the native methods; their edits are not noticed here} */
+  public OutlineHandle handle() {
+    return access.handle;
   }
 
   /** {@return whether it is open for editing} */
@@ -118,13 +125,12 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public Member change(Member member, Changes changes) {
     for (String uda : changes.removedUdas) {
-      access.edit("remove the user-defined attribute " + uda, member.name(), "",
-          () -> OutlineJni.deleteMemberUDA(access.instance, access.handle, member.handle(), uda));
+      access.edit("remove the user-defined attribute " + uda, member.name(),
+          (i, o) -> OutlineJni.deleteMemberUDA(i, o, member.handle(), uda));
     }
     for (String name : changes.removedAttributes) {
-      access.edit("remove the association with " + name, member.name(), "",
-          () -> OutlineJni.unassignAttributeMember(
-              access.instance, access.handle, member.handle(), name));
+      access.edit("remove the association with " + name, member.name(),
+          (i, o) -> OutlineJni.unassignAttributeMember(i, o, member.handle(), name));
     }
     List<String> tables = new ArrayList<>();
     changes.addTables(tables);
@@ -144,6 +150,42 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
   }
 
   /**
+   * Sets the category of a dimension. One that becomes an attribute dimension moves behind the
+   * regular ones that follow it.
+   *
+   * @param dimension the dimension
+   * @param category the category
+   */
+  public void categorise(Member dimension, DimensionCategory category) {
+    access.edit("set the category", dimension.name(),
+        (i, o) -> OutlineJni.assignMemberDimensionCategory(i, o, dimension.handle(),
+            new com.olvane.kep.olvane.defs.outline.DimensionCategory(category.code()), null));
+  }
+
+  /**
+   * Sets the storage type of a dimension. Its attribute dimensions are taken off first.
+   *
+   * @param dimension the dimension
+   * @param code the number of the type, 1 for a regular one
+   */
+  public void setStorageType(Member dimension, short code) {
+    access.edit("set the storage type", dimension.name(),
+        (i, o) -> OutlineJni.assignDimensionStorageType(
+            i, o, dimension.handle(), new DimensionStorageType(code)));
+  }
+
+  /**
+   * Sets whether hybrid analysis is enabled for a dimension.
+   *
+   * @param dimension the dimension
+   * @param enabled true if so
+   */
+  public void setHybridAnalysis(Member dimension, boolean enabled) {
+    access.edit("set hybrid analysis", dimension.name(),
+        (i, o) -> OutlineJni.assignDimensionHybridAnalysis(i, o, dimension.handle(), enabled));
+  }
+
+  /**
    * Renames a member.
    *
    * @param member the member
@@ -151,8 +193,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public void rename(Member member, String name) {
     Texts.given(member.name(), "new name", name, Texts.NAME);
-    access.edit("rename the member to " + name, member.name(), "",
-        () -> OutlineJni.renameMember(access.instance, access.handle, member.handle(), name));
+    access.edit("rename the member to " + name, member.name(),
+        (i, o) -> OutlineJni.renameMember(i, o, member.handle(), name));
   }
 
   /**
@@ -167,8 +209,9 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
       return;
     }
     boolean behind = to.sibling != 0;
-    access.edit("move the member", member.name(), "", () -> OutlineJni.moveMember(
-        access.instance, access.handle, behind ? to.sibling : to.parent, member.handle(), behind));
+    int reference = behind ? to.sibling : to.parent;
+    access.edit("move the member", member.name(),
+        (i, o) -> OutlineJni.moveMember(i, o, reference, member.handle(), behind));
   }
 
   /**
@@ -177,8 +220,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param member the member
    */
   public void delete(Member member) {
-    access.edit("delete the member", member.name(), "",
-        () -> OutlineJni.deleteMember(access.instance, access.handle, member.handle()));
+    access.edit("delete the member", member.name(),
+        (i, o) -> OutlineJni.deleteMember(i, o, member.handle()));
   }
 
   /**
@@ -188,8 +231,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param ascending false for the reverse order
    */
   public void sortChildren(Member parent, boolean ascending) {
-    access.edit("sort the children", parent.name(), "", () -> OutlineJni.sortChildren(
-        access.instance, access.handle, parent.handle(), ascending));
+    access.edit("sort the children", parent.name(),
+        (i, o) -> OutlineJni.sortChildren(i, o, parent.handle(), ascending));
   }
 
   /**
@@ -213,8 +256,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public List<Finding> verify() {
     List<VerifyFinding> found = new ArrayList<>();
-    access.read("verify the outline", access.name(), () -> OutlineJni.verifyOutlineEdit(
-        access.instance, access.login.context, access.handle, found));
+    access.read("verify the outline", access.name(), (i, o) -> OutlineJni.verifyOutlineEdit(
+        i, access.login.context, o, found));
     List<Finding> findings = new ArrayList<>(found.size());
     for (VerifyFinding finding : found) {
       findings.add(new Finding(finding));
@@ -227,17 +270,41 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     access.save();
   }
 
-  /**
-   * Writes the outline to another database and restructures that. It cannot be cancelled, and
-   * leaves the other database the active one.
-   *
-   * @param application the name of the other application
-   * @param database the name of the other database
-   */
-  public void saveAs(String application, String database) {
-    access.inContext("save the outline as " + application + "." + database,
-        () -> OutlineJni.saveAsObject(access.instance, access.login.context, access.handle,
-            access.login.context, application, database));
+  // ---- The parts of an outline ----
+
+  /** {@return the alias tables} */
+  public AliasTables aliasTables() {
+    return new AliasTables(access);
+  }
+
+  /** {@return the names of generations} */
+  public NumberedNames generations() {
+    return new NumberedNames(access, true);
+  }
+
+  /** {@return the names of levels} */
+  public NumberedNames levels() {
+    return new NumberedNames(access, false);
+  }
+
+  /** {@return the dynamic time series} */
+  public TimeSeries timeSeries() {
+    return new TimeSeries(access);
+  }
+
+  /** {@return the settings of the whole outline} */
+  public Settings settings() {
+    return new Settings(access);
+  }
+
+  /** {@return the attribute dimensions and the settings of attributes} */
+  public Attributes attributes() {
+    return new Attributes(access);
+  }
+
+  /** {@return the database that the outline belongs to, and others that it can be saved to} */
+  public Database database() {
+    return new Database(access);
   }
 
   /** Closes the outline after the call that runs; closing again does nothing. */

@@ -3,11 +3,7 @@ package com.olvane.kep.olvane.outline;
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import java.util.ArrayList;
 import java.util.List;
-import java.util.Spliterator;
-import java.util.Spliterators;
-import java.util.function.Consumer;
 import java.util.stream.Stream;
-import java.util.stream.StreamSupport;
 
 /** A listing by the fast lane, one buffer after the other. */
 final class Reading {
@@ -111,30 +107,7 @@ final class Reading {
 
   /** The members as a stream, which ends the listing. */
   Stream<Member> stream() {
-    return StreamSupport.stream(new Source(), false).onClose(this::close);
-  }
-
-  /** Reads when members are asked for. */
-  private final class Source extends Spliterators.AbstractSpliterator<Member> {
-    Source() {
-      super(Long.MAX_VALUE, ORDERED | NONNULL | IMMUTABLE);
-    }
-
-    @Override
-    public boolean tryAdvance(Consumer<? super Member> action) {
-      Member member = next();
-      if (member == null) {
-        return false;
-      }
-      action.accept(member);
-      return true;
-    }
-
-    @Override
-    public Spliterator<Member> trySplit() {
-      // One buffer follows from the other.
-      return null;
-    }
+    return Streams.of(this::next).onClose(this::close);
   }
 
   /** Whether nothing follows what was read. */

@@ -6,11 +6,7 @@ import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
-import java.util.Spliterator;
-import java.util.Spliterators;
-import java.util.function.Consumer;
 import java.util.stream.Stream;
-import java.util.stream.StreamSupport;
 
 /**
  * A search that is carried out batch by batch. The outline is free between them, and to cancel is
@@ -70,28 +66,6 @@ public final class SearchRun {
 
   /** {@return the members still to be found, in outline order; searched as they are asked for} */
   public Stream<Member> stream() {
-    return StreamSupport.stream(new Batches(), false).flatMap(List::stream);
-  }
-
-  /** The batches as the source of a stream. */
-  private final class Batches extends Spliterators.AbstractSpliterator<List<Member>> {
-    Batches() {
-      super(Long.MAX_VALUE, ORDERED | NONNULL);
-    }
-
-    @Override
-    public boolean tryAdvance(Consumer<? super List<Member>> action) {
-      if (isFinished()) {
-        return false;
-      }
-      action.accept(next());
-      return true;
-    }
-
-    @Override
-    public Spliterator<List<Member>> trySplit() {
-      // Batches follow from one another.
-      return null;
-    }
+    return Streams.of(() -> isFinished() ? null : next()).flatMap(List::stream);
   }
 }

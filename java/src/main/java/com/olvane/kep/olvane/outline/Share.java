@@ -40,11 +40,6 @@ public enum Share implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static Share of(short code) {
-    for (Share constant : ALL) {
-      if (constant.code == code) {
-        return constant;
-      }
-    }
-    return OTHER;
+    return Code.find(ALL, code, OTHER);
   }
 }

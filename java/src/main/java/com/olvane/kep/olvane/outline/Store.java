@@ -1,7 +1,10 @@
 package com.olvane.kep.olvane.outline;
 
+import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.standin.StandinSession;
 import com.olvane.kep.olvane.standin.StatusException;
+import com.olvane.kep.olvane.standin.StoreLock;
+import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.util.ArrayList;
 import java.util.List;
 
@@ -16,6 +19,7 @@ public final class Store implements AutoCloseable {
   private final StandinSession session;
   private final Login login;
   private final List<Outline> outlines = new ArrayList<>();
+  private ContextHandle localContext;
   private volatile boolean closed;
 
   private Store(StandinSession session) {
@@ -53,6 +57,53 @@ public final class Store implements AutoCloseable {
     session.createDatabase(application, database);
   }
 
+  /** {@return the databases, sorted by name} */
+  public List<StoredDatabase> databases() {
+    requireOpen();
+    return session.databases();
+  }
+
+  /**
+   * Deletes a database with its outline.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @throws StatusException if there is none, somebody edits its outline, or it is restructured
+   */
+  public void delete(String application, String database) {
+    requireOpen();
+    String name = application + "." + database;
+    login.beginEditing(name);
+    try {
+      session.deleteDatabase(application, database);
+    } finally {
+      login.endEditing(name);
+    }
+  }
+
+  /** {@return who holds locks and who restructures, this login included} */
+  public List<StoreLock> locks() {
+    requireOpen();
+    return session.locks();
+  }
+
+  /**
+   * Takes a lock away from whoever has it, as from a machine that is gone.
+   *
+   * @param object the name as {@link StoreLock#object} gives it
+   * @throws StatusException if nobody has it
+   */
+  public void breakLock(String object) {
+    requireOpen();
+    session.breakLock(object);
+  }
+
+  /** {@return the outlines that are kept aside} */
+  public LocalObjects localObjects() {
+    requireOpen();
+    return new LocalObjects(this);
+  }
+
   /**
    * Opens the outline of a database for editing. It stays locked until it is closed.
    *
@@ -81,10 +132,14 @@ public final class Store implements AutoCloseable {
 
   private Outline open(String application, String database, boolean editing) {
     requireOpen();
-    Access access =
+    return keep(
         editing
             ? Access.edit(login, login.context, application, database, database)
-            : Access.browse(login, application, database);
+            : Access.browse(login, application, database));
+  }
+
+  /** Makes an outline that this store closes. */
+  Outline keep(Access access) {
     Outline outline = new Outline(access, this);
     synchronized (outlines) {
       if (!closed) {
@@ -101,6 +156,19 @@ public final class Store implements AutoCloseable {
     synchronized (outlines) {
       outlines.remove(outline);
     }
+  }
+
+  Login login() {
+    return login;
+  }
+
+  /** The context of the outlines that are kept aside; made when it is first needed. */
+  synchronized ContextHandle localContext() {
+    requireOpen();
+    if (localContext == null) {
+      localContext = session.newLocalContext();
+    }
+    return localContext;
   }
 
   private void requireOpen() {

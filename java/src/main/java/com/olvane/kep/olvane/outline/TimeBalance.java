@@ -40,11 +40,6 @@ public enum TimeBalance implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static TimeBalance of(short code) {
-    for (TimeBalance constant : ALL) {
-      if (constant.code == code) {
-        return constant;
-      }
-    }
-    return OTHER;
+    return Code.find(ALL, code, OTHER);
   }
 }

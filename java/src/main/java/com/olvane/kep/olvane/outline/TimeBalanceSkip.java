@@ -40,11 +40,6 @@ public enum TimeBalanceSkip implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static TimeBalanceSkip of(short code) {
-    for (TimeBalanceSkip constant : ALL) {
-      if (constant.code == code) {
-        return constant;
-      }
-    }
-    return OTHER;
+    return Code.find(ALL, code, OTHER);
   }
 }

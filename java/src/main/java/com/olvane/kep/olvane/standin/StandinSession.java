@@ -149,6 +149,79 @@ public final class StandinSession implements AutoCloseable {
   }
 
   /**
+   * Lists the databases of the store.
+   *
+   * @return the databases, sorted by name
+   * @throws StatusException if reading the store fails
+   */
+  public List<StoredDatabase> databases() {
+    return databases(context);
+  }
+
+  /**
+   * Lists the databases of a context: of the store, or of the local scratch area for one that
+   * {@link #newLocalContext} gave.
+   *
+   * @param context the context
+   * @return the databases, sorted by name
+   * @throws StatusException if reading the store fails
+   */
+  public List<StoredDatabase> databases(ContextHandle context) {
+    int[] status = new int[1];
+    byte[][] fields = databases(instance.getValue(), context.getValue(), status);
+    check("list the databases", status[0]);
+    List<StoredDatabase> databases = new ArrayList<>();
+    for (int i = 0; i < fields.length; i += 5) {
+      databases.add(
+          new StoredDatabase(
+              text(fields[i]),
+              text(fields[i + 1]),
+              Long.parseLong(text(fields[i + 2])),
+              Long.parseLong(text(fields[i + 3])),
+              Instant.ofEpochSecond(Long.parseLong(text(fields[i + 4])))));
+    }
+    return Collections.unmodifiableList(databases);
+  }
+
+  /**
+   * Removes a database with its outline, and its application when that was its last one.
+   *
+   * @param application the name of the application
+   * @param database the name of the database
+   * @throws StatusException if there is no such database, somebody else edits its outline, or it
+   *     is being restructured
+   */
+  public void deleteDatabase(String application, String database) {
+    deleteDatabase(context, application, database);
+  }
+
+  /**
+   * Removes a database of a context, as {@link #databases(ContextHandle)} lists it.
+   *
+   * @param context the context
+   * @param application the name of the application
+   * @param database the name of the database
+   * @throws StatusException as {@link #deleteDatabase(String, String)} does
+   */
+  public void deleteDatabase(ContextHandle context, String application, String database) {
+    check(
+        "delete the database " + application + "." + database,
+        deleteDatabase(context.getValue(), application, database));
+  }
+
+  /**
+   * Makes a context for outlines of the local scratch area, which are not seen among the
+   * databases. It ends with this session.
+   *
+   * @return the context
+   */
+  public ContextHandle newLocalContext() {
+    int[] local = new int[1];
+    check("use the local scratch area", createLocalContext(instance.getValue(), local));
+    return new ContextHandle(local[0]);
+  }
+
+  /**
    * Lists who holds locks and who restructures in the store, this session included. A holder whose
    * process has died on this machine is not listed.
    *
@@ -247,6 +320,12 @@ public final class StandinSession implements AutoCloseable {
       int context, String application, String database, boolean loaded);
 
   static native boolean restructured(int context, String application, String database);
+
+  static native byte[][] databases(int instance, int context, int[] statusOut);
+
+  static native int deleteDatabase(int context, String application, String database);
+
+  static native int createLocalContext(int instance, int[] contextOut);
 
   static native byte[][] locks(int instance, int[] statusOut);
 

@@ -1,0 +1,127 @@
+// The session functions for whole databases: listing and deleting them.
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "standin/context.h"
+#include "standin/guard.h"
+#include "standin/object.h"
+#include "standin/outline/file/outline_file.h"
+#include "standin/session.h"
+
+using namespace standin;
+
+namespace {
+
+// 0 for an outline that cannot be read.
+uint32_t count_members(const std::string& file) {
+  uint32_t members = 0;
+  run_guarded([&] {
+    members = static_cast<uint32_t>(OutlineFile::open(file).number("SELECT count(*) FROM member"));
+    return kStatusOk;
+  });
+  return members;
+}
+
+OlvStandinDatabase describe_database(Store& store, const std::string& name, bool local) {
+  OlvStandinDatabase entry = {};
+  const size_t slash = name.find('/');
+  const std::string database = name.substr(slash + 1);
+  // Folders that others have made may have longer names; no function takes these.
+  name.copy(entry.application, std::min(slash, sizeof entry.application - 1));
+  database.copy(entry.database, sizeof entry.database - 1);
+  const ObjectName object = {name, database, local};
+  struct stat state {};
+  // Between the two somebody may store another one: the figures are of the moment.
+  if (store.object_size(object)) {
+    const StoredObject stored = store.read(object);
+    if (stat(stored.file.c_str(), &state) == 0) {
+      entry.size = static_cast<uint64_t>(state.st_size);
+      entry.saved = static_cast<int64_t>(state.st_mtime);
+      entry.members = count_members(stored.file);
+    }
+  }
+  return entry;
+}
+
+// The lock of an object, held while this lives.
+class HeldLock {
+ public:
+  HeldLock(Store& store, int64_t login, ObjectName object)
+      : store_(store), login_(login), object_(std::move(object)) {
+    store_.lock(login_, object_);
+  }
+  ~HeldLock() {
+    run_guarded([&] {
+      store_.unlock(login_, object_);
+      return kStatusOk;
+    });
+  }
+  HeldLock(const HeldLock&) = delete;
+  HeldLock& operator=(const HeldLock&) = delete;
+
+ private:
+  Store& store_;
+  int64_t login_;
+  ObjectName object_;
+};
+
+// Keeps restructures of a database away while this lives.
+class ProcessTurn {
+ public:
+  ProcessTurn(Store& store, int64_t login, const std::string& database)
+      : store_(store), login_(login) {
+    store_.begin_process(login_, database);
+  }
+  ~ProcessTurn() {
+    run_guarded([&] {
+      store_.end_process(login_);
+      return kStatusOk;
+    });
+  }
+  ProcessTurn(const ProcessTurn&) = delete;
+  ProcessTurn& operator=(const ProcessTurn&) = delete;
+
+ private:
+  Store& store_;
+  int64_t login_;
+};
+
+}  // namespace
+
+extern "C" {
+
+int OlvStandinListDatabases(HCTX context, uint32_t* count, OlvStandinDatabase** databases) {
+  return run_guarded([&] {
+    if (count == nullptr || databases == nullptr) return static_cast<int>(kBadArgument);
+    const auto state = require_state(context);
+    std::vector<OlvStandinDatabase> found;
+    for (const std::string& name : state->store->databases(state->local)) {
+      found.push_back(describe_database(*state->store, name, state->local));
+    }
+    *count = static_cast<uint32_t>(found.size());
+    *databases = nullptr;
+    if (found.empty()) return kStatusOk;
+    *databases = hand_out_records<OlvStandinDatabase>(found.size());
+    std::copy(found.begin(), found.end(), *databases);
+    return kStatusOk;
+  });
+}
+
+int OlvStandinDeleteDatabase(HCTX context, const char* application, const char* database) {
+  return run_guarded([&] {
+    const auto state = require_state(context);
+    const std::string name = database_name(application, database);
+    const ObjectName outline = {name, database, state->local};
+    // To ask for a local one would make it.
+    if (!state->local) existing_database(*state, application, database);
+    const int64_t login = require_known_login(*state);
+    const HeldLock lock(*state->store, login, outline);
+    const ProcessTurn turn(*state->store, login, state->local ? outline.text() : name);
+    state->store->remove_database(name, state->local);
+    return kStatusOk;
+  });
+}
+
+}  // extern "C"
