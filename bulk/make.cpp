@@ -253,9 +253,8 @@ bool make_members(const Request& request, Answer* answer) {
   const bool creating = request.operation == KEPOTL_FORMAT(CREATE);
   Made made(request.outline, creating ? count : 0);
   Reader body = request.body;
-  while (!body.at_end()) {
-    Record record;
-    take_record(&body, request.tables.size(), &record);
+  Record record;
+  while (!body.at_end() && take_record(&body, request.tables.size(), &record)) {
     HMember member = record.number(KEPOTL_FORMAT(MAKE_HANDLE));
     const Outcome outcome =
         creating ? create(request, record, &made, &member) : set_details(request, member, record);

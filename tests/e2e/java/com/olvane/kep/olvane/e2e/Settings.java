@@ -37,7 +37,7 @@ public final class Settings {
    * @param full the size with full data
    * @return a part of it, at least 1
    */
-  static int scaled(int full) {
+  public static int scaled(int full) {
     return Math.max(1, full / 100 * Integer.getInteger("e2e.scale"));
   }
 

@@ -7,10 +7,14 @@ import static org.junit.Assert.fail;
 
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.cli.demo.DemoCommand;
 import com.olvane.kep.olvane.defs.outline.AttributeType;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.DimensionCategory;
+import com.olvane.kep.olvane.e2e.Settings;
 import com.olvane.kep.olvane.standin.StandinSession;
+import java.io.PrintWriter;
+import java.io.StringWriter;
 import java.nio.ByteBuffer;
 import java.util.ArrayList;
 import java.util.Arrays;
@@ -21,6 +25,7 @@ import java.util.stream.Collectors;
 import org.junit.Before;
 import org.junit.Rule;
 import org.junit.Test;
+import picocli.CommandLine;
 
 /** What the fast lane reads and makes is what the native methods read and make. */
 public class FastLaneTest {
@@ -41,16 +46,17 @@ public class FastLaneTest {
 
   /** Every member, with every detail, as the fast lane reads it and as the native methods do. */
   private static void assertReadsLikeTheNatives(Outline outline) {
-    List<Member> dimensions = outline.dimensions(NativeValues.details());
-    List<DefaultMember> expected = NativeValues.dimensions(outline);
+    NativeValues values = new NativeValues(outline);
+    List<Member> dimensions = outline.dimensions(values.details());
+    List<DefaultMember> expected = values.dimensions();
     assertEquals(expected.size(), dimensions.size());
     for (int i = 0; i < expected.size(); i++) {
-      List<String> members = NativeValues.subtree(outline, expected.get(i));
-      List<Member> read = outline.subtree(dimensions.get(i), NativeValues.details())
+      List<String> members = values.subtree(expected.get(i));
+      List<Member> read = outline.subtree(dimensions.get(i), values.details())
           .collect(Collectors.toList());
-      assertEquals(members, NativeValues.texts(read));
+      assertEquals(members, values.texts(read));
       int[] handles = read.stream().mapToInt(Member::handle).toArray();
-      assertEquals(members, NativeValues.texts(outline.read(handles, NativeValues.details())));
+      assertEquals(members, values.texts(outline.read(handles, values.details())));
       for (Member member : read) {
         List<Member> children = outline.children(member, Details.NONE.place())
             .collect(Collectors.toList());
@@ -61,6 +67,20 @@ public class FastLaneTest {
           previous = child.handle();
         }
       }
+    }
+  }
+
+  @Test
+  public void theDemosOutline() {
+    String store = Settings.newFolder().toString();
+    assertEquals(0, new CommandLine(new DemoCommand())
+        .setCaseInsensitiveEnumValuesAllowed(true)
+        .setOut(new PrintWriter(new StringWriter()))
+        .setErr(new PrintWriter(new StringWriter()))
+        .execute("--store", store, "--data", System.getProperty("e2e.data"), "--act", "life",
+            "--countries", Integer.toString(Settings.scaled(300))));
+    try (Store demo = Store.open(store, "tester"); Outline world = demo.browse("Demo", "World")) {
+      assertReadsLikeTheNatives(world);
     }
   }
 
@@ -103,8 +123,9 @@ public class FastLaneTest {
 
   /** The members below a parent without what tells two subtrees apart: handles and names. */
   private List<String> anonymous(Member parent) {
-    return outline.subtree(parent, NativeValues.details()).skip(1)
-        .map(member -> NativeValues.text(member).replaceFirst("handle=\\d+, ", ""))
+    NativeValues values = new NativeValues(outline);
+    return outline.subtree(parent, values.details()).skip(1)
+        .map(member -> values.text(member).replaceFirst("handle=\\d+, ", ""))
         .collect(Collectors.toList());
   }
 
@@ -209,6 +230,25 @@ public class FastLaneTest {
       }
     }
     assertReadsLikeTheNatives(outline);
+  }
+
+  /** A million members in the long runs. */
+  @Test
+  public void manyMembersAreMadeStoredAndReadInOrder() {
+    int count = Settings.scaled(20_000);
+    int[] made =
+        outline.build(Place.firstBelow(rule.dimension), OutlineRule.numbered("Member ", count));
+    assertEquals(count, made.length);
+    try (Outline stored = rule.reopened()) {
+      Member product = stored.dimensions(Details.NONE).get(0);
+      int[] next = {0};
+      stored.children(product, Details.NONE).forEach(
+          member -> assertEquals("Member " + next[0]++, member.name()));
+      assertEquals(count, next[0]);
+      Page last = stored.page(product, count - 1, 10, Details.NONE);
+      assertEquals("Member " + (count - 1), last.members().get(0).name());
+      assertEquals(count - 1, stored.position(last.members().get(0)));
+    }
   }
 
   @Test

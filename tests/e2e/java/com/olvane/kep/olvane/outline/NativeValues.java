@@ -17,22 +17,28 @@ import java.util.Map;
 
 /** Members as texts with every value, once as the native methods give it and once as read. */
 final class NativeValues {
-  private NativeValues() {}
+  private final Outline outline;
+  private final List<String> tables;
+
+  NativeValues(Outline outline) {
+    this.outline = outline;
+    this.tables = outline.aliasTables().names();
+  }
 
   /** A member and its descendants in pre-order, by the native methods. */
-  static List<String> subtree(Outline outline, DefaultMember member) {
+  List<String> subtree(DefaultMember member) {
     List<String> texts = new ArrayList<>();
-    texts.add(text(outline, member));
+    texts.add(text(member));
     List<DefaultMember> children = new ArrayList<>();
     check("list", OutlineJni.getChildrenEx(
         outline.access.instance, outline.access.handle, null, member.getHandle(), children));
     for (DefaultMember child : children) {
-      texts.addAll(subtree(outline, child));
+      texts.addAll(subtree(child));
     }
     return texts;
   }
 
-  static List<DefaultMember> dimensions(Outline outline) {
+  List<DefaultMember> dimensions() {
     List<DefaultMember> dimensions = new ArrayList<>();
     check("list", OutlineJni.getDimensionsEx(
         outline.access.instance, outline.access.handle, dimensions));
@@ -43,7 +49,7 @@ final class NativeValues {
     return text == null ? "" : text;
   }
 
-  static String text(Outline outline, DefaultMember member) {
+  String text(DefaultMember member) {
     InstanceHandle instance = outline.access.instance;
     OutlineHandle handle = outline.access.handle;
     int number = member.getHandle();
@@ -68,7 +74,7 @@ final class NativeValues {
     List<MemberAlias> aliases = new ArrayList<>();
     check("aliases", OutlineJni.getMemberAliases(instance, handle, number, aliases));
     List<String> udas = new ArrayList<>();
-    for (String table : RandomOutline.TABLES) {
+    for (String table : tables) {
       String alias = "";
       for (MemberAlias found : aliases) {
         alias = found.getTableName().equals(table) ? found.getAliasName() : alias;
@@ -88,11 +94,11 @@ final class NativeValues {
   }
 
   /** The details that a member must have been read with for {@link #text(Member)}. */
-  static Details details() {
-    return Details.NONE.formula().udas().attributes().aliases(RandomOutline.TABLES);
+  Details details() {
+    return Details.NONE.formula().udas().attributes().aliases(tables.toArray(new String[0]));
   }
 
-  static String text(Member member) {
+  String text(Member member) {
     Map<String, Object> values = new LinkedHashMap<>();
     values.put("handle", member.handle());
     values.put("name", member.name());
@@ -109,7 +115,7 @@ final class NativeValues {
     values.put("currency", member.currencyMember());
     values.put("comment", member.comment());
     values.put("formula", member.formula());
-    for (String table : RandomOutline.TABLES) {
+    for (String table : tables) {
       values.put("alias " + table, member.alias(table));
     }
     values.put("udas", member.udas());
@@ -121,7 +127,7 @@ final class NativeValues {
     return values.toString();
   }
 
-  static List<String> texts(List<Member> members) {
+  List<String> texts(List<Member> members) {
     List<String> texts = new ArrayList<>();
     for (Member member : members) {
       texts.add(text(member));

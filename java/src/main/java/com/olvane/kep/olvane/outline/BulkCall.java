@@ -119,17 +119,19 @@ final class BulkCall {
   /** Makes the call; the outline must have been entered. The buffer grows where a record asks. */
   void run() {
     OutlineBulk.run(buffer);
-    int needed = get(OutlineBulk.NEEDED);
-    if (needed == 0) {
-      return;
+    for (int needed = get(OutlineBulk.NEEDED); needed != 0; needed = get(OutlineBulk.NEEDED)) {
+      if (needed < 0 || needed > Integer.MAX_VALUE - size) {
+        throw new OutlineException("read a member of more than two gigabytes", Status.REFUSED,
+            access.name(), "");
+      }
+      ByteBuffer small = buffer;
+      buffer = access.borrow(size + needed);
+      small.clear().limit(size);
+      buffer.clear();
+      buffer.put(small);
+      access.giveBack(small);
+      OutlineBulk.run(buffer);
     }
-    ByteBuffer small = buffer;
-    buffer = access.borrow(Math.addExact(size, needed));
-    small.clear().limit(size);
-    buffer.clear();
-    buffer.put(small);
-    access.giveBack(small);
-    OutlineBulk.run(buffer);
   }
 
   int status() {

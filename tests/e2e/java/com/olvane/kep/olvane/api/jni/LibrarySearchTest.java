@@ -40,12 +40,16 @@ public class LibrarySearchTest {
   }
 
   private Path search() {
+    return newSearch().load();
+  }
+
+  private LibrarySearch newSearch() {
     return new LibrarySearch(properties::get, this::resource, file -> {
       asked.add(file);
       if (failure != null) {
         throw new UnsatisfiedLinkError(file + ": " + file + ": " + failure);
       }
-    }).load();
+    });
   }
 
   private InputStream resource(String name) {
@@ -132,6 +136,26 @@ public class LibrarySearchTest {
     for (String[] cure : cures) {
       failure = cure[0];
       assertInOrder(message(), cure[0], cure[1]);
+    }
+  }
+
+  @Test
+  public void theOtherLibraryIsLookedForBesideTheFirst() throws IOException {
+    Path file = place("explicit");
+    properties.put("kepotl.library", file.toString());
+    LibrarySearch search = newSearch();
+    Path found = search.load();
+    Path beside = found.resolveSibling("libkepotl-bulk.so");
+    Files.write(beside, new byte[0]);
+    search.loadBeside(found, "kepotl-bulk");
+    Files.delete(beside);
+    failure = "cannot open shared object file";
+    try {
+      search.loadBeside(found, "kepotl-bulk");
+      fail();
+    } catch (UnsatisfiedLinkError e) {
+      assertInOrder(e.getMessage(), "libkepotl-bulk.so could not be loaded", "beside " + found,
+          beside + ": no such file", "To cure this");
     }
   }
 

@@ -9,9 +9,11 @@ import static org.junit.Assert.fail;
 
 import com.olvane.kep.olvane.e2e.Settings;
 import java.io.IOException;
+import java.lang.reflect.InvocationTargetException;
 import java.net.MalformedURLException;
 import java.net.URL;
 import java.net.URLClassLoader;
+import java.nio.ByteBuffer;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.Paths;
@@ -51,6 +53,13 @@ public class PackedLibraryTest {
     Class<?> natives = loader.loadClass(OutlineJni.class.getName());
     Class<?> outline = loader.loadClass("com.olvane.kep.olvane.api.OutlineHandle");
     assertEquals(0, natives.getMethod("getDimensions", outline, List.class).invoke(null, null, null));
+    try {
+      loader.loadClass(OutlineBulk.class.getName()).getMethod("run", ByteBuffer.class)
+          .invoke(null, ByteBuffer.allocateDirect(OutlineBulk.REQUEST));
+      fail("an empty request was carried out");
+    } catch (InvocationTargetException e) {
+      assertThat(e.getCause().getMessage(), containsString("no well-formed request"));
+    }
     return loader.loadClass(NativeLibrary.class.getName()).getMethod("location").invoke(null)
         .toString();
   }
