@@ -6,6 +6,7 @@
 
 #include "standin/context.h"
 #include "standin/guard.h"
+#include "standin/held_lock.h"
 #include "standin/object.h"
 #include "standin/outline/file/outline_file.h"
 #include "standin/session.h"
@@ -44,28 +45,6 @@ OlvStandinDatabase describe_database(Store& store, const std::string& name, bool
   }
   return entry;
 }
-
-// The lock of an object, held while this lives.
-class HeldLock {
- public:
-  HeldLock(Store& store, int64_t login, ObjectName object)
-      : store_(store), login_(login), object_(std::move(object)) {
-    store_.lock(login_, object_);
-  }
-  ~HeldLock() {
-    run_guarded([&] {
-      store_.unlock(login_, object_);
-      return kStatusOk;
-    });
-  }
-  HeldLock(const HeldLock&) = delete;
-  HeldLock& operator=(const HeldLock&) = delete;
-
- private:
-  Store& store_;
-  int64_t login_;
-  ObjectName object_;
-};
 
 // Keeps restructures of a database away while this lives.
 class ProcessTurn {

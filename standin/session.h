@@ -51,6 +51,16 @@ int OlvStandinListDatabases(HCTX context, uint32_t* count, OlvStandinDatabase** 
 // outline, kProcessRunning while it is restructured.
 int OlvStandinDeleteDatabase(HCTX context, const char* application, const char* database);
 
+// Writes a copy of a database's stored outline to a file, replacing what is there. The copy is of
+// one saved state, also while others save. kBadArgument when the path names no regular file.
+int OlvStandinBackup(HCTX context, const char* application, const char* database, const char* file);
+
+// Stores the outline in a file as a database's outline, as a save does, after reading all of it.
+// kDamagedOutline when it is none and kObjectLocked while another login edits; nothing is changed
+// then.
+int OlvStandinRestore(HCTX context, const char* file, const char* application,
+                      const char* database);
+
 // One English sentence for a status; static, never null.
 const char* OlvStandinStatusText(int status);
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Lays the 32-bit Debian tree that the i386 preset compiles against and runs in: the C library,
-# GoogleTest, Google Benchmark, SQLite and a Java virtual machine. The compiler's own headers and
-# libraries come with g++-multilib.
+# GoogleTest, Google Benchmark, SQLite, the libraries of the outline command and a Java virtual
+# machine. The compiler's own headers and libraries come with g++-multilib.
 # Usage: tools/i386-tree.sh TREE
 set -euo pipefail
 
@@ -20,9 +20,10 @@ codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 packages=(
   default-jre-headless libc6-dev libstdc++6
   libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev
+  libcli11-dev libcsv-dev libfmt-dev libutf8proc-dev nlohmann-json3-dev
 )
 # The leading number counts changes to what this script does with the packages.
-recipe="2 $codename ${packages[*]}"
+recipe="3 $codename ${packages[*]}"
 stamp=$tree/.laid-from
 is_laid() { [[ -f $stamp && $(<"$stamp") == "$recipe" ]]; }
 if is_laid; then exit 0; fi
@@ -59,9 +60,10 @@ fi
 
 # Only what the compiler and the virtual machine read is kept. The emulator looks into the tree
 # before the machine for every path, so anything else would hide the machine's own files.
-mkdir -p "$work/kept/etc" "$work/kept/usr"
+mkdir -p "$work/kept/etc" "$work/kept/usr/share"
 mv "$work/all/lib" "$work/kept/"
 mv "$work/all/usr/include" "$work/all/usr/lib" "$work/kept/usr/"
+mv "$work/all/usr/share/cmake" "$work/kept/usr/share/"  # header-only libraries describe themselves there
 mv "$work"/all/etc/java-*-openjdk "$work/kept/etc/"
 
 # An unpacked tree has no root of its own, so absolute links must become relative ones.

@@ -7,37 +7,12 @@ import java.io.OutputStreamWriter;
 import java.io.PrintWriter;
 import java.nio.charset.StandardCharsets;
 import picocli.CommandLine;
-import picocli.CommandLine.Command;
-import picocli.CommandLine.Model.CommandSpec;
-import picocli.CommandLine.ParameterException;
-import picocli.CommandLine.Spec;
 
 /**
- * The outline command. It ends with 0 for success, 1 for a failure and 2 for wrong usage; results
+ * Runs the demonstration. It ends with 0 for success, 1 for a failure and 2 for wrong usage; results
  * go to standard output, messages to standard error, both in UTF-8.
  */
-@Command(
-    name = "outline",
-    header = {
-      "Work with the outlines of multidimensional databases.",
-      "",
-      "Examples:",
-      "  outline demo                  build and explore an outline of the world",
-      "  outline create Demo Sales     create a database with an empty outline",
-      "  outline tree Demo World       show the members of an outline",
-      ""
-    },
-    mixinStandardHelpOptions = true,
-    version = "kepotl 1.0",
-    subcommands = {
-      DemoCommand.class,
-      CreateCommand.class,
-      InfoCommand.class,
-      TreeCommand.class
-    })
-public final class Main implements Runnable {
-  @Spec private CommandSpec spec;
-
+public final class Main {
   private Main() {}
 
   /**
@@ -46,7 +21,7 @@ public final class Main implements Runnable {
    * @param arguments the command line
    */
   public static void main(String[] arguments) {
-    CommandLine command = new CommandLine(new Main());
+    CommandLine command = new CommandLine(new DemoCommand());
     command.setCaseInsensitiveEnumValuesAllowed(true);
     command.setOut(writer(FileDescriptor.out));
     command.setErr(writer(FileDescriptor.err));
@@ -80,10 +55,5 @@ public final class Main implements Runnable {
     }
     String text = exception.getMessage();
     return text == null ? exception.toString() : text;
-  }
-
-  @Override
-  public void run() {
-    throw new ParameterException(spec.commandLine(), "Name a command: demo, create, info or tree");
   }
 }

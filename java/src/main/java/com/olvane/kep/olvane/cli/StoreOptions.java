@@ -1,7 +1,6 @@
 package com.olvane.kep.olvane.cli;
 
 import com.olvane.kep.olvane.standin.StandinSession;
-import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.Paths;
 import picocli.CommandLine.Option;
@@ -31,20 +30,5 @@ public final class StoreOptions {
   /** {@return a session on the store, which is made if need be, to be closed by the caller} */
   public StandinSession open() {
     return StandinSession.open(store, user);
-  }
-
-  /**
-   * Opens a store that must be there already.
-   *
-   * @return a session on the store, to be closed by the caller
-   * @throws IllegalArgumentException if there is no such folder
-   */
-  public StandinSession openExisting() {
-    if (!Files.isDirectory(store)) {
-      throw new IllegalArgumentException(
-          "There is no store " + store.toAbsolutePath()
-              + ". Name another folder with --store, or make one with: outline demo");
-    }
-    return open();
   }
 }

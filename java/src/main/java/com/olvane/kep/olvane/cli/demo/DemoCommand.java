@@ -5,8 +5,6 @@ import com.olvane.kep.olvane.standin.Ledger;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.IOException;
 import java.io.PrintWriter;
-import java.net.URISyntaxException;
-import java.net.URL;
 import java.nio.file.Path;
 import java.nio.file.Paths;
 import java.util.concurrent.Callable;
@@ -19,17 +17,18 @@ import picocli.CommandLine.Spec;
 
 /** Builds an outline from the countries of the world and shows what can be done with it. */
 @Command(
-    name = "demo",
+    name = "outline-demo",
     header = {
       "Build an outline of the countries of the world, and look around in it.",
       "",
       "Examples:",
-      "  outline demo",
-      "  outline demo --store world --countries 20",
-      "  outline demo --act search",
+      "  outline-demo",
+      "  outline-demo --store world --countries 20",
+      "  outline-demo --act search",
       ""
     },
-    mixinStandardHelpOptions = true)
+    mixinStandardHelpOptions = true,
+    version = "kepotl 1.0")
 public final class DemoCommand implements Callable<Integer> {
   @Spec private CommandSpec spec;
 
@@ -92,9 +91,9 @@ public final class DemoCommand implements Callable<Integer> {
     return 0;
   }
 
-  /** A launcher names itself in the property {@code outline.command}. */
+  /** A launcher names the outline command in the property {@code outline.command}. */
   private void printNextSteps(Tour tour) {
-    String command = System.getProperty("outline.command", "java -jar " + jar());
+    String command = System.getProperty("outline.command", "outline");
     String database =
         " --store " + options.folder() + " " + Tour.APPLICATION + " " + Tour.DATABASE;
     String country = tour.plan().featured().name;
@@ -104,14 +103,5 @@ public final class DemoCommand implements Callable<Integer> {
     tour.print("  %s tree%s --depth 1 --aliases French", command, database);
     tour.print("  %s tree%s --member %s --aliases Japanese", command, database, country);
     tour.print("  %s tree%s --member Year --json", command, database);
-  }
-
-  private static String jar() {
-    URL location = DemoCommand.class.getProtectionDomain().getCodeSource().getLocation();
-    try {
-      return Paths.get(location.toURI()).toString();
-    } catch (URISyntaxException e) {
-      return "kepotl.jar";
-    }
   }
 }

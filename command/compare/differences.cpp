@@ -1,0 +1,161 @@
+// Walking two matched outlines.
+#include "command/compare/differences.h"
+
+#include <algorithm>
+#include <set>
+
+#include "command/compare/match.h"
+#include "command/layer/naming.h"
+#include "command/rows/json_lines.h"
+
+namespace command {
+namespace {
+
+void compare_whole(const Outline& before, const Outline& after,
+                   const std::function<void(const Difference&)>& take) {
+  const auto compare_lines = [&](const std::vector<std::string>& old_lines,
+                                 const std::vector<std::string>& new_lines) {
+    const std::set<std::string> old_set(old_lines.begin(), old_lines.end());
+    const std::set<std::string> new_set(new_lines.begin(), new_lines.end());
+    for (const std::string& line : old_lines) {
+      if (new_set.count(line) == 0) take({Change::kOutline, "", "", line, ""});
+    }
+    for (const std::string& line : new_lines) {
+      if (old_set.count(line) == 0) take({Change::kOutline, "", "", "", line});
+    }
+  };
+  compare_lines(outline_lines(before), outline_lines(after));
+  compare_lines(closing_lines(before), closing_lines(after));
+}
+
+class Comparison {
+ public:
+  Comparison(const Outline& before, const Outline& after,
+             const std::function<void(const Difference&)>& take)
+      : before_(before),
+        after_(after),
+        match_(before, after),
+        fields_(before, after),
+        take_(take) {}
+
+  void run() {
+    compare_order(after_.root());
+    for (const Member member : subtree(after_.root())) {
+      compare_member(member);
+      compare_order(member);
+    }
+    for (const Member member : subtree(before_.root())) {
+      if (!match_.after_of(member)) {
+        take_({Change::kRemoved, path_of(before_, member), "", "", ""});
+      }
+    }
+  }
+
+ private:
+  void compare_member(Member after) {
+    const Member before = match_.before_of(after);
+    if (!before) {
+      take_({Change::kAdded, path_of(after_, after), "", "", ""});
+      return;
+    }
+    const std::string old_name = before.name();
+    std::string new_name = after.name();
+    if (old_name != new_name) {
+      take_({Change::kRenamed, path_of(after_, after), "", old_name, new_name});
+    }
+    const Member old_parent = before.parent();
+    const Member new_parent = after.parent();
+    const bool moved =
+        new_parent ? match_.before_of(new_parent) != old_parent : static_cast<bool>(old_parent);
+    if (moved) {
+      take_({Change::kMoved, path_of(after_, after), "", path_of(before_, before),
+             path_of(after_, after)});
+    }
+    for (FieldChange& change : fields_.changes(before, after)) {
+      take_({Change::kField, path_of(after_, after), change.field.header(),
+             std::move(change.before), std::move(change.after)});
+    }
+  }
+
+  // Those of the children that were below the same parent and have to move for the new order.
+  void compare_order(Member after_parent) {
+    const Member before_parent = after_parent ? match_.before_of(after_parent) : before_.root();
+    if (after_parent && !before_parent) return;
+    std::vector<Member> stayed;  // in the new order
+    bool in_order = true;
+    Member last;
+    for (const Member child : children(after_parent)) {
+      const Member before = match_.before_of(child);
+      if (!before || before.parent() != before_parent) continue;
+      // The common case: the next one that stayed is the one that follows.
+      if (in_order) {
+        Member expected = last ? last.next() : before_parent.first_child();
+        while (expected && expected != before && stays_elsewhere(expected, after_parent)) {
+          expected = expected.next();
+        }
+        in_order = expected == before;
+      }
+      last = before;
+      stayed.push_back(child);
+    }
+    if (!in_order) report_order(before_parent, stayed);
+  }
+
+  bool stays_elsewhere(Member before, Member after_parent) const {
+    const Member after = match_.after_of(before);
+    return !after || after.parent() != after_parent;
+  }
+
+  void report_order(Member before_parent, const std::vector<Member>& stayed) {
+    std::vector<size_t> position_of;  // by handle of the first outline
+    size_t number = 0;
+    for (const Member child : children(before_parent)) {
+      if (child.handle() >= position_of.size()) position_of.resize(child.handle() + 1);
+      position_of[child.handle()] = number++;
+    }
+    std::vector<size_t> numbers;
+    for (const Member child : stayed) {
+      numbers.push_back(position_of[match_.before_of(child).handle()]);
+    }
+    const std::vector<bool> kept = longest_rise(numbers);
+    for (size_t i = 0; i < stayed.size(); ++i) {
+      if (!kept[i]) take_({Change::kReordered, path_of(after_, stayed[i]), "", "", ""});
+    }
+  }
+
+  const Outline& before_;
+  const Outline& after_;
+  Match match_;
+  FieldComparison fields_;
+  const std::function<void(const Difference&)>& take_;
+};
+
+}  // namespace
+
+std::vector<bool> longest_rise(const std::vector<size_t>& numbers) {
+  constexpr size_t kNone = SIZE_MAX;
+  std::vector<size_t> ends;  // by length less 1: where the best run of that length ends
+  std::vector<size_t> before(numbers.size(), kNone);
+  for (size_t i = 0; i < numbers.size(); ++i) {
+    const auto at =
+        std::lower_bound(ends.begin(), ends.end(), numbers[i],
+                         [&](size_t end, size_t value) { return numbers[end] < value; });
+    if (at != ends.begin()) before[i] = *(at - 1);
+    if (at == ends.end()) {
+      ends.push_back(i);
+    } else {
+      *at = i;
+    }
+  }
+  std::vector<bool> kept(numbers.size());
+  for (size_t i = ends.empty() ? kNone : ends.back(); i != kNone; i = before[i]) kept[i] = true;
+  return kept;
+}
+
+void compare(const Outline& before, const Outline& after, bool whole,
+             const std::function<void(const Difference&)>& take) {
+  if (whole) compare_whole(before, after, take);
+  Comparison(before, after, take).run();
+}
+
+}  // namespace command

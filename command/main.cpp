@@ -1,0 +1,128 @@
+// The outline command: parses the command line, runs a subcommand and turns what goes wrong into a
+// message and an exit code.
+#include <pwd.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+#include <new>
+
+#include "command/commands.h"
+#include "command/layer/similar.h"
+
+namespace command {
+
+void add_commands(CLI::App& app, Session& session) {
+  for (const auto add :
+       {add_list,   add_create,  add_delete_database, add_info,        add_tree,     add_show,
+        add_find,   add_load,    add_export,          add_apply,       add_edits,    add_diff,
+        add_verify, add_aliases, add_save_as,         add_restructure, add_currency, add_locks,
+        add_unlock, add_backup,  add_restore}) {
+    add(app, session);
+  }
+}
+
+namespace {
+
+std::string login_name() {
+  if (const char* name = std::getenv("USER"); name != nullptr && *name != '\0') return name;
+  const passwd* entry = getpwuid(getuid());
+  return entry != nullptr ? entry->pw_name : "nobody";
+}
+
+// "did you mean" for the first word that a subcommand does not know.
+std::string suggestion(const CLI::App& app) {
+  for (const CLI::App* subcommand : app.get_subcommands()) {
+    for (const std::string& word : subcommand->remaining(true)) {
+      if (word.rfind('-', 0) != 0) continue;
+      Similar similar(word.substr(0, word.find('=')));
+      for (const CLI::Option* option : subcommand->get_options()) {
+        for (const std::string& name : option->get_lnames()) similar.offer("--" + name);
+      }
+      return similar.sentence();
+    }
+    return suggestion(*subcommand);
+  }
+  return "";
+}
+
+int misuse(const std::string& message, const std::string& hint) {
+  complain(message + hint);
+  return kMisuse;
+}
+
+const CLI::App* find_subcommand(const CLI::App& app, const std::string& name) {
+  for (const CLI::App* subcommand : app.get_subcommands({})) {
+    if (subcommand->get_name() == name) return subcommand;
+  }
+  return nullptr;
+}
+
+// The words of a command line begin with a subcommand, or with an option of the program itself.
+int check_subcommand(const CLI::App& app, int count, char** words) {
+  if (count < 2) return misuse("what shall be done? 'outline help' lists the commands", "");
+  const std::string word = words[1];
+  if (word.rfind('-', 0) == 0 || find_subcommand(app, word) != nullptr) return kDone;
+  Similar similar(word);
+  for (const CLI::App* subcommand : app.get_subcommands({})) similar.offer(subcommand->get_name());
+  const std::string hint = similar.sentence();
+  return misuse(fmt::format("there is no command '{}'", word),
+                hint.empty() ? "; 'outline help' lists the commands" : hint);
+}
+
+int parse_and_run(int count, char** words) {
+  CLI::App app("Everything an administrator does with an outline: look, load, edit, compare, save.",
+               "outline");
+  Session session;
+  session.store = "outlines";
+  session.user = login_name();
+  app.require_subcommand(1);
+  app.set_version_flag("--version",
+                       "outline " KEPOTL_VERSION " (embedded engine " KEPOTL_VERSION ")",
+                       "Show the versions of command and engine");
+  add_commands(app, session);
+  std::string about;
+  CLI::App* help = app.add_subcommand("help", "Show what there is, or how a command is used");
+  help->add_option("COMMAND", about, "The command")->type_name("");
+  help->callback([&] {
+    session.work = [&] {
+      const CLI::App* subject = about.empty() ? &app : find_subcommand(app, about);
+      if (subject == nullptr) throw Failure(fmt::format("there is no command '{}'", about));
+      const std::string program = about.empty() ? "outline" : "outline " + about;
+      session.out.write(
+          app.get_formatter()->make_help(subject, program, CLI::AppFormatMode::Normal));
+      return kDone;
+    };
+  });
+
+  const int known = check_subcommand(app, count, words);
+  if (known != kDone) return known;
+  try {
+    app.parse(count, words);
+  } catch (const CLI::Success& asked) {
+    std::ostringstream text;
+    app.exit(asked, text, text);
+    session.out.write(text.str());
+    session.out.finish();
+    return kDone;
+  } catch (const CLI::ParseError& error) {
+    return misuse(error.what(), suggestion(app));
+  }
+  const int code = session.work();
+  session.out.finish();
+  return code;
+}
+
+}  // namespace
+}  // namespace command
+
+int main(int count, char** words) {
+  try {
+    return command::parse_and_run(count, words);
+  } catch (const std::bad_alloc&) {
+    command::complain("memory ran out; nothing was saved");
+  } catch (const std::exception& failure) {
+    command::complain(failure.what());
+  }
+  return command::kFailed;
+}

@@ -1,0 +1,72 @@
+// Writing to stdout, files and the terminal.
+#include "command/output.h"
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <nlohmann/json.hpp>
+
+#include "command/layer/status.h"
+
+namespace command {
+namespace {
+
+[[noreturn]] void fail_to_write(const std::string& path, int error) {
+  throw Failure(fmt::format("can't write to {}: {}", path.empty() ? "stdout" : "'" + path + "'",
+                            std::strerror(error)));
+}
+
+}  // namespace
+
+Output::Output(const std::string& path)
+    : path_(path), descriptor_(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
+  if (descriptor_ < 0) fail_to_write(path_, errno);
+}
+
+Output::~Output() {
+  if (!path_.empty() && descriptor_ >= 0) close(descriptor_);
+}
+
+void Output::flush() {
+  std::string_view left = buffer_;
+  while (!left.empty()) {
+    const ssize_t put = ::write(descriptor_, left.data(), left.size());
+    if (put < 0 && errno == EINTR) continue;
+    if (put < 0 && errno == EPIPE) _exit(0);  // the reader has seen enough
+    if (put < 0) {
+      const int error = errno;
+      buffer_.clear();
+      fail_to_write(path_, error);
+    }
+    left.remove_prefix(static_cast<size_t>(put));
+  }
+  buffer_.clear();
+}
+
+void Output::finish() {
+  flush();
+  if (path_.empty()) return;
+  const int descriptor = descriptor_;
+  descriptor_ = -1;
+  if (close(descriptor) != 0) fail_to_write(path_, errno);
+}
+
+void complain(std::string_view message) {
+  const std::string text = fmt::format("outline: {}\n", message);
+  if (::write(2, text.data(), text.size()) < 0) return;  // there is nobody left to tell
+}
+
+std::string json_text(std::string_view text) {
+  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+size_t terminal_width(int descriptor) {
+  winsize size = {};
+  if (isatty(descriptor) == 0 || ioctl(descriptor, TIOCGWINSZ, &size) != 0) return 0;
+  return size.ws_col;
+}
+
+}  // namespace command

@@ -1,0 +1,65 @@
+// Processes with their input and output in files of the test's folder.
+#include "tests/command/process.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace command_test {
+namespace {
+
+std::string content_of(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  content << file.rdbuf();
+  return content.str();
+}
+
+std::string quoted(const std::string& word) {
+  std::string text = "'";
+  for (const char c : word) text += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return text + "'";
+}
+
+}  // namespace
+
+CommandRun::CommandRun() {
+  std::string name = (std::filesystem::temp_directory_path() / "outline_test.XXXXXX").string();
+  folder_ = mkdtemp(name.data());
+}
+
+CommandRun::~CommandRun() {
+  std::filesystem::remove_all(folder_);
+}
+
+std::string CommandRun::file(const std::string& name, const std::string& content) const {
+  const std::string path = folder_ + "/" + name;
+  std::ofstream(path, std::ios::binary) << content;
+  return path;
+}
+
+Ended CommandRun::operator()(const std::vector<std::string>& words,
+                             const std::string& input) const {
+  std::string line = "$outline";  // a command with its words
+  for (const std::string& word : words) line += " " + quoted(word);
+  return shell(line, input);
+}
+
+Ended CommandRun::shell(const std::string& line, const std::string& input) const {
+  const std::string in = file("stdin", input);
+  const std::string script =
+      file("script", "outline=\"" OUTLINE_COMMAND "\"\nexport OUTLINE_STORE=" +
+                         quoted(folder_ + "/store") + "\n" + line + "\n");
+  const std::string command = "cd " + quoted(folder_) + " && sh " + quoted(script) + " <" +
+                              quoted(in) + " >" + quoted(folder_ + "/stdout") + " 2>" +
+                              quoted(folder_ + "/stderr");
+  const int status = std::system(command.c_str());
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+          content_of(folder_ + "/stdout"), content_of(folder_ + "/stderr")};
+}
+
+}  // namespace command_test

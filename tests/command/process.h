@@ -1,0 +1,34 @@
+// Runs the outline command as its users do.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace command_test {
+
+struct Ended {
+  int code;  // 128 + N after signal N
+  std::string out;
+  std::string err;
+};
+
+// Runs the command on a store of this test's own.
+class CommandRun {
+ public:
+  CommandRun();
+  ~CommandRun();
+
+  // Runs `outline WORDS...` with `input` on stdin.
+  Ended operator()(const std::vector<std::string>& words, const std::string& input = "") const;
+  // Runs a line of a shell in which "$outline" is the command.
+  Ended shell(const std::string& line, const std::string& input = "") const;
+
+  // Writes a file into the test's folder and answers its path.
+  std::string file(const std::string& name, const std::string& content) const;
+  const std::string& folder() const { return folder_; }
+
+ private:
+  std::string folder_;
+};
+
+}  // namespace command_test
