@@ -26,11 +26,11 @@ void ApiDouble::fail_function(const std::string& function, int status, int n) {
   function_failures_[function] = {n, status};
 }
 
-int ApiDouble::record_call(const char* function, const std::vector<std::string>& arguments) {
+int ApiDouble::record_call(const char* function, const Arguments& arguments) {
   called_.push_back(function);
   if (on_call) on_call(function);
   std::string line = std::string(function) + '(';
-  for (size_t i = 0; i < arguments.size(); ++i) line += (i == 0 ? "" : ", ") + arguments[i];
+  for (size_t i = 0; i < arguments.size(); ++i) line += (i == 0 ? "" : ", ") + arguments[i].text;
   journal().add(Entry::kApi, line + ')');
   const int now = static_cast<int>(called_.size());
   if (fail_at_ != 0 && (now == fail_at_ || (fail_onwards_ && now > fail_at_))) return fail_status_;
@@ -39,12 +39,6 @@ int ApiDouble::record_call(const char* function, const std::vector<std::string>&
     return failure->second.second;
   }
   return kStatusOk;
-}
-
-std::vector<std::string> ApiDouble::on_member(HOutline h, HMember member,
-                                              std::vector<std::string> rest) const {
-  rest.insert(rest.begin(), {handle_name(h), name_of(member)});
-  return rest;
 }
 
 int ApiDouble::check_member(HOutline h, HMember member) const {

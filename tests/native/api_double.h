@@ -70,6 +70,17 @@ struct DoubleState {
   bool refuse_rename = false;
 };
 
+// An argument of a call as it reads in the journal: handles by what they name, texts in quotes.
+struct Argument {
+  Argument(std::string text) : text(std::move(text)) {}
+  Argument(const char* needed);  // a null one is a fault
+  Argument(uint32_t handle_or_number);
+  Argument(int number) : text(std::to_string(number)) {}
+
+  std::string text;
+};
+using Arguments = std::vector<Argument>;
+
 class ApiDouble : public DoubleState {
  public:
   // Back to the sample outline, with an empty ledger and no failures ordered.
@@ -131,7 +142,7 @@ class ApiDouble : public DoubleState {
   // Writes one call to the journal. The status that is ordered for it, else 0. Sets the
   // out-parameters to what a failure leaves; a success overwrites them.
   template <typename... Outs>
-  int call(const char* function, const std::vector<std::string>& arguments, Outs*... outs) {
+  int call(const char* function, const Arguments& arguments, Outs*... outs) {
     const bool hands_out = handing_out_.count(function) != 0;
     if (leaves_junk_ && !hands_out) (set_junk(outs), ...);
     const int status = record_call(function, arguments);
@@ -141,9 +152,9 @@ class ApiDouble : public DoubleState {
   // The same for a call on one member: handles come first, and unknown ones
   // have their statuses.
   template <typename... Outs>
-  int call_on(const char* function, HOutline h, HMember member, std::vector<std::string> rest,
-              Outs*... outs) {
-    const int status = call(function, on_member(h, member, std::move(rest)), outs...);
+  int call_on(const char* function, HOutline h, HMember member, Arguments rest, Outs*... outs) {
+    rest.insert(rest.begin(), {h, member});
+    const int status = call(function, rest, outs...);
     return status != kStatusOk ? status : check_member(h, member);
   }
   int call_on(const char* function, HOutline h, HMember member) {
@@ -183,9 +194,7 @@ class ApiDouble : public DoubleState {
     bool outstanding;
   };
 
-  int record_call(const char* function, const std::vector<std::string>& arguments);
-  std::vector<std::string> on_member(HOutline h, HMember member,
-                                     std::vector<std::string> rest) const;
+  int record_call(const char* function, const Arguments& arguments);
   int check_member(HOutline h, HMember member) const;
 
   // What a failing call leaves. Nothing is mapped at the address.

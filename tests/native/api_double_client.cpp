@@ -14,9 +14,9 @@ std::string lock_name(const char* app, const char* db, const char* object) {
 }
 
 // Type, application, database and object of a call, after its context.
-std::vector<std::string> object_arguments(HCTX ctx, uint32_t type, const char* app, const char* db,
-                                          const char* object) {
-  return {handle_name(ctx), std::to_string(type), needed(app), needed(db), needed(object)};
+Arguments object_arguments(HCTX ctx, uint32_t type, const char* app, const char* db,
+                           const char* object) {
+  return {ctx, type, app, db, object};
 }
 
 bool is_context(HCTX ctx) {
@@ -29,7 +29,7 @@ bool is_context(HCTX ctx) {
 // failure is that of the call, and nothing would be left to give back again.
 
 int OlvFree(INST inst, const void* block) {
-  const int ordered = api().call("OlvFree", {handle_name(inst), api().name_of_block(block)});
+  const int ordered = api().call("OlvFree", {inst, api().name_of_block(block)});
   if (inst != 0 && inst != kInst) journal().fault("OlvFree with an unknown instance");
   const int status = api().take_back(block, ApiDouble::Release::kFree, 1);
   return ordered != kStatusOk ? ordered : status;
@@ -49,14 +49,13 @@ int OlvUnlockObject(HCTX ctx, uint32_t type, const char* app, const char* db, co
 }
 
 int OlvSetActive(HCTX ctx, const char* app, const char* db, uint16_t* access) {
-  const int status =
-      api().call("OlvSetActive", {handle_name(ctx), needed(app), needed(db)}, access);
+  const int status = api().call("OlvSetActive", {ctx, app, db}, access);
   if (status == kStatusOk) *access = 0xFFFF;
   return status;
 }
 
 int OlvGetProcessState(HCTX ctx, ProcessStateRecord* state) {
-  const int status = api().call("OlvGetProcessState", {handle_name(ctx)}, state);
+  const int status = api().call("OlvGetProcessState", {ctx}, state);
   if (status != kStatusOk) return status;
   // Only `state` says whether the process goes on.
   *state = {7, static_cast<uint16_t>(api().process_polls > 0 ? 0x0100 : 0), {9, 9, 9}};
@@ -65,16 +64,14 @@ int OlvGetProcessState(HCTX ctx, ProcessStateRecord* state) {
 }
 
 int OlvCreateLocalContext(INST inst, uint32_t zero1, uint32_t zero2, HCTX* local) {
-  const int status =
-      api().call("OlvCreateLocalContext",
-                 {handle_name(inst), std::to_string(zero1), std::to_string(zero2)}, local);
+  const int status = api().call("OlvCreateLocalContext", {inst, zero1, zero2}, local);
   if (status == kStatusOk) *local = kLocalContext;
   return status;
 }
 
 int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, const char* object,
                     int flag, char** path) {
-  std::vector<std::string> arguments = object_arguments(ctx, type, app, db, object);
+  Arguments arguments = object_arguments(ctx, type, app, db, object);
   arguments.push_back(std::to_string(flag));
   const int status = api().call("OlvGetLocalPath", arguments, path);
   if (status != kStatusOk) return status;
@@ -94,8 +91,7 @@ int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, c
 }
 
 int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRecord** info) {
-  const int status =
-      api().call("OlvGetDatabaseInfo", {handle_name(ctx), needed(app), needed(db)}, info);
+  const int status = api().call("OlvGetDatabaseInfo", {ctx, app, db}, info);
   if (status != kStatusOk) return status;
   const DatabaseInfoRecord record = {{}, api().data_loaded, {}};
   *info = api().hand_out("database info", std::vector{record});
@@ -103,15 +99,13 @@ int OlvGetDatabaseInfo(HCTX ctx, const char* app, const char* db, DatabaseInfoRe
 }
 
 int OlvPartitionGetAreaCellCount(HCTX ctx, const char* area, double* count) {
-  const int status =
-      api().call("OlvPartitionGetAreaCellCount", {handle_name(ctx), needed(area)}, count);
+  const int status = api().call("OlvPartitionGetAreaCellCount", {ctx, area}, count);
   if (status == kStatusOk) *count = api().cell_count;
   return status;
 }
 
 int OlvOtlOpenOutlineQuery(HCTX ctx, const ObjectDefinitionRecord* object, HOutline* opened) {
-  const int status =
-      api().call("OlvOtlOpenOutlineQuery", {handle_name(ctx), describe(object)}, opened);
+  const int status = api().call("OlvOtlOpenOutlineQuery", {ctx, describe(object)}, opened);
   if (status != kStatusOk) return status;
   api().open_outlines.insert(kOpenedOutline);
   *opened = kOpenedOutline;
@@ -120,9 +114,7 @@ int OlvOtlOpenOutlineQuery(HCTX ctx, const ObjectDefinitionRecord* object, HOutl
 
 int OlvOtlOpenOutline(HCTX ctx, const ObjectDefinitionRecord* object, int flag1, int flag2,
                       HOutline* opened) {
-  const int status = api().call(
-      "OlvOtlOpenOutline",
-      {handle_name(ctx), describe(object), std::to_string(flag1), std::to_string(flag2)}, opened);
+  const int status = api().call("OlvOtlOpenOutline", {ctx, describe(object), flag1, flag2}, opened);
   if (status != kStatusOk) return status;
   const std::string lock =
       lock_name(object->applicationName, object->databaseName, object->objectName);
@@ -133,13 +125,13 @@ int OlvOtlOpenOutline(HCTX ctx, const ObjectDefinitionRecord* object, int flag1,
 }
 
 int OlvOtlCloseOutline(HOutline h) {
-  const int ordered = api().call("OlvOtlCloseOutline", {handle_name(h)});
+  const int ordered = api().call("OlvOtlCloseOutline", {h});
   const bool open = api().open_outlines.erase(h) == 1;
   return ordered != kStatusOk ? ordered : open ? kStatusOk : kBadHandle;
 }
 
 int OlvOtlVerifyOutline(HOutline h, uint32_t* global, uint32_t* count, MemberErrorEntry** errors) {
-  const int status = api().call("OlvOtlVerifyOutline", {handle_name(h)}, global, count, errors);
+  const int status = api().call("OlvOtlVerifyOutline", {h}, global, count, errors);
   if (status != kStatusOk) return status;
   *global = api().global_errors;
   *count = static_cast<uint32_t>(api().member_errors.size());
@@ -148,7 +140,7 @@ int OlvOtlVerifyOutline(HOutline h, uint32_t* global, uint32_t* count, MemberErr
 }
 
 int OlvOtlWriteOutline(HOutline h, const ObjectDefinitionRecord* object) {
-  const int status = api().call("OlvOtlWriteOutline", {handle_name(h), describe(object)});
+  const int status = api().call("OlvOtlWriteOutline", {h, describe(object)});
   if (status != kStatusOk) return status;
   if (api().open_outlines.count(h) == 0 || !is_context(object->context)) return kBadHandle;
   if (object->context == kLocalContext) api().scratch_objects.insert(object->objectName);
@@ -156,11 +148,11 @@ int OlvOtlWriteOutline(HOutline h, const ObjectDefinitionRecord* object) {
 }
 
 int OlvOtlRestructure(HCTX ctx, uint16_t option) {
-  return api().call("OlvOtlRestructure", {handle_name(ctx), std::to_string(option)});
+  return api().call("OlvOtlRestructure", {ctx, option});
 }
 
 int OlvOtlGenerateCurrencyOutline(HOutline h, HOutline* currency) {
-  const int status = api().call("OlvOtlGenerateCurrencyOutline", {handle_name(h)}, currency);
+  const int status = api().call("OlvOtlGenerateCurrencyOutline", {h}, currency);
   if (status != kStatusOk) return status;
   api().open_outlines.insert(kCurrencyOutline);
   *currency = kCurrencyOutline;

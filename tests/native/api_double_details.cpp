@@ -42,15 +42,15 @@ char* give_packed(const std::vector<std::string>& texts) {
 
 // A call on an alias table, that is, the call itself and whether there is that table.
 int on_table(const char* function, HOutline h, const char* table) {
-  const int status = api().call(function, {handle_name(h), needed(table)});
+  const int status = api().call(function, {h, table});
   if (status != kStatusOk) return status;
   return table_name(table) == nullptr ? kNoSuchTable : kStatusOk;
 }
 
 // The same on a member's alias; the default table for null.
 template <typename... Outs>
-int on_alias(const char* function, HOutline h, HMember member, const char* table,
-             std::vector<std::string> rest, Outs*... outs) {
+int on_alias(const char* function, HOutline h, HMember member, const char* table, Arguments rest,
+             Outs*... outs) {
   rest.insert(rest.begin(), quoted(table));
   const int status = api().call_on(function, h, member, rest, outs...);
   if (status != kStatusOk) return status;
@@ -60,8 +60,7 @@ int on_alias(const char* function, HOutline h, HMember member, const char* table
 int list_names(const char* function, HOutline h, const char* dimension, uint32_t option,
                std::map<std::string, std::vector<GenLevelNameEntry>>& names, uint32_t* count,
                GenLevelNameEntry** entries) {
-  const int status = api().call(
-      function, {handle_name(h), needed(dimension), std::to_string(option)}, count, entries);
+  const int status = api().call(function, {h, dimension, option}, count, entries);
   if (status != kStatusOk) return status;
   if (api().find(dimension) == 0) return kNoSuchMember;
   *count = static_cast<uint32_t>(names[dimension].size());
@@ -71,7 +70,7 @@ int list_names(const char* function, HOutline h, const char* dimension, uint32_t
 
 // A change of a member's associations. They stay as they are: nothing reads them afterwards.
 int on_association(const char* function, HOutline h, HMember base, HMember attribute) {
-  const int status = api().call_on(function, h, base, {api().name_of(attribute)});
+  const int status = api().call_on(function, h, base, {attribute});
   if (status != kStatusOk) return status;
   return api().exists(attribute) ? kStatusOk : kNoSuchMember;
 }
@@ -87,7 +86,7 @@ int OlvOtlGetMemberFormula(HOutline h, HMember member, char** formula) {
 }
 
 int OlvOtlSetMemberFormula(HOutline h, HMember member, const char* formula) {
-  const int status = api().call_on("OlvOtlSetMemberFormula", h, member, {needed(formula)});
+  const int status = api().call_on("OlvOtlSetMemberFormula", h, member, {formula});
   if (status == kStatusOk) api().member(member).formula = formula;
   return status;
 }
@@ -106,7 +105,7 @@ int OlvOtlGetMemberAlias(HOutline h, HMember member, const char* table, char** a
 }
 
 int OlvOtlSetMemberAlias(HOutline h, HMember member, const char* table, const char* alias) {
-  const int status = on_alias("OlvOtlSetMemberAlias", h, member, table, {needed(alias)});
+  const int status = on_alias("OlvOtlSetMemberAlias", h, member, table, {alias});
   if (status == kStatusOk) api().member(member).aliases[*table_name(table)] = alias;
   return status;
 }
@@ -126,19 +125,19 @@ int OlvOtlGetUserAttributes(HOutline h, HMember member, uint16_t* count, char** 
 }
 
 int OlvOtlSetUserAttribute(HOutline h, HMember member, const char* uda) {
-  const int status = api().call_on("OlvOtlSetUserAttribute", h, member, {needed(uda)});
+  const int status = api().call_on("OlvOtlSetUserAttribute", h, member, {uda});
   if (status == kStatusOk) api().member(member).udas.push_back(uda);
   return status;
 }
 
 int OlvOtlDeleteUserAttribute(HOutline h, HMember member, const char* uda) {
-  return api().call_on("OlvOtlDeleteUserAttribute", h, member, {needed(uda)});
+  return api().call_on("OlvOtlDeleteUserAttribute", h, member, {uda});
 }
 
 int OlvOtlGetDimensionUserAttributes(HOutline h, const MemberQuery* query,
                                      MemberQueryCounts* counts, char** udas) {
   const int status = api().call("OlvOtlGetDimensionUserAttributes",
-                                {handle_name(h), describe(query), describe(counts)}, counts, udas);
+                                {h, describe(query), describe(counts)}, counts, udas);
   if (status != kStatusOk) return status;
   std::vector<std::string> all;
   const HMember dimension = api().find(query->dimension);
@@ -158,7 +157,7 @@ int OlvOtlGetMemberCommentEx(HOutline h, HMember member, char** comment) {
 }
 
 int OlvOtlSetMemberCommentEx(HOutline h, HMember member, const char* comment) {
-  const int status = api().call_on("OlvOtlSetMemberCommentEx", h, member, {needed(comment)});
+  const int status = api().call_on("OlvOtlSetMemberCommentEx", h, member, {comment});
   if (status == kStatusOk) api().member(member).comment = comment;
   return status;
 }
@@ -194,7 +193,7 @@ int OlvOtlDisassociateAttributeMember(HOutline h, HMember base, HMember attribut
 // ---- Settings and alias tables ----
 
 int OlvOtlGetOutlineInfo(HOutline h, OutlineInfoRecord** info) {
-  const int status = api().call("OlvOtlGetOutlineInfo", {handle_name(h)}, info);
+  const int status = api().call("OlvOtlGetOutlineInfo", {h}, info);
   if (status != kStatusOk) return status;
   const size_t tables = api().alias_tables.size();
   *info = static_cast<OutlineInfoRecord*>(api().hand_out(
@@ -217,14 +216,13 @@ int OlvOtlSetOutlineInfoEx(HOutline h, const OutlineInfoRecord* info) {
     if (api().alias_tables[i] != alias_table_name(info, i))
       journal().fault("An alias table changed");
   }
-  const int status =
-      api().call("OlvOtlSetOutlineInfoEx", {handle_name(h), describe(*info, before)});
+  const int status = api().call("OlvOtlSetOutlineInfoEx", {h, describe(*info, before)});
   if (status == kStatusOk) api().info = *info;
   return status;
 }
 
 int OlvOtlGetAttributeSpecifications(HOutline h, AttributeSpecRecord** spec) {
-  const int status = api().call("OlvOtlGetAttributeSpecifications", {handle_name(h)}, spec);
+  const int status = api().call("OlvOtlGetAttributeSpecifications", {h}, spec);
   if (status != kStatusOk) return status;
   *spec = api().hand_out("attribute specification", std::vector{api().spec}, Release::kSpec);
   return kStatusOk;
@@ -232,7 +230,7 @@ int OlvOtlGetAttributeSpecifications(HOutline h, AttributeSpecRecord** spec) {
 
 int OlvOtlSetAttributeSpecifications(HOutline h, const AttributeSpecRecord* spec) {
   const int status =
-      api().call("OlvOtlSetAttributeSpecifications", {handle_name(h), describe(*spec, api().spec)});
+      api().call("OlvOtlSetAttributeSpecifications", {h, describe(*spec, api().spec)});
   if (status != kStatusOk) return status;
   api().spec = *spec;
   // The texts are the caller's: they are copied.
@@ -264,15 +262,13 @@ int OlvOtlClearAliasTable(HOutline h, const char* table) {
 }
 
 int OlvOtlRenameAliasTable(HOutline h, const char* table1, const char* table2) {
-  const int status =
-      api().call("OlvOtlRenameAliasTable", {handle_name(h), needed(table1), needed(table2)});
+  const int status = api().call("OlvOtlRenameAliasTable", {h, table1, table2});
   if (status != kStatusOk) return status;
   return table_name(table2) == nullptr ? kNoSuchTable : kStatusOk;
 }
 
 int OlvOtlCopyAliasTable(HOutline h, const char* table1, const char* table2, uint8_t flag) {
-  const int status = api().call("OlvOtlCopyAliasTable", {handle_name(h), needed(table1),
-                                                         needed(table2), std::to_string(flag)});
+  const int status = api().call("OlvOtlCopyAliasTable", {h, table1, table2, flag});
   if (status != kStatusOk) return status;
   return table_name(table2) == nullptr ? kNoSuchTable : kStatusOk;
 }
@@ -300,29 +296,25 @@ int OlvOtlGetLevelNamesEx(HOutline h, const char* dimension, uint32_t option, ui
 }
 
 int OlvOtlSetGenName(HOutline h, const char* dimension, uint16_t number, const char* name) {
-  return api().call("OlvOtlSetGenName",
-                    {handle_name(h), needed(dimension), std::to_string(number), needed(name)});
+  return api().call("OlvOtlSetGenName", {h, dimension, number, name});
 }
 
 int OlvOtlSetLevelName(HOutline h, const char* dimension, uint16_t number, const char* name) {
-  return api().call("OlvOtlSetLevelName",
-                    {handle_name(h), needed(dimension), std::to_string(number), needed(name)});
+  return api().call("OlvOtlSetLevelName", {h, dimension, number, name});
 }
 
 int OlvOtlDeleteGenName(HOutline h, const char* dimension, uint16_t number) {
-  return api().call("OlvOtlDeleteGenName",
-                    {handle_name(h), needed(dimension), std::to_string(number)});
+  return api().call("OlvOtlDeleteGenName", {h, dimension, number});
 }
 
 int OlvOtlDeleteLevelName(HOutline h, const char* dimension, uint16_t number) {
-  return api().call("OlvOtlDeleteLevelName",
-                    {handle_name(h), needed(dimension), std::to_string(number)});
+  return api().call("OlvOtlDeleteLevelName", {h, dimension, number});
 }
 
 // ---- Dynamic time series ----
 
 int OlvOtlGetEnabledDTSMembers(HOutline h, uint16_t* count, DtsEntry** entries) {
-  const int status = api().call("OlvOtlGetEnabledDTSMembers", {handle_name(h)}, count, entries);
+  const int status = api().call("OlvOtlGetEnabledDTSMembers", {h}, count, entries);
   if (status != kStatusOk) return status;
   *count = static_cast<uint16_t>(api().time_series.size());
   *entries = api().hand_out("time series", api().time_series);
@@ -330,23 +322,20 @@ int OlvOtlGetEnabledDTSMembers(HOutline h, uint16_t* count, DtsEntry** entries) 
 }
 
 int OlvOtlEnableDTSMember(HOutline h, const char* name, int16_t generation, uint8_t enable) {
-  return api().call("OlvOtlEnableDTSMember", {handle_name(h), needed(name),
-                                              std::to_string(generation), std::to_string(enable)});
+  return api().call("OlvOtlEnableDTSMember", {h, name, generation, enable});
 }
 
 int OlvOtlGetDTSMemberAlias(HOutline h, const char* name, const char* table, char** alias) {
-  const int status =
-      api().call("OlvOtlGetDTSMemberAlias", {handle_name(h), needed(name), needed(table)}, alias);
+  const int status = api().call("OlvOtlGetDTSMemberAlias", {h, name, table}, alias);
   if (status != kStatusOk) return status;
   *alias = give_found("time series alias", api().time_series_aliases, {name, table});
   return kStatusOk;
 }
 
 int OlvOtlSetDTSMemberAlias(HOutline h, const char* text1, const char* text2, const char* text3) {
-  return api().call("OlvOtlSetDTSMemberAlias",
-                    {handle_name(h), needed(text1), needed(text2), needed(text3)});
+  return api().call("OlvOtlSetDTSMemberAlias", {h, text1, text2, text3});
 }
 
 int OlvOtlDeleteDTSMemberAlias(HOutline h, const char* text1, const char* text2) {
-  return api().call("OlvOtlDeleteDTSMemberAlias", {handle_name(h), needed(text1), needed(text2)});
+  return api().call("OlvOtlDeleteDTSMemberAlias", {h, text1, text2});
 }

@@ -99,7 +99,7 @@ void delete_subtree(HMember member) {
 // ---- Walking ----
 
 int OlvOtlGetFirstMember(HOutline h, HMember* first) {
-  const int status = api().call("OlvOtlGetFirstMember", {handle_name(h)}, first);
+  const int status = api().call("OlvOtlGetFirstMember", {h}, first);
   if (status == kStatusOk) *first = api().dimensions.empty() ? 0 : api().dimensions.front();
   return status;
 }
@@ -131,7 +131,7 @@ int OlvOtlGetPrevSibling(HOutline h, HMember member, HMember* previous) {
 }
 
 int OlvOtlFindMember(HOutline h, const char* name, HMember* member) {
-  const int status = api().call("OlvOtlFindMember", {handle_name(h), quoted(name)}, member);
+  const int status = api().call("OlvOtlFindMember", {h, quoted(name)}, member);
   if (status != kStatusOk) return status;
   const HMember found = name == nullptr ? 0 : api().find(name);
   if (found == 0) return kNoSuchMember;
@@ -150,7 +150,7 @@ int OlvOtlQueryMembers(HOutline h, HMember start, const MemberQuery* query,
       start == static_cast<HMember>(reinterpret_cast<uintptr_t>(query->dimension));
   const int status =
       api().call("OlvOtlQueryMembers",
-                 {handle_name(h), by_address ? "address of dimension" : api().name_of(start),
+                 {h, by_address ? Argument(std::string("address of dimension")) : Argument(start),
                   describe(query), describe(counts)},
                  counts, members);
   return status != kStatusOk ? status : answer_query(start, *query, counts, members);
@@ -158,9 +158,9 @@ int OlvOtlQueryMembers(HOutline h, HMember start, const MemberQuery* query,
 
 int OlvOtlQueryMembersByName(HOutline h, const char* start, const MemberQuery* query,
                              MemberQueryCounts* counts, HMember** members) {
-  const int status = api().call("OlvOtlQueryMembersByName",
-                                {handle_name(h), quoted(start), describe(query), describe(counts)},
-                                counts, members);
+  const int status =
+      api().call("OlvOtlQueryMembersByName", {h, quoted(start), describe(query), describe(counts)},
+                 counts, members);
   if (status != kStatusOk) return status;
   const HMember member = start == nullptr ? 0 : api().find(start);
   if (start != nullptr && member == 0) return kNoSuchMember;
@@ -169,8 +169,7 @@ int OlvOtlQueryMembersByName(HOutline h, const char* start, const MemberQuery* q
 
 int OlvOtlQueryAttributes(HOutline h, const AttributeQuery* query, uint32_t* count,
                           HMember** members) {
-  const int status =
-      api().call("OlvOtlQueryAttributes", {handle_name(h), describe(query)}, count, members);
+  const int status = api().call("OlvOtlQueryAttributes", {h, describe(query)}, count, members);
   if (status != kStatusOk) return status;
   const std::vector<HMember>& attributes = api().member(query->member).attributes;
   *count = static_cast<uint32_t>(attributes.size());
@@ -179,8 +178,7 @@ int OlvOtlQueryAttributes(HOutline h, const AttributeQuery* query, uint32_t* cou
 }
 
 int OlvOtlFreeMembers(HOutline h, uint32_t count, const HMember* members) {
-  const int ordered = api().call(
-      "OlvOtlFreeMembers", {handle_name(h), std::to_string(count), api().name_of_block(members)});
+  const int ordered = api().call("OlvOtlFreeMembers", {h, count, api().name_of_block(members)});
   const int status = api().take_back(members, Release::kMembers, count);
   return ordered != kStatusOk ? ordered : status;
 }
@@ -199,16 +197,15 @@ int OlvOtlSetMemberInfoEx(HOutline h, HMember member, const MemberInfoRecord* in
                           uint32_t option) {
   const MemberInfoRecord before =
       api().exists(member) ? api().member(member).info : MemberInfoRecord();
-  const int status = api().call_on("OlvOtlSetMemberInfoEx", h, member,
-                                   {describe(*info, before), std::to_string(option)});
+  const int status =
+      api().call_on("OlvOtlSetMemberInfoEx", h, member, {describe(*info, before), option});
   if (status == kStatusOk) api().member(member).info = *info;
   return status;
 }
 
 int OlvOtlFreeStructure(HOutline h, uint32_t count, uint32_t code, const void* block) {
-  const int ordered = api().call(
-      "OlvOtlFreeStructure",
-      {handle_name(h), std::to_string(count), std::to_string(code), api().name_of_block(block)});
+  const int ordered =
+      api().call("OlvOtlFreeStructure", {h, count, code, api().name_of_block(block)});
   if (code != kStructureMemberInfo && code != kStructureAttributeSpec) {
     journal().fault("An unknown structure code");
   }
@@ -221,24 +218,19 @@ int OlvOtlFreeStructure(HOutline h, uint32_t count, uint32_t code, const void* b
 
 int OlvOtlAddDimension(HOutline h, const MemberInfoRecord* info, HMember previous, uint32_t zero,
                        HMember* added) {
-  const int status = api().call(
-      "OlvOtlAddDimension",
-      {handle_name(h), describe(*info), api().name_of(previous), std::to_string(zero)}, added);
+  const int status = api().call("OlvOtlAddDimension", {h, describe(*info), previous, zero}, added);
   return status != kStatusOk ? status : add_new(*info, 0, previous, added);
 }
 
 int OlvOtlAddMemberEx(HOutline h, const MemberInfoRecord* info, HMember parent, HMember sibling,
                       HMember* added, uint32_t option) {
-  const int status = api().call("OlvOtlAddMemberEx",
-                                {handle_name(h), describe(*info), api().name_of(parent),
-                                 api().name_of(sibling), std::to_string(option)},
-                                added);
+  const int status =
+      api().call("OlvOtlAddMemberEx", {h, describe(*info), parent, sibling, option}, added);
   return status != kStatusOk ? status : add_new(*info, parent, sibling, added);
 }
 
 int OlvOtlRenameMemberEx(HOutline h, HMember member, const char* name, uint32_t option) {
-  const int status =
-      api().call_on("OlvOtlRenameMemberEx", h, member, {needed(name), std::to_string(option)});
+  const int status = api().call_on("OlvOtlRenameMemberEx", h, member, {name, option});
   if (status != kStatusOk) return status;
   MemberInfoRecord& info = api().member(member).info;
   if (std::strlen(name) > kMaxMemberName || api().refuse_rename) return kRefusedByApi;
@@ -247,8 +239,7 @@ int OlvOtlRenameMemberEx(HOutline h, HMember member, const char* name, uint32_t 
 }
 
 int OlvOtlMoveMember(HOutline h, HMember member, HMember parent, HMember previous) {
-  const int status = api().call_on("OlvOtlMoveMember", h, member,
-                                   {api().name_of(parent), api().name_of(previous)});
+  const int status = api().call_on("OlvOtlMoveMember", h, member, {parent, previous});
   if (status != kStatusOk) return status;
   for (HMember above : {parent, previous}) {
     if (above != 0 && !api().exists(above)) return kNoSuchMember;
@@ -262,7 +253,7 @@ int OlvOtlMoveMember(HOutline h, HMember member, HMember parent, HMember previou
 }
 
 int OlvOtlDeleteMemberEx(HOutline h, HMember member, uint32_t option) {
-  const int status = api().call_on("OlvOtlDeleteMemberEx", h, member, {std::to_string(option)});
+  const int status = api().call_on("OlvOtlDeleteMemberEx", h, member, {option});
   if (status != kStatusOk) return status;
   api().remove(member);
   delete_subtree(member);
@@ -270,6 +261,5 @@ int OlvOtlDeleteMemberEx(HOutline h, HMember member, uint32_t option) {
 }
 
 int OlvOtlSortChildren(HOutline h, HMember parent, uint16_t order, uint32_t zero1, uint32_t zero2) {
-  return api().call_on("OlvOtlSortChildren", h, parent,
-                       {std::to_string(order), std::to_string(zero1), std::to_string(zero2)});
+  return api().call_on("OlvOtlSortChildren", h, parent, {order, zero1, zero2});
 }

@@ -72,6 +72,16 @@ std::string handle_name(uint32_t handle) {
   return found == kNames.end() ? "unknown" : found->second;
 }
 
+Argument::Argument(const char* needed) : text(::needed(needed)) {}
+
+Argument::Argument(uint32_t handle_or_number) {
+  const std::string handle = handle_name(handle_or_number);
+  const std::string member = api().name_of(handle_or_number);
+  text = handle != "unknown"   ? handle
+         : member != "unknown" ? member
+                               : std::to_string(handle_or_number);
+}
+
 std::string ApiDouble::name_of(HMember handle) const {
   if (handle == 0) return "0";
   if (handle < kFirstMember || handle - kFirstMember >= members.size()) return "unknown";

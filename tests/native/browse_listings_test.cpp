@@ -208,6 +208,10 @@ TEST_F(BrowseListingsTest, PropertiesListingPassesStartAndCountAndAddsAttributes
                   "OlvOtlGetMemberAlias(outline, Cola, null)", "OlvFree(inst, alias)",
                   "OlvOtlFreeStructure(outline, 1, 65, member record)",
                   "OlvOtlFreeMembers(outline, 1, query result)"));
+  EXPECT_EQ(live_strings, 0);
+  EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{0}, 1, list),
+            0);
+  EXPECT_THAT(java_calls(), Contains("Hashtable.put(\"Pack\", \"Can\")"));
   EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{1}, 0, list),
             0);
   const std::vector<std::string> calls = java_calls();
@@ -215,13 +219,6 @@ TEST_F(BrowseListingsTest, PropertiesListingPassesStartAndCountAndAddsAttributes
   EXPECT_EQ(calls[1], "OutlineMemberProperties.setName(\"Tea\")");
   EXPECT_EQ(calls[calls.size() - 2], "OutlineMemberProperties.setAttributeType(0)");
   EXPECT_EQ(calls.back(), "ArrayList.add(OutlineMemberProperties)");
-}
-
-TEST_F(BrowseListingsTest, AttributeTableGetsDimensionAndMember) {
-  EXPECT_EQ(on_outline(NATIVE(getChildrenWithProperties), "Product", "Product", jlong{0}, 1, list),
-            0);
-  EXPECT_EQ(live_strings, 0);
-  EXPECT_THAT(java_calls(), Contains("Hashtable.put(\"Pack\", \"Can\")"));
 }
 
 // ---- Member objects in listings ----

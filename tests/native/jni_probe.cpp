@@ -240,17 +240,11 @@ struct ProbeFunctions {
     table.GetObjectClass = get_object_class;
     table.GetMethodID = get_method_id;
     table.NewObject = variadic<jobject, jclass, new_object_v>;
-    table.NewObjectV = new_object_v;
     table.CallObjectMethod = variadic<jobject, jobject, call_object_v>;
-    table.CallObjectMethodV = call_object_v;
-    table.CallBooleanMethodV = call_v<jboolean, &JNIEnv_::CallBooleanMethodV>;
     table.CallBooleanMethod =
         variadic<jboolean, jobject, call_v<jboolean, &JNIEnv_::CallBooleanMethodV>>;
-    table.CallShortMethodV = call_v<jshort, &JNIEnv_::CallShortMethodV>;
     table.CallShortMethod = variadic<jshort, jobject, call_v<jshort, &JNIEnv_::CallShortMethodV>>;
-    table.CallIntMethodV = call_v<jint, &JNIEnv_::CallIntMethodV>;
     table.CallIntMethod = variadic<jint, jobject, call_v<jint, &JNIEnv_::CallIntMethodV>>;
-    table.CallVoidMethodV = call_v<void, &JNIEnv_::CallVoidMethodV>;
     table.CallVoidMethod = variadic<void, jobject, call_v<void, &JNIEnv_::CallVoidMethodV>>;
     table.NewStringUTF = new_string_utf;
     table.GetStringUTFChars = get_string_utf_chars;
