@@ -20,6 +20,7 @@ constexpr int kBusyTimeout = 10000;
       throw StoreFailure(kNoSpace);
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
+    case SQLITE_ERROR:  // a format or a schema that is not ours
       throw StoreFailure(kNotAStore);
     case SQLITE_BUSY:
       throw StoreFailure(kStoreBusy);
@@ -29,6 +30,9 @@ constexpr int kBusyTimeout = 10000;
     case SQLITE_CANTOPEN:
       throw StoreFailure(status_of_error(sqlite3_system_errno(connection)));
     case SQLITE_IOERR:
+      if (result == SQLITE_IOERR_SHMSIZE || result == SQLITE_IOERR_SHMOPEN) {
+        throw StoreFailure(status_of_error(sqlite3_system_errno(connection)));
+      }
       throw StoreFailure(status_of_io_error(connection));
     default:
       throw StoreFailure(kStoreError);

@@ -108,6 +108,8 @@ const char* outline_status_text(int status) {
       return "The alias is longer than 80 bytes; shorten it.";
     case kAliasTableNameTooLong:
       return "The name of the alias table is longer than 30 bytes; shorten it.";
+    case kTextTooLong:
+      return "The formula or comment is longer than an outline file can hold; shorten it.";
     case kUdaExists:
       return "The member has this user-defined attribute already.";
     case kNoSuchUda:

@@ -55,6 +55,7 @@ enum Status : int {
   kNotPermitted,  // the system does not let this user write or read there
   kStoreBusy,     // somebody else kept the store for too long
   kNoSuchLock,    // nobody holds this lock or runs this process
+  kTextTooLong,   // a formula or an extended comment that no file could hold
   kNewerStore,    // the control file is one of a later version of this engine
 };
 

@@ -1,7 +1,6 @@
 // The store's folder: what becomes a store, which names are allowed, and that nothing outside the
 // folder is reached.
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <memory>
 #include <set>
@@ -10,6 +9,7 @@
 
 #include "api/olvotl.h"
 #include "tests/standin/peer.h"
+#include "tests/standin/sql.h"
 #include "tests/standin/store_folder.h"
 
 namespace standin_test {
@@ -22,15 +22,6 @@ int open_and_close(const std::string& folder) {
   const int status = OlvStandinInitialize(folder.c_str(), &instance);
   if (status == kStatusOk) OlvStandinTerminate(instance);
   return status;
-}
-
-// Changes a file as a program from outside would.
-void run_sql(const fs::path& file, const std::string& sql) {
-  sqlite3* opened = nullptr;
-  ASSERT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-      << sqlite3_errmsg(opened);
-  EXPECT_EQ(sqlite3_close(opened), SQLITE_OK);
 }
 
 TEST(StoreFolder, IsRefusedWhenItHoldsSomethingElse) {

@@ -8,6 +8,7 @@
 #include "standin/client.h"
 #include "standin/outline/calls/open_outlines.h"
 #include "standin/outline/calls/uda_block.h"
+#include "standin/outline/model/member_fields.h"
 
 using namespace standin;
 
@@ -26,6 +27,8 @@ int get_text(HOutline h, HMember id, TextKind kind, char** text) {
 
 int set_text(HOutline h, HMember id, TextKind kind, const char* text) {
   if (text == nullptr) return kBadArgument;
+  const size_t length = strnlen(text, kMaxLongText + 1);
+  if (length > kMaxLongText) return kTextTooLong;
   return edit_member(h, id, [&](Outline& outline) {
     outline.set_text(id, kind, text);
     return kStatusOk;

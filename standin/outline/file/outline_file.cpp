@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <new>
 
+#include "standin/sqlite.h"
 #include "standin/sqlite_error.h"
 
 namespace standin {
@@ -25,7 +26,9 @@ constexpr const char* kFileSystem = "unix-none";
       throw StoreFailure(status_of_io_error(connection));
     case SQLITE_PERM:
     case SQLITE_READONLY:
-      throw StoreFailure(kStoreError);
+      throw StoreFailure(kNotPermitted);
+    case SQLITE_CANTOPEN:
+      throw StoreFailure(status_of_error(sqlite3_system_errno(connection)));
     default:  // among them: no database, malformed pages, tables that are not there
       throw StoreFailure(kDamagedOutline);
   }
@@ -42,13 +45,15 @@ OutlineFile::OutlineFile(const std::string& path, int flags) {
   const int result =
       sqlite3_open_v2(path.c_str(), &connection, flags | SQLITE_OPEN_NOMUTEX, kFileSystem);
   connection_.reset(connection);  // a failed open has to be closed too
-  if (result == SQLITE_CANTOPEN) throw StoreFailure(kStoreError);
+  if (result == SQLITE_CANTOPEN) {
+    throw StoreFailure(status_of_error(sqlite3_system_errno(connection)));
+  }
   check(result);
   check(sqlite3_extended_result_codes(connection, 1));
 }
 
 OutlineFile OutlineFile::create(const std::string& path) {
-  OutlineFile file(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  OutlineFile file(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW);
   file.run("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE");
   return file;
 }
@@ -56,13 +61,11 @@ OutlineFile OutlineFile::create(const std::string& path) {
 OutlineFile OutlineFile::open(const std::string& path) {
   struct stat found {};
   if (stat(path.c_str(), &found) != 0) {
-    throw StoreFailure(errno == ENOENT ? kNoSuchObject : kStoreError);
+    throw StoreFailure(errno == ENOENT ? kNoSuchObject : status_of_error(errno));
   }
-  OutlineFile file(path, SQLITE_OPEN_READONLY);
-  // Nothing in a file from elsewhere gets to run.
-  sqlite3* const connection = file.connection();
-  file.check(sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr));
-  file.check(sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr));
+  // Whatever lies beside the file, as a journal that another program left, is none of its business.
+  OutlineFile file(unchanging_file(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  distrust(file.connection());
   file.run("PRAGMA cell_size_check=ON");
   return file;
 }

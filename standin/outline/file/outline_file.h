@@ -22,9 +22,10 @@ using StatementHandle = std::unique_ptr<sqlite3_stmt, StatementFinalizer>;
 // An open outline file.
 class OutlineFile {
  public:
-  // Makes a new file that nobody else knows yet: nothing is journaled, nothing synced.
+  // Takes an empty file that nobody else knows yet: nothing is journaled, nothing synced.
   static OutlineFile create(const std::string& path);
-  // Opens a written file, which is never changed in place: nothing is locked.
+  // Opens a written file, which is never changed in place: nothing is locked, and nothing in it
+  // gets to run.
   // kNoSuchObject when there is none.
   static OutlineFile open(const std::string& path);
 

@@ -1,11 +1,17 @@
 // Reading an outline from its file, refusing one that is damaged.
 #include "standin/outline/file/stored_outline.h"
 
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
 #include "standin/guard.h"
 #include "standin/outline/file/rows.h"
 #include "standin/outline/file/schema.h"
 #include "standin/outline/model/member_fields.h"
 #include "standin/outline/model/series.h"
+#include "standin/sqlite.h"
 
 namespace standin {
 namespace {
@@ -17,7 +23,8 @@ void demand(bool sound) {
 // Reads one file into a new outline, where members get the numbers that they have in the file.
 class OutlineReader {
  public:
-  OutlineReader(OutlineFile& file, Outline& outline) : file_(file), outline_(outline) {}
+  OutlineReader(OutlineFile& file, Outline& outline, int64_t bytes_on_disk)
+      : file_(file), outline_(outline), bytes_on_disk_(bytes_on_disk) {}
 
   // The tables in the order in which they were written, which the checksum depends on.
   void read() {
@@ -70,11 +77,10 @@ class OutlineReader {
   }
 
   void read_members() {
-    // No more than the file can hold, or damage could ask for all memory there is.
+    // Room for no more than the disk can hold, or damage could ask for all memory there is.
     const int64_t count = file_.number("SELECT max(id) FROM member");
-    const int64_t bytes = file_.number("PRAGMA page_count") * file_.number("PRAGMA page_size");
-    demand(count >= 0 && count <= bytes / member_columns());
-    outline_.reserve(static_cast<uint32_t>(count));
+    demand(count >= 0 && count <= INT32_MAX);
+    outline_.reserve(static_cast<uint32_t>(std::min(count, bytes_on_disk_ / member_columns())));
 
     RowReader row(file_, "member", member_columns());
     MemberProperties properties;
@@ -205,7 +211,26 @@ class OutlineReader {
 
   OutlineFile& file_;
   Outline& outline_;
+  int64_t bytes_on_disk_;
 };
+
+int64_t bytes_on_disk(const std::string& path) {
+  struct stat state {};
+  if (stat(path.c_str(), &state) != 0) throw StoreFailure(status_of_error(errno));
+  return int64_t{state.st_blocks} * 512;
+}
+
+// Tables, views, triggers and columns other than ours have no business in the file.
+void check_schema(OutlineFile& file) {
+  static const std::string ours = schema_made_by(schema_sql().c_str());
+  std::string theirs;
+  try {
+    theirs = schema_of(file.connection());
+  } catch (const StoreFailure& failure) {
+    throw StoreFailure(failure.status() == kNotAStore ? kDamagedOutline : failure.status());
+  }
+  demand(theirs == ours);
+}
 
 }  // namespace
 
@@ -216,7 +241,8 @@ int load_outline(const std::string& path, Outline* outline) {
     const int64_t version = file.number("PRAGMA user_version");
     if (version > kSchemaVersion) throw StoreFailure(kNewerOutline);
     demand(version == kSchemaVersion);
-    OutlineReader(file, *outline).read();
+    check_schema(file);
+    OutlineReader(file, *outline, bytes_on_disk(path)).read();
     return kStatusOk;
   });
 }

@@ -108,13 +108,17 @@ struct PendingRows {
   }
 };
 
-// The aggregate function `take`, called with the columns of each row of a table.
+// The aggregate function `take`, called with the columns of each row of a table and its number.
 struct RowSink {
   static void step(sqlite3_context* context, int, sqlite3_value** values) {
     RowReader& reader = *static_cast<RowReader*>(sqlite3_user_data(context));
     reader.values_ = values;
     reader.column_ = 0;
     try {
+      // Pages that lead back to others before them would never end.
+      const int64_t number = sqlite3_value_int64(values[reader.columns_]);
+      if (number <= reader.last_row_) throw StoreFailure(kDamagedOutline);
+      reader.last_row_ = number;
       (*reader.row_)();
     } catch (...) {  // must not cross SQLite
       reader.thrown_ = std::current_exception();
@@ -182,14 +186,15 @@ void RowWriter::finish() {
   values_.clear();
 }
 
-RowReader::RowReader(OutlineFile& file, const char* table, int columns) : file_(file) {
+RowReader::RowReader(OutlineFile& file, const char* table, int columns)
+    : file_(file), columns_(columns) {
   const StatementHandle all = file.prepare(std::string("SELECT * FROM ") + table);
   if (sqlite3_column_count(all.get()) != columns) throw StoreFailure(kDamagedOutline);
   select_ = "SELECT take(";
   for (int i = 0; i < columns; ++i) {
-    select_ += (i == 0 ? "" : ",") + quoted(sqlite3_column_name(all.get(), i));
+    select_ += quoted(sqlite3_column_name(all.get(), i)) + ",";
   }
-  select_ += std::string(") FROM ") + table + " NOT INDEXED";  // in the order of row numbers
+  select_ += std::string("rowid) FROM ") + table + " NOT INDEXED";  // in the order of row numbers
   file.checksum.add(table);
 }
 

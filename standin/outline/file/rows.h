@@ -92,6 +92,8 @@ class RowReader {
   OutlineFile& file_;
   std::string select_;
   const std::function<void()>* row_ = nullptr;
+  int columns_;
+  int64_t last_row_ = -1;             // rows are numbered from 0 or 1
   sqlite3_value** values_ = nullptr;  // of the row at hand
   int column_ = 0;                    // the next one
   std::exception_ptr thrown_;

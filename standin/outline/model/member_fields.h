@@ -37,14 +37,17 @@ void visit_reserved_bytes(Record& record, Visit&& visit) {
   visit(record.reserved546, sizeof record.reserved546);
 }
 
+// Most bytes of a formula or an extended comment: what SQLite keeps in a row, with room for the rest
+// of it.
+inline constexpr size_t kMaxLongText = 999'999'000;
+
 // Calls `visit(table, kind, longest)` for each text of a member besides its name, in the order of
 // the file's tables: the table's name and the most bytes that the text may have.
 template <typename Visit>
 void visit_member_texts(Visit&& visit) {
-  constexpr size_t kAnyLength = 1'000'000'000;  // more than SQLite keeps
-  visit("formula", TextKind::kFormula, kAnyLength);
+  visit("formula", TextKind::kFormula, kMaxLongText);
   visit("comment", TextKind::kComment, size_t{kMaxComment});
-  visit("extended_comment", TextKind::kExtendedComment, kAnyLength);
+  visit("extended_comment", TextKind::kExtendedComment, kMaxLongText);
   visit("currency_member", TextKind::kCurrencyMember, size_t{kMaxMemberName});
 }
 

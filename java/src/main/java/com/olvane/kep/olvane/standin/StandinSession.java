@@ -19,11 +19,6 @@ import java.util.List;
  * several sessions, also of several processes, may use one folder at once.
  */
 public final class StandinSession implements AutoCloseable {
-  static {
-    // The engine's library comes with the editor's, which depends on it.
-    NativeLibrary.load();
-  }
-
   private final InstanceHandle instance;
   private final ContextHandle context;
 
@@ -39,9 +34,13 @@ public final class StandinSession implements AutoCloseable {
    * @param user the name to log in with; locks are held in this name
    * @return the session, to be closed by the caller
    * @throws StatusException if the folder is not a store, cannot be used or the login is refused
+   * @throws UnsatisfiedLinkError if the library cannot be loaded, as {@link NativeLibrary#load} says
    * @throws IllegalStateException if the library in use talks to a database server instead
    */
   public static StandinSession open(Path store, String user) {
+    // The engine's library comes with the editor's, which depends on it. Loaded here and not with
+    // the class, so that a failure is told in full each time.
+    NativeLibrary.load();
     int[] instance = new int[1];
     try {
       check("use the store " + store, initialize(store.toAbsolutePath().toString(), instance));
@@ -68,6 +67,7 @@ public final class StandinSession implements AutoCloseable {
    * @param user the name to log in with; locks are held in this name
    * @return the session, to be closed by the caller
    * @throws StatusException if the folder is not a store, cannot be used or the login is refused
+   * @throws UnsatisfiedLinkError if the library cannot be loaded, as {@link NativeLibrary#load} says
    * @throws IllegalStateException if the library in use talks to a database server instead
    */
   public static StandinSession open(String store, String user) {
@@ -269,6 +269,7 @@ public final class StandinSession implements AutoCloseable {
    * @return one sentence
    */
   public static String message(int status) {
+    NativeLibrary.load();
     return statusText(status);
   }
 
@@ -281,12 +282,13 @@ public final class StandinSession implements AutoCloseable {
    */
   public static void check(String action, int status) {
     if (status != 0) {
-      throw new StatusException(action, status, statusText(status));
+      throw new StatusException(action, status, message(status));
     }
   }
 
   /** {@return the engine's count of the memory that this process was handed} */
   public static Ledger memory() {
+    NativeLibrary.load();
     long[] counts = ledger();
     return new Ledger(counts[0], counts[1], counts[2], counts[3]);
   }

@@ -207,4 +207,22 @@ public class LibrarySearchTest {
         "ed7002b439e9ac845f22357d822bac1444730fbdb6016d3ec9432297b9ec9f73  " + FILE + "\n")
         .getBytes(StandardCharsets.UTF_8));
   }
+
+  /** As newer virtual machines do with --illegal-native-access=deny, and names that no file has. */
+  @Test
+  public void otherRefusalsAreTheSameError() throws IOException {
+    properties.put("kepotl.library", Files.createFile(folder.resolve(FILE)).toString());
+    LibrarySearch search = new LibrarySearch(properties::get, this::resource, file -> {
+      throw new SecurityException("IllegalCallerException: native access is not enabled");
+    });
+    for (int time = 0; time < 2; time++) {
+      try {
+        fail("loaded " + search.load());
+      } catch (UnsatisfiedLinkError e) {
+        assertThat(e.getMessage(), containsString("--enable-native-access=ALL-UNNAMED"));
+      }
+    }
+    properties.put("kepotl.library", "a\0b");
+    assertThat(message(), containsString("InvalidPathException"));
+  }
 }

@@ -5,6 +5,7 @@ import static org.hamcrest.MatcherAssert.assertThat;
 import static org.junit.Assert.assertArrayEquals;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertFalse;
+import static org.junit.Assert.assertTrue;
 import static org.junit.Assert.fail;
 
 import com.olvane.kep.olvane.e2e.Settings;
@@ -14,9 +15,11 @@ import java.net.MalformedURLException;
 import java.net.URL;
 import java.net.URLClassLoader;
 import java.nio.ByteBuffer;
+import java.nio.channels.FileChannel;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.Paths;
+import java.nio.file.StandardOpenOption;
 import java.nio.file.attribute.PosixFilePermissions;
 import java.util.ArrayList;
 import java.util.List;
@@ -109,6 +112,26 @@ public class PackedLibraryTest {
     Files.setPosixFilePermissions(elsewhere, PosixFilePermissions.fromString("rwx------"));
     Files.createSymbolicLink(file.getParent(), elsewhere);
     assertRefused();
+  }
+
+  @Test
+  public void foldersOfOtherVersionsGoWhenNobodyUsesThem() throws Exception {
+    String user = Files.getAttribute(Paths.get("/proc/self"), "unix:uid").toString();
+    Path unused = Files.createDirectory(folder.resolve("kepotl-" + user + "-0000000000000000"));
+    Path used = Files.createDirectory(folder.resolve("kepotl-" + user + "-1111111111111111"));
+    Path others = Files.createDirectory(folder.resolve("kepotl-x-2222222222222222"));
+    for (Path other : new Path[] {unused, used, others}) {
+      Files.write(other.resolve("libkepotl.so"), new byte[1]);
+    }
+    Path mark = Files.createFile(used.resolve("used"));
+    try (FileChannel channel = FileChannel.open(mark, StandardOpenOption.READ)) {
+      channel.lock(0, Long.MAX_VALUE, true);
+      Path file = extract();
+      assertFalse(Files.exists(unused));
+      assertTrue(Files.exists(used.resolve("libkepotl.so")));
+      assertTrue(Files.exists(others.resolve("libkepotl.so")));
+      assertTrue(Files.exists(file));
+    }
   }
 
   private void assertRefused() {

@@ -35,8 +35,19 @@ final class LibrarySearch {
       Consumer<Path> loader) {
     this.properties = properties;
     this.resources = resources;
-    this.loader = loader;
+    this.loader = file -> load(loader, file);
     this.platform = platform(properties.apply("os.name"), properties.apply("os.arch"));
+  }
+
+  /** Loads a file; what the virtual machine refuses in other ways is a library that can't be loaded. */
+  private static void load(Consumer<Path> loader, Path file) {
+    try {
+      loader.accept(file);
+    } catch (RuntimeException e) {
+      UnsatisfiedLinkError error = new UnsatisfiedLinkError(describe(e));
+      error.initCause(e);
+      throw error;
+    }
   }
 
   /**
@@ -68,21 +79,27 @@ final class LibrarySearch {
    * @throws UnsatisfiedLinkError if there is none
    */
   Path load() {
-    String explicit = properties.apply(NativeLibrary.LIBRARY_PROPERTY);
-    Path loaded;
-    if (explicit != null && !explicit.isEmpty()) {
-      loaded = tryFile("property " + NativeLibrary.LIBRARY_PROPERTY, Paths.get(explicit));
-    } else {
-      tried.add("property " + NativeLibrary.LIBRARY_PROPERTY + ": not set");
-      loaded = tryLibraryPath();
-      if (loaded == null) {
-        loaded = tryPacked();
-      }
+    Path loaded = null;
+    try {
+      loaded = search();
+    } catch (RuntimeException e) {
+      // Such as a name that no file can have.
+      tried.add(describe(e));
     }
     if (loaded == null) {
       throw new UnsatisfiedLinkError(message());
     }
     return loaded;
+  }
+
+  private Path search() {
+    String explicit = properties.apply(NativeLibrary.LIBRARY_PROPERTY);
+    if (explicit != null && !explicit.isEmpty()) {
+      return tryFile("property " + NativeLibrary.LIBRARY_PROPERTY, Paths.get(explicit));
+    }
+    tried.add("property " + NativeLibrary.LIBRARY_PROPERTY + ": not set");
+    Path loaded = tryLibraryPath();
+    return loaded != null ? loaded : tryPacked();
   }
 
   /**
@@ -147,7 +164,7 @@ final class LibrarySearch {
         return null;
       }
       file = packed.extract(Paths.get(folder), fileName);
-    } catch (IOException e) {
+    } catch (IOException | RuntimeException e) {
       tried.add(
           place + ": cannot be extracted below " + folder + ": " + describe(e) + ". Set -D"
               + NativeLibrary.DIRECTORY_PROPERTY + "=FOLDER to a folder that you can write to");
@@ -205,6 +222,9 @@ final class LibrarySearch {
     if (text.contains("failed to map segment") || text.contains("Operation not permitted")) {
       return text + ". The file system does not allow programs to run (noexec); set -D"
           + NativeLibrary.DIRECTORY_PROPERTY + "=FOLDER to a folder on one that does";
+    }
+    if (text.contains("IllegalCallerException")) {
+      return text + ". Allow it with --enable-native-access=ALL-UNNAMED";
     }
     if (text.contains("GLIBC")) {
       return text + ". The library was built for a newer system; build it on this one";

@@ -27,11 +27,13 @@ import java.util.function.Function;
  * The native libraries packed in the jar for one platform, and their extraction. They go to a
  * folder of their own for each user and content, so that nobody meets another's files or another
  * version; a file appears there whole or not at all, and is checked against its hash before use.
+ * Folders of other contents are removed when nobody uses them.
  */
 final class PackedLibrary {
   /** The resource that lists the packed libraries: lines of hash, two blanks, file name. */
   static final String INDEX = "libraries.txt";
 
+  private static final String PREFIX = "kepotl-";
   private static final int MOST_COPIES = 1000;
   private static final int LOCK_ATTEMPTS = 12000;
   private static final int LOCK_PAUSE_MS = 10;
@@ -78,6 +80,12 @@ final class PackedLibrary {
    */
   Path extract(Path base, String name) throws IOException {
     Path directory = privateDirectory(base);
+    // Whoever removes folders that nobody uses may have been faster.
+    while (!FolderUse.hold(directory)) {
+      directory = privateDirectory(base);
+    }
+    FolderUse.removeUnused(
+        directory.getParent(), PREFIX + user() + "-*", directory);
     if (!isComplete(directory)) {
       try (FileChannel channel = openLockFile(directory)) {
         lock(channel);
@@ -122,9 +130,13 @@ final class PackedLibrary {
     }
   }
 
+  private static Object user() throws IOException {
+    return Files.getAttribute(Paths.get("/proc/self"), "unix:uid");
+  }
+
   private Path privateDirectory(Path base) throws IOException {
-    Object user = Files.getAttribute(Paths.get("/proc/self"), "unix:uid");
-    Path directory = base.toAbsolutePath().resolve("kepotl-" + user + "-" + identity);
+    Object user = user();
+    Path directory = base.toAbsolutePath().resolve(PREFIX + user + "-" + identity);
     try {
       Files.createDirectory(
           directory,
