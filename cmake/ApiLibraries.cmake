@@ -1,0 +1,33 @@
+# kepotl_check_api_libraries(): stops with an error unless each of KEPOTL_API_LIBRARIES names a shared
+# library of the width being built.
+function(kepotl_check_api_libraries)
+  math(EXPR width "8 * ${CMAKE_SIZEOF_VOID_P}")
+  foreach(library IN LISTS KEPOTL_API_LIBRARIES)
+    set(problem "")
+    if(NOT IS_ABSOLUTE "${library}")
+      set(problem "is no whole path")
+    elseif(NOT EXISTS "${library}" OR IS_DIRECTORY "${library}")
+      set(problem "is not there")
+    else()
+      file(READ "${library}" start LIMIT 5 HEX)
+      if(start STREQUAL "7f454c4601")
+        set(found 32)
+      elseif(start STREQUAL "7f454c4602")
+        set(found 64)
+      else()
+        set(found 0)
+      endif()
+      if(found EQUAL 0)
+        set(problem "is no shared library")
+      elseif(NOT found EQUAL width)
+        set(problem "is a ${found}-bit library")
+      endif()
+    endif()
+    if(problem)
+      message(FATAL_ERROR
+        "KEPOTL_API_LIBRARIES: ${library} ${problem}, and this build is for ${width} bits. Name the "
+        "whole paths of the ${width}-bit client and outline libraries, with a semicolon between "
+        "them, or nothing for the stand-in: -DKEPOTL_API_LIBRARIES=")
+    endif()
+  endforeach()
+endfunction()
