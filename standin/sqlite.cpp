@@ -21,7 +21,7 @@ constexpr int kBusyTimeout = 10000;
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
     case SQLITE_ERROR:  // a format or a schema that is not ours
-      throw StoreFailure(kNotAStore);
+      throw StoreFailure(status_of_damage(connection, kNotAStore));
     case SQLITE_BUSY:
       throw StoreFailure(kStoreBusy);
     case SQLITE_PERM:

@@ -5,6 +5,7 @@
 
 #include "standin/descriptor.h"
 #include "standin/folder_store.h"
+#include "tests/long_run.h"
 #include "tests/standin/outline_fixture.h"
 
 using namespace standin_test;
@@ -132,6 +133,9 @@ TEST_F(Persist, DamageIsRefused) {
   const std::string rich = dump(h_);
   ASSERT_EQ(write(), 0);
   const std::string content = read_file(file());
+  double cells = 0;
+  ASSERT_EQ(OlvPartitionGetAreaCellCount(context_, "", &cells), 0);
+  const size_t step = long_run_number("KEPOTL_BYTE_STEP", 251);
 
   // A file that opens has to be the whole outline: the byte that was hit lay in unused space.
   const auto is_refused = [&](const std::string& damaged, size_t where) {
@@ -140,11 +144,15 @@ TEST_F(Persist, DamageIsRefused) {
     const std::string text = stored();
     const bool refused = text == kDamaged || text == kNewer;
     EXPECT_TRUE(refused || text == rich) << "byte " << where;
+    double counted = 0;
+    const int counting = OlvPartitionGetAreaCellCount(context_, "", &counted);
+    EXPECT_TRUE(refused ? std::to_string(counting) == text : counting == 0 && counted == cells)
+        << "byte " << where << ": status " << counting << ", " << counted << " cells";
     return refused;
   };
   size_t tried = 0;
   size_t refused = 0;
-  for (size_t at = 0; at < content.size(); at += at < 128 ? 1 : 251) {
+  for (size_t at = 0; at < content.size(); at += at < 128 ? 1 : step) {
     std::string damaged = content;
     damaged[at] = static_cast<char>(damaged[at] ^ (1 << (at % 8)));
     ++tried;

@@ -30,7 +30,7 @@ constexpr const char* kFileSystem = "unix-none";
     case SQLITE_CANTOPEN:
       throw StoreFailure(status_of_error(sqlite3_system_errno(connection)));
     default:  // among them: no database, malformed pages, tables that are not there
-      throw StoreFailure(kDamagedOutline);
+      throw StoreFailure(status_of_damage(connection, kDamagedOutline));
   }
 }
 
