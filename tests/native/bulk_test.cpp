@@ -243,4 +243,6 @@ TEST(Bulk, NamesInUseAndTextsThatDoNotFit) {
     EXPECT_EQ(refused.run(), kStatusRefused);
     EXPECT_EQ(refused.records, 0u);
   }
+  EXPECT_THAT(api().blocks_outstanding(), testing::IsEmpty());
+  api().reset();
 }
