@@ -106,6 +106,14 @@ TEST_F(Queries, PagesSeeEveryChangeBetweenThem) {
   EXPECT_EQ(page(1), (Names{"e", "d"}));
   EXPECT_EQ(OlvOtlMoveMember(h_, find("e"), 0, find("c")), 0);
   EXPECT_EQ(page(1), (Names{"d", "c"}));
+
+  // Among many children, in any order of pages.
+  for (int i = 0; i < 300; ++i) EXPECT_EQ(try_child(top, "m" + std::to_string(i)), 0);
+  for (const uint32_t first : {200U, 0U, 63U, 64U, 65U, 128U, 127U, 250U}) {
+    const Names all = names(children(top));
+    EXPECT_EQ(page(first), (Names{all.at(first), all.at(first + 1)})) << first;
+    EXPECT_EQ(remove(find(all.at(first))), 0);
+  }
 }
 
 TEST_F(Queries, SearchesNamesAndAliasesInPreOrder) {

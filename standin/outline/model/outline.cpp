@@ -63,14 +63,21 @@ bool Outline::same_text(std::string_view a, std::string_view b) const {
 
 MemberId Outline::child_at(MemberId parent, uint32_t index) const {
   if (index >= member(parent).child_count) return kNoMember;
-  const bool go_on = cursor_.child != kNoMember && cursor_.parent == parent;
-  if (!go_on || cursor_.index > index) cursor_ = {parent, member(parent).first_child, 0};
-  for (; cursor_.index < index; ++cursor_.index) cursor_.child = member(cursor_.child).next;
-  return cursor_.child;
+  std::vector<MemberId>& marks = marks_.children;
+  if (marks.empty() || marks_.parent != parent) {
+    marks.assign(1, member(parent).first_child);
+    marks_.parent = parent;
+  }
+  const auto steps_from = [this](MemberId id, uint32_t steps) {
+    for (; steps > 0; --steps) id = member(id).next;
+    return id;
+  };
+  while (marks.size() <= index / kMarkEvery) marks.push_back(steps_from(marks.back(), kMarkEvery));
+  return steps_from(marks[index / kMarkEvery], index % kMarkEvery);
 }
 
 void Outline::link(MemberId id, MemberId parent, MemberId previous) {
-  cursor_ = {};
+  marks_.children.clear();
   Member& linked = own(id);
   Member& above = own(parent);
   linked.parent = parent;
@@ -83,7 +90,7 @@ void Outline::link(MemberId id, MemberId parent, MemberId previous) {
 }
 
 void Outline::unlink(MemberId id) {
-  cursor_ = {};
+  marks_.children.clear();
   const Member& leaving = member(id);
   Member& above = own(leaving.parent);
   (leaving.previous != kNoMember ? own(leaving.previous).next : above.first_child) = leaving.next;
@@ -206,7 +213,7 @@ void Outline::sort_children(MemberId parent, bool descending) {
     return std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(), byte_before);
   };
   std::stable_sort(order.begin(), order.end(), before);
-  cursor_ = {};
+  marks_.children.clear();
   MemberId previous = kNoMember;
   for (const MemberId id : order) {
     own(id).previous = previous;

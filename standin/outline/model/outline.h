@@ -98,8 +98,8 @@ class Outline {
     return MemberWalk(top == kRoot ? member(kRoot).first_child : top,
                       [this, top](MemberId id) { return next_in_subtree(id, top); });
   }
-  // Child number `index` of a member or of the root, counted from 0; 0 when there are fewer. Going
-  // on from where the last call on the same parent ended is cheap.
+  // Child number `index` of a member or of the root, counted from 0; 0 when there are fewer. The
+  // first call for a parent walks to the child, later ones a few steps.
   MemberId child_at(MemberId parent, uint32_t index) const;
   // Level of a member, 0 without children, else one above its highest child. Constant for a
   // dimension, amortised constant for others.
@@ -243,11 +243,12 @@ class Outline {
   void drop_series_without_time();
 
  private:
-  // Where child_at() ended; any change of shape sets it back.
-  struct Cursor {
+  // Every so many children of the parent that child_at() was last called for, as far as it came;
+  // any change of shape clears it.
+  static constexpr uint32_t kMarkEvery = 64;
+  struct Marks {
     MemberId parent = kRoot;
-    MemberId child = kNoMember;  // 0: not valid
-    uint32_t index = 0;
+    std::vector<MemberId> children;
   };
 
   // The member itself, to be changed.
@@ -282,7 +283,7 @@ class Outline {
   uint32_t living_ = 0;
   // Members per generation, by dimension; the dimension itself comes first, a zero never last.
   std::unordered_map<MemberId, std::vector<uint32_t>> generation_sizes_;
-  mutable Cursor cursor_;
+  mutable Marks marks_;
   std::vector<AliasTable> alias_tables_;
 };
 
