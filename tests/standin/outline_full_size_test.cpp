@@ -17,6 +17,7 @@ class FullSize : public OutlineTest {
     work();
     const double seconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
     std::printf("%10u members: %-7s %6.0f ns per member\n", count_, what, seconds / count_ * 1e9);
+    std::fflush(stdout);
   }
 
   // Groups of a hundred, every member with one or two aliases and an attribute, every tenth with a
