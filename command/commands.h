@@ -31,6 +31,10 @@ void add_locks(CLI::App& app, Session& session);
 void add_unlock(CLI::App& app, Session& session);
 void add_backup(CLI::App& app, Session& session);
 void add_restore(CLI::App& app, Session& session);
+void add_picture(CLI::App& app, Session& session);
+// Both need the program itself, as they tell of all subcommands.
+void add_completion(CLI::App& app, Session& session);
+void add_manual(CLI::App& app, Session& session);
 
 // All of them, in the order of the help.
 void add_commands(CLI::App& app, Session& session);

@@ -13,11 +13,14 @@
 namespace command {
 
 void add_commands(CLI::App& app, Session& session) {
-  for (const auto add :
-       {add_list,   add_create,  add_delete_database, add_info,        add_tree,     add_show,
-        add_find,   add_load,    add_export,          add_apply,       add_edits,    add_diff,
-        add_verify, add_aliases, add_save_as,         add_restructure, add_currency, add_locks,
-        add_unlock, add_backup,  add_restore}) {
+  for (const auto add : {add_list,        add_create,     add_delete_database,
+                         add_info,        add_tree,       add_show,
+                         add_find,        add_load,       add_export,
+                         add_apply,       add_edits,      add_diff,
+                         add_verify,      add_aliases,    add_save_as,
+                         add_restructure, add_currency,   add_locks,
+                         add_unlock,      add_backup,     add_restore,
+                         add_picture,     add_completion, add_manual}) {
     add(app, session);
   }
 }

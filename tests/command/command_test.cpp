@@ -306,6 +306,49 @@ TEST_F(CommandTest, CutsProgressToTheTerminal) {
 }
 
 // Every tree of a chain goes without recursion, and none grows with the square of the depth.
+TEST_F(CommandTest, DrawsAPictureOfAnySize) {
+  load_world();
+  const std::string file = run.folder() + "/world.svg";
+  const auto picture = [&](const std::vector<std::string>& options) {
+    std::vector<std::string> words = {"picture", "Demo", "World", file};
+    words.insert(words.end(), options.begin(), options.end());
+    EXPECT_EQ(out(words), "");
+    return run.shell("cat " + file).out;
+  };
+  std::string page = picture({"--colour", "uda"});
+  EXPECT_THAT(page, HasSubstr("<title>Geography\n10 members</title>"));
+  EXPECT_THAT(page, HasSubstr(">no UDA</text>"));
+  EXPECT_THAT(page, HasSubstr(">big</text>"));
+  page = picture({"--member", "Countries", "--width", "leaves"});
+  EXPECT_THAT(page, HasSubstr("<title>Countries\n4 members, 3 leaves</title>"));
+  EXPECT_THAT(page, Not(HasSubstr("Asia\n")));
+
+  // Members that are too small to be seen are merged; none is lost from the counts.
+  std::string rows = "parent,name\n,Flat\n";
+  for (int i = 0; i < 30'000; ++i) rows += "Flat,a <name> & number " + std::to_string(i) + "\n";
+  ASSERT_EQ(run({"load", "Demo", "World", run.file("flat.csv", rows)}).code, 0);
+  page = picture({});
+  EXPECT_THAT(page, HasSubstr("<title>Flat\n30,001 members</title>"));
+  EXPECT_THAT(page, HasSubstr("a &lt;name&gt; &amp; number 0 \u2026 a &lt;name&gt;"));
+  EXPECT_LT(page.size(), 2'000'000U);
+  EXPECT_THAT(run({"picture", "Demo", "World", "world.png"}).err, HasSubstr(".svg or .html"));
+}
+
+TEST_F(CommandTest, CompletesAndDescribesItself) {
+  const auto complete = [&](const std::string& words) {
+    return run
+        .shell("$outline completion bash >completion; bash -c '. ./completion; COMP_WORDS=(" +
+               words + "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _outline; echo ${COMPREPLY[*]}'")
+        .out;
+  };
+  EXPECT_EQ(complete("outline re"), "rename restructure restore\n");
+  EXPECT_EQ(complete("outline picture Demo World x.svg --w"), "--width\n");
+  EXPECT_EQ(complete("outline picture --width l"), "leaves\n");
+  EXPECT_EQ(complete("outline aliases ex"), "export\n");
+  EXPECT_THAT(out({"completion", "zsh"}), StartsWith("#compdef outline\n"));
+  EXPECT_THAT(out({"manual", "/dev/stdout"}), HasSubstr("\n.SS outline load\n"));
+}
+
 TEST_F(CommandTest, BearsAChainOfAHundredThousand) {
   ASSERT_EQ(run({"create", "Demo", "Deep"}).code, 0);
   std::string rows;

@@ -1,0 +1,185 @@
+#include "command/picture/page.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "command/picture/page_script.h"
+
+namespace command {
+namespace {
+
+constexpr unsigned kRowHeight = 20;
+constexpr unsigned kTop = 104;      // where the blocks begin
+constexpr unsigned kTextWidth = 7;  // of a character, as a guess for the legend
+// Percent of the whole width from which on a block bears its name, and is set apart by a line.
+constexpr double kLeastLabel = 3;
+constexpr double kLeastSeparated = .4;
+
+// A text for XML. Characters that XML has no way to write are shown as missing ones.
+std::string escaped(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '"':
+        result += "&quot;";
+        break;
+      default:
+        if (static_cast<unsigned char>(c) < 0x20) {
+          result += "\xEF\xBF\xBD";
+        } else {
+          result += c;
+        }
+    }
+  }
+  return result;
+}
+
+// A whole number with separators, for people.
+std::string grouped(uint64_t number) {
+  std::string digits = std::to_string(number);
+  for (size_t i = digits.size(); i > 3;) {
+    i -= 3;
+    digits.insert(i, ",");
+  }
+  return digits;
+}
+
+std::string counted(uint64_t number, const char* one, const std::string& many) {
+  return grouped(number) + ' ' + (number == 1 ? one : many);
+}
+
+// A share of the whole width in percent, as short as its use in the page allows.
+std::string percent(uint64_t part, uint64_t whole) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.7g%%",
+                100.0 * static_cast<double>(part) / static_cast<double>(whole));
+  return text;
+}
+
+std::string attribute(const char* name, const std::string& value) {
+  return std::string(" ") + name + "=\"" + value + '"';
+}
+
+std::string text_element(unsigned x, unsigned y, const char* type, const std::string& text) {
+  return "<text" + attribute("x", std::to_string(x)) + attribute("y", std::to_string(y)) +
+         attribute("class", type) + '>' + escaped(text) + "</text>\n";
+}
+
+// Characters of a UTF-8 text.
+size_t characters(const std::string& text) {
+  return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  }));
+}
+
+std::string legend(const std::vector<std::string>& meanings) {
+  std::string page;
+  unsigned x = 12;
+  for (size_t colour = 0; colour < meanings.size(); ++colour) {
+    if (meanings[colour].empty()) continue;
+    page += "<g" + attribute("class", "c" + std::to_string(colour)) + "><rect" +
+            attribute("x", std::to_string(x)) + R"( y="57" width="12" height="12"/></g>)";
+    page += text_element(x + 17, 68, "key", meanings[colour]);
+    x += 34 + static_cast<unsigned>(characters(meanings[colour])) * kTextWidth;
+  }
+  return page;
+}
+
+class Page {
+ public:
+  Page(const Icicle& icicle, const PictureCaption& caption,
+       const std::function<std::string(uint32_t)>& name,
+       const std::function<uint8_t(uint32_t)>& colour)
+      : icicle_(icicle), caption_(caption), name_(name), colour_(colour) {}
+
+  std::string svg() const {
+    const unsigned height = kTop + icicle_.rows * kRowHeight + 12;
+    std::string page =
+        R"(<svg id="picture" xmlns="http://www.w3.org/2000/svg" role="img" width="100%")" +
+        attribute("height", std::to_string(height)) +
+        attribute("aria-label", escaped(caption_.title)) + ">\n<style>" + kPictureStyle +
+        "</style>\n";
+    page += text_element(12, 26, "title", caption_.title);
+    page += text_element(12, 46, "summary", caption_.summary);
+    page += legend(caption_.legend);
+    page += text_element(12, 92, "detail", "");
+    page += "<g id=\"blocks\">\n";
+    for (const IcicleBlock& block : icicle_.blocks) append(block, &page);
+    page += "</g>\n<script><![CDATA[";
+    page += kPictureScript;
+    page += "]]></script>\n</svg>\n";
+    return page;
+  }
+
+ private:
+  void append(const IcicleBlock& block, std::string* page) const {
+    const bool merged = block.siblings > 1;
+    const double share =
+        100.0 * static_cast<double>(block.width) / static_cast<double>(icicle_.width);
+    std::string type = 'c' + std::to_string(colour_(block.first));
+    if (merged) type += " merged";
+    if (share >= kLeastSeparated) type += " wide";
+    std::string label = name_(block.first);
+    if (merged) label += " \xE2\x80\xA6 " + name_(block.last);
+    label = escaped(label);
+    *page += "<svg" + attribute("x", percent(block.start, icicle_.width)) +
+             attribute("y", std::to_string(kTop + block.depth * kRowHeight)) +
+             attribute("width", percent(block.width, icicle_.width)) +
+             attribute("height", std::to_string(kRowHeight)) + attribute("class", type) +
+             "><title>" + label + '\n' + contents(block) +
+             R"(</title><rect width="100%" height="100%"/>)";
+    if (share >= kLeastLabel) {
+      *page += R"(<text x="4" y="14">)" + label + "</text>";
+    }
+    *page += "</svg>\n";
+  }
+
+  // What a block holds, in words.
+  std::string contents(const IcicleBlock& block) const {
+    std::string text;
+    if (block.siblings > 1) text = grouped(block.siblings) + " siblings, ";
+    text += counted(block.members, "member", "members");
+    if (caption_.unit != "members") text += ", " + counted(block.width, "leaf", caption_.unit);
+    return text;
+  }
+
+  const Icicle& icicle_;
+  const PictureCaption& caption_;
+  const std::function<std::string(uint32_t)>& name_;
+  const std::function<uint8_t(uint32_t)>& colour_;
+};
+
+}  // namespace
+
+std::string write_picture(const Icicle& icicle, const PictureCaption& caption, PictureFormat format,
+                          const std::function<std::string(uint32_t)>& name,
+                          const std::function<uint8_t(uint32_t)>& colour) {
+  const std::string svg = Page(icicle, caption, name, colour).svg();
+  if (format == PictureFormat::kSvg) return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + svg;
+  // In HTML the style and the script of the SVG are read as they stand, without CDATA.
+  std::string page =
+      "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
+      escaped(caption.title) +
+      "</title>\n<style>body { margin: 0; background: #fff; }\n"
+      "#search { position: absolute; top: 12px; right: 12px; width: 16em; }\n"
+      "@media (prefers-color-scheme: dark) { body { background: #1d1f21; } }</style>\n"
+      "</head>\n<body>\n<input id=\"search\" type=\"search\" placeholder=\"Search\" "
+      "aria-label=\"Search the blocks\">\n" +
+      svg + "</body>\n</html>\n";
+  for (const char* mark : {"<![CDATA[", "]]>"}) {
+    const size_t place = page.rfind(mark);
+    page.erase(place, std::string(mark).size());
+  }
+  return page;
+}
+
+}  // namespace command
