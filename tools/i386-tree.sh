@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Lays the 32-bit Debian tree that the i386 preset compiles against and runs in: the C library,
-# GoogleTest, Google Benchmark, SQLite, the libraries of the outline command and a Java virtual
-# machine. The compiler's own headers and libraries come with g++-multilib.
+# GoogleTest, Google Benchmark, SQLite, PostgreSQL's client library, the libraries of the outline
+# command and a Java virtual machine. The compiler's own headers and libraries come with
+# g++-multilib.
 # Usage: tools/i386-tree.sh TREE
 set -euo pipefail
 
@@ -19,7 +20,7 @@ command -v mmdebstrap >/dev/null || fail "mmdebstrap is missing." "Run './dev se
 codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 packages=(
   default-jre-headless libc6-dev libstdc++6
-  libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev
+  libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev libpq-dev
   libcli11-dev libcsv-dev libfmt-dev libutf8proc-dev nlohmann-json3-dev
 )
 # The leading number counts changes to what this script does with the packages.
