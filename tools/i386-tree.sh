@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Lays the 32-bit Debian tree that the i386 preset compiles against and runs in: the C library,
 # GoogleTest, Google Benchmark, SQLite, PostgreSQL's client library, the libraries of the outline
-# command and a Java virtual machine. The compiler's own headers and libraries come with
-# g++-multilib.
+# command and a Java virtual machine with its window toolkit. The compiler's own headers and
+# libraries come with g++-multilib, fonts from the machine.
 # Usage: tools/i386-tree.sh TREE
 set -euo pipefail
 
@@ -19,12 +19,13 @@ command -v mmdebstrap >/dev/null || fail "mmdebstrap is missing." "Run './dev se
 # shellcheck source=/dev/null
 codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 packages=(
-  default-jre-headless libc6-dev libstdc++6
+  default-jre-headless libx11-6 libxext6 libxi6 libxrender1 libxtst6
+  libc6-dev libstdc++6
   libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev libpq-dev
   libcli11-dev libcsv-dev libfmt-dev libutf8proc-dev nlohmann-json3-dev
 )
 # The leading number counts changes to what this script does with the packages.
-recipe="3 $codename ${packages[*]}"
+recipe="4 $codename ${packages[*]}"
 stamp=$tree/.laid-from
 is_laid() { [[ -f $stamp && $(<"$stamp") == "$recipe" ]]; }
 if is_laid; then exit 0; fi
@@ -50,9 +51,18 @@ log=$tree.log
 echo "i386-tree: laying a 32-bit $codename tree into $tree (about 350 MB)"
 # Proxies, time-outs and the like of this machine hold for the downloads too.
 apt-config dump Acquire >"$work/apt.conf"
+# The package with the toolkit is unpacked by itself: it depends on GTK and OpenGL, which take some
+# hundred megabytes and are only loaded when asked for.
+# shellcheck disable=SC2016  # expanded by mmdebstrap's shell
+unpack_toolkit='cd "$1"
+  export APT_CONFIG="$MMDEBSTRAP_APT_CONFIG"
+  apt-get -o APT::Sandbox::User=root download \
+    "$(apt-cache depends default-jre | sed -n "s/.*Depends: \\(openjdk-[0-9]*-jre\\)\$/\\1/p")"
+  dpkg-deb --extract openjdk-*-jre_*.deb .'
 # The 'extract' variant unpacks and runs nothing, so neither root nor a 32-bit kernel is needed.
 if ! mmdebstrap --mode=chrootless --variant=extract --architectures=i386 --format=directory \
   --aptopt="$work/apt.conf" --include="$(IFS=,; echo "${packages[*]}")" \
+  --extract-hook="$unpack_toolkit" \
   "$codename" "$work/all" "deb $mirror $codename main" >"$log" 2>&1; then
   tail -n 20 "$log" >&2
   fail "the 32-bit packages could not be fetched and unpacked; the lines above and $log say why." \
@@ -83,8 +93,11 @@ gcc -m32 --sysroot="$work/kept" -O2 -Wall -Wextra -Werror -shared -fPIC \
     "Run './dev setup', which installs gcc's 32-bit parts, and try again."
 echo /lib/emulated_threads.so >"$work/kept/etc/ld.so.preload"
 
-[[ -e $work/kept/usr/lib/jvm/default-java/lib/server/libjvm.so ]] || fail \
-  "the unpacked packages hold no 32-bit Java virtual machine." "Report this with $log."
+for library in server/libjvm.so libawt_xawt.so; do
+  [[ -e $work/kept/usr/lib/jvm/default-java/lib/$library ]] || fail \
+    "the unpacked packages hold no 32-bit Java virtual machine with a window toolkit." \
+    "Report this with $log."
+done
 
 echo "$recipe" >"$work/kept/.laid-from"
 rm -rf "$tree"
