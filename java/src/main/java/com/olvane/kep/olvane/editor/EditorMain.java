@@ -1,0 +1,98 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Store;
+import com.olvane.kep.olvane.standin.StoredDatabase;
+import java.awt.GraphicsEnvironment;
+import java.util.concurrent.Callable;
+import javax.swing.SwingUtilities;
+import picocli.CommandLine;
+import picocli.CommandLine.Command;
+import picocli.CommandLine.Option;
+import picocli.CommandLine.Parameters;
+
+/** The program: the outline editor. */
+@Command(
+    name = "outline-editor",
+    description = "Edits outlines in a window.",
+    mixinStandardHelpOptions = true)
+public final class EditorMain implements Callable<Integer> {
+  @Parameters(index = "0", arity = "0..1", paramLabel = "APP",
+      description = "The application.")
+  private String application;
+
+  @Parameters(index = "1", arity = "0..1", paramLabel = "DB",
+      description = "The database. Without these two there is a list to choose from.")
+  private String database;
+
+  @Option(names = "--store", paramLabel = "DIR", defaultValue = "${env:OUTLINE_STORE:-outlines}",
+      description = "Folder that holds the databases (default: $OUTLINE_STORE, else outlines).")
+  private String store;
+
+  @Option(names = "--user", paramLabel = "NAME", defaultValue = "${sys:user.name}",
+      description = "Name to log in with (default: ${DEFAULT-VALUE}).")
+  private String user;
+
+  private EditorMain() {}
+
+  /**
+   * Starts the editor.
+   *
+   * @param arguments the command line
+   */
+  public static void main(String[] arguments) {
+    CommandLine command = new CommandLine(new EditorMain());
+    command.setExecutionExceptionHandler((failure, failed, parsed) -> {
+      failed.getErr().println(sentence(failure));
+      return 1;
+    });
+    int code = command.execute(arguments);
+    if (code != 0 || command.isUsageHelpRequested() || command.isVersionHelpRequested()) {
+      System.exit(code);
+    }
+  }
+
+  private static String sentence(Throwable failure) {
+    return failure.getMessage() == null ? failure.toString() : failure.getMessage();
+  }
+
+  @Override
+  public Integer call() {
+    if (!hasDisplay()) {
+      System.err.println("There is no display to open a window on. Set DISPLAY to one, or use the"
+          + " command outline, which needs none.");
+      return 1;
+    }
+    if (application == null || database == null) {
+      System.err.println("Name an application and a database.");
+      return 2;
+    }
+    Store opened = Store.open(store, user);
+    Workspace workspace = open(opened, application, database);
+    SwingUtilities.invokeLater(() -> new EditorWindow(workspace).show());
+    return 0;
+  }
+
+  private static boolean hasDisplay() {
+    try {
+      if (GraphicsEnvironment.isHeadless()) {
+        return false;
+      }
+      GraphicsEnvironment.getLocalGraphicsEnvironment().getDefaultScreenDevice();
+      return true;
+    } catch (java.awt.AWTError | java.awt.HeadlessException e) {
+      return false;
+    }
+  }
+
+  private static Workspace open(Store store, String application, String database) {
+    Outline outline = store.edit(application, database);
+    long members = 0;
+    for (StoredDatabase one : store.databases()) {
+      if (one.application().equals(application) && one.database().equals(database)) {
+        members = one.members();
+      }
+    }
+    return new Workspace(store, outline, members);
+  }
+}

@@ -1,0 +1,246 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Attribute;
+import com.olvane.kep.olvane.outline.Changes;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NewMember;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Share;
+import java.io.ByteArrayInputStream;
+import java.io.ByteArrayOutputStream;
+import java.io.DataInputStream;
+import java.io.DataOutputStream;
+import java.io.IOException;
+import java.io.UncheckedIOException;
+import java.util.ArrayList;
+import java.util.Iterator;
+import java.util.LinkedHashMap;
+import java.util.LinkedHashSet;
+import java.util.List;
+import java.util.Locale;
+import java.util.Map;
+import java.util.NoSuchElementException;
+import java.util.Set;
+import java.util.zip.Deflater;
+import java.util.zip.DeflaterOutputStream;
+import java.util.zip.InflaterInputStream;
+
+/**
+ * The members of a subtree with all their details in pre-order, compressed: a million members that
+ * were deleted may lie in the history.
+ */
+final class PackedMembers {
+  private final List<String> tables;
+  private final ByteArrayOutputStream bytes = new ByteArrayOutputStream();
+  private final Deflater deflater = new Deflater(Deflater.BEST_SPEED);
+  private DataOutputStream out =
+      new DataOutputStream(new DeflaterOutputStream(bytes, deflater, 1 << 16));
+  private byte[] packed;
+
+  PackedMembers(List<String> tables) {
+    this.tables = new ArrayList<>(tables);
+  }
+
+  /** Adds a member that was read with all details. */
+  void add(Member member) {
+    try {
+      out.writeShort(member.generation());
+      text(member.name());
+      out.writeShort(member.consolidationCode());
+      out.writeShort(member.conversionCode());
+      out.writeShort(member.timeBalanceCode());
+      out.writeShort(member.timeBalanceSkipCode());
+      out.writeShort(member.shareCode());
+      out.writeBoolean(member.isTwoPass());
+      out.writeBoolean(member.isExpense());
+      text(member.currencyMember());
+      text(member.comment());
+      text(member.extendedComment());
+      text(member.formula());
+      for (String table : tables) {
+        text(member.alias(table));
+      }
+      out.writeInt(member.udas().size());
+      for (String uda : member.udas()) {
+        text(uda);
+      }
+      // Those of a dimension are dimensions and are associated in another way.
+      List<Attribute> attributes =
+          member.isDimension() ? new ArrayList<>() : member.attributes();
+      out.writeInt(attributes.size());
+      for (Attribute attribute : attributes) {
+        text(attribute.name());
+      }
+    } catch (IOException e) {
+      throw new UncheckedIOException(e);
+    }
+  }
+
+  private void text(String text) throws IOException {
+    out.writeInt(text.length());
+    out.writeChars(text);
+  }
+
+  /** Ends adding. */
+  PackedMembers finish() {
+    try {
+      out.writeShort(0);
+      out.close();
+    } catch (IOException e) {
+      throw new UncheckedIOException(e);
+    }
+    deflater.end();
+    packed = bytes.toByteArray();
+    bytes.reset();
+    out = null;
+    return this;
+  }
+
+  /** Reads the members as what is to be made. */
+  Reader reader(Outline outline) {
+    return new Reader(outline);
+  }
+
+  /** Hands the members out in pre-order, each once. */
+  final class Reader {
+    /** So many names may wait in a request before the outline has them. */
+    private static final int NAMES_ON_THE_WAY = 4096;
+
+    private final Outline outline;
+    private final DataInputStream in =
+        new DataInputStream(new InflaterInputStream(new ByteArrayInputStream(packed)));
+    private final Map<Integer, String> late = new LinkedHashMap<>();
+    private final Set<String> onTheWay = new LinkedHashSet<>();
+    private int generation;
+    private int rootGeneration;
+    private int count;
+    private Changes rootChanges;
+    private boolean shared;
+
+    private Reader(Outline outline) {
+      this.outline = outline;
+      try {
+        generation = in.readUnsignedShort();
+      } catch (IOException e) {
+        throw new UncheckedIOException(e);
+      }
+    }
+
+    /** The root, with all below it. */
+    NewMember root() {
+      rootGeneration = generation;
+      return next();
+    }
+
+    /** The root alone, its children being left for {@link #children}. */
+    NewMember withoutChildren(NewMember root) {
+      return new NewMember(root.name(), rootChanges);
+    }
+
+    Iterable<NewMember> children() {
+      return below(rootGeneration);
+    }
+
+    /**
+     * The members whose names others had at the time, such as shared ones: they were given out
+     * under other names and are to be renamed.
+     */
+    Map<Integer, String> namesTakenLate() {
+      return late;
+    }
+
+    private Iterable<NewMember> below(int parent) {
+      return () -> new Iterator<NewMember>() {
+        @Override
+        public boolean hasNext() {
+          return generation == parent + 1;
+        }
+
+        @Override
+        public NewMember next() {
+          if (!hasNext()) {
+            throw new NoSuchElementException();
+          }
+          return Reader.this.next();
+        }
+      };
+    }
+
+    private NewMember next() {
+      try {
+        int own = generation;
+        String name = text();
+        Changes changes = changes();
+        if (count == 0) {
+          rootChanges = changes;
+        }
+        NewMember member = new NewMember(free(name), changes).below(below(own));
+        count++;
+        generation = in.readUnsignedShort();
+        return member;
+      } catch (IOException e) {
+        throw new UncheckedIOException(e);
+      }
+    }
+
+    private String free(String name) {
+      String folded = name.toLowerCase(Locale.ROOT);
+      if (!shared && !onTheWay.contains(folded) && !outline.find(name).isPresent()) {
+        onTheWay.add(folded);
+        if (onTheWay.size() > NAMES_ON_THE_WAY) {
+          Iterator<String> oldest = onTheWay.iterator();
+          oldest.next();
+          oldest.remove();
+        }
+        return name;
+      }
+      late.put(count, name);
+      int number = count;
+      while (outline.find("\u2026 " + number).isPresent()) {
+        number += 1_000_003;
+      }
+      return "\u2026 " + number;
+    }
+
+    private Changes changes() throws IOException {
+      Changes changes = new Changes()
+          .consolidationCode(in.readShort())
+          .conversionCode(in.readShort())
+          .timeBalanceCode(in.readShort())
+          .timeBalanceSkipCode(in.readShort());
+      short share = in.readShort();
+      shared = Share.of(share) == Share.SHARED;
+      changes.shareCode(share).twoPass(in.readBoolean()).expense(in.readBoolean())
+          .currencyMember(text()).comment(text());
+      String extended = text();
+      if (!extended.isEmpty()) {
+        changes.extendedComment(extended);
+      }
+      String formula = text();
+      if (!formula.isEmpty()) {
+        changes.formula(formula);
+      }
+      for (String table : tables) {
+        String alias = text();
+        if (!alias.isEmpty()) {
+          changes.alias(table, alias);
+        }
+      }
+      for (int left = in.readInt(); left > 0; left--) {
+        changes.uda(text());
+      }
+      for (int left = in.readInt(); left > 0; left--) {
+        changes.attribute(text());
+      }
+      return changes;
+    }
+
+    private String text() throws IOException {
+      char[] text = new char[in.readInt()];
+      for (int i = 0; i < text.length; i++) {
+        text[i] = in.readChar();
+      }
+      return new String(text);
+    }
+  }
+}
