@@ -1,0 +1,160 @@
+package com.olvane.kep.olvane.editor;
+
+import java.awt.BasicStroke;
+import java.awt.Color;
+import java.awt.Component;
+import java.awt.Font;
+import java.awt.Graphics;
+import java.awt.Graphics2D;
+import java.awt.RenderingHints;
+import java.awt.geom.Ellipse2D;
+import java.awt.geom.Path2D;
+import javax.swing.AbstractButton;
+import javax.swing.Icon;
+import javax.swing.UIDefaults;
+import javax.swing.plaf.UIResource;
+
+/** The small pictures of controls, drawn as lines so that they are sharp at any scale. */
+final class FlatIcons {
+  private FlatIcons() {}
+
+  /** What draws an icon, with smooth edges, in a square from 0 to its size. */
+  private interface Drawing {
+    void draw(Graphics2D g, Component on);
+  }
+
+  /** An icon of a look, which goes with it. */
+  private static final class Drawn implements Icon, UIResource {
+    private final int size;
+    private final Drawing drawing;
+
+    Drawn(int size, Drawing drawing) {
+      this.size = size;
+      this.drawing = drawing;
+    }
+
+    @Override
+    public int getIconWidth() {
+      return size;
+    }
+
+    @Override
+    public int getIconHeight() {
+      return size;
+    }
+
+    @Override
+    public void paintIcon(Component on, Graphics graphics, int x, int y) {
+      Graphics2D g = (Graphics2D) graphics.create();
+      g.setRenderingHint(RenderingHints.KEY_ANTIALIASING, RenderingHints.VALUE_ANTIALIAS_ON);
+      g.setRenderingHint(RenderingHints.KEY_STROKE_CONTROL, RenderingHints.VALUE_STROKE_PURE);
+      g.translate(x, y);
+      drawing.draw(g, on);
+      g.dispose();
+    }
+  }
+
+  static void putAll(UIDefaults defaults, Palette palette) {
+    defaults.put("Tree.expandedIcon", arrow(12, true, palette.faint));
+    defaults.put("Tree.collapsedIcon", arrow(12, false, palette.faint));
+    defaults.put("CheckBox.icon", new Drawn(16, (g, on) -> box(g, on, palette, 8)));
+    defaults.put("RadioButton.icon", new Drawn(16, (g, on) -> box(g, on, palette, 16)));
+    Icon tick = new Drawn(12, (g, on) -> {
+      if (((AbstractButton) on).isSelected()) {
+        g.setColor(palette.text);
+        line(g, 1.6f, 2, 6.5f, 5, 9.5f, 10, 3);
+      }
+    });
+    defaults.put("CheckBoxMenuItem.checkIcon", tick);
+    defaults.put("RadioButtonMenuItem.checkIcon", tick);
+    defaults.put("Menu.arrowIcon", arrow(10, false, palette.faint));
+    defaults.put("OptionPane.errorIcon", sign("!", palette.error));
+    defaults.put("OptionPane.warningIcon", sign("!", palette.warning));
+    defaults.put("OptionPane.informationIcon", sign("i", palette.accent));
+    defaults.put("OptionPane.questionIcon", sign("?", palette.accent));
+    defaults.put("Table.ascendingSortIcon", caret(palette.faint, true));
+    defaults.put("Table.descendingSortIcon", caret(palette.faint, false));
+  }
+
+  private static void line(Graphics2D g, float thick, float... points) {
+    g.setStroke(new BasicStroke(thick, BasicStroke.CAP_ROUND, BasicStroke.JOIN_ROUND));
+    Path2D path = new Path2D.Float();
+    path.moveTo(points[0], points[1]);
+    for (int i = 2; i < points.length; i += 2) {
+      path.lineTo(points[i], points[i + 1]);
+    }
+    g.draw(path);
+  }
+
+  /** An angle that points down, or to where reading goes. */
+  static Icon arrow(int size, boolean down, Color colour) {
+    return new Drawn(size, (g, on) -> {
+      g.setColor(colour);
+      float a = size * 0.3f;
+      float b = size * 0.5f;
+      float c = size * 0.7f;
+      if (down) {
+        line(g, 1.5f, a - 1, b - 1.5f, b, c - 1, c + 1, b - 1.5f);
+      } else if (on.getComponentOrientation().isLeftToRight()) {
+        line(g, 1.5f, b - 1.5f, a - 1, c - 1, b, b - 1.5f, c + 1);
+      } else {
+        line(g, 1.5f, b + 1.5f, a - 1, a + 1, b, b + 1.5f, c + 1);
+      }
+    });
+  }
+
+  private static Icon caret(Color colour, boolean up) {
+    return new Drawn(10, (g, on) -> {
+      g.setColor(colour);
+      line(g, 1.4f, 2, up ? 6 : 4, 5, up ? 3 : 7, 8, up ? 6 : 4);
+    });
+  }
+
+  /** A box or, with a large {@code arc}, a circle that can be chosen. */
+  private static void box(Graphics2D g, Component on, Palette palette, int arc) {
+    AbstractButton button = (AbstractButton) on;
+    boolean enabled = button.isEnabled();
+    boolean mixed = Boolean.TRUE.equals(button.getClientProperty(MIXED));
+    boolean chosen = button.isSelected() || mixed;
+    Color face = chosen && enabled ? palette.accent : palette.content;
+    Color edge = button.isFocusOwner() || chosen && enabled ? palette.accent : palette.border;
+    java.awt.geom.RoundRectangle2D shape = new java.awt.geom.RoundRectangle2D.Float(
+        1.5f, 1.5f, 13, 13, Math.min(arc, 13), Math.min(arc, 13));
+    g.setColor(face);
+    g.fill(shape);
+    g.setColor(enabled ? edge : palette.line);
+    g.setStroke(new BasicStroke(button.isFocusOwner() ? 2 : 1));
+    g.draw(shape);
+    if (button.isFocusOwner() && chosen) {
+      g.setStroke(new BasicStroke(1));
+      g.setColor(palette.text);
+      g.draw(new java.awt.geom.RoundRectangle2D.Float(0.5f, 0.5f, 15, 15, Math.min(arc, 15) + 1,
+          Math.min(arc, 15) + 1));
+    }
+    if (!chosen) {
+      return;
+    }
+    g.setColor(enabled ? palette.onAccent : palette.faint);
+    if (mixed) {
+      line(g, 2, 5, 8, 11, 8);
+    } else if (arc > 8) {
+      g.fill(new Ellipse2D.Float(5, 5, 6, 6));
+    } else {
+      line(g, 1.8f, 4.5f, 8.5f, 7, 11, 11.5f, 5.5f);
+    }
+  }
+
+  /** Client property of a check box: true while it stands for things that differ. */
+  static final String MIXED = "mixed";
+
+  private static Icon sign(String text, Color colour) {
+    return new Drawn(32, (g, on) -> {
+      g.setColor(colour);
+      g.setStroke(new BasicStroke(2));
+      g.draw(new Ellipse2D.Float(2, 2, 28, 28));
+      g.setFont(new Font(Font.DIALOG, Font.BOLD, 18));
+      int width = g.getFontMetrics().stringWidth(text);
+      g.drawString(text, 16 - width / 2f, 22.5f);
+    });
+  }
+}
