@@ -17,6 +17,7 @@ import com.olvane.kep.olvane.outline.Store;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.stream.Collectors;
 import java.util.stream.Stream;
 import org.junit.rules.ExternalResource;
 
@@ -86,12 +87,14 @@ final class SampleOutline extends ExternalResource {
     StringBuilder text = new StringBuilder();
     for (Member dimension : outline.dimensions()) {
       text.append(outline.generations().given(dimension)).append(outline.levels().given(dimension))
-          .append(dimension.category()).append(dimension.storageTypeCode()).append('\n');
+          .append(dimension.category()).append(dimension.storageTypeCode())
+          .append(dimension.isHybridAnalysisEnabled()).append('\n');
       try (Stream<Member> all = outline.subtree(dimension, details)) {
         all.forEach(m -> text.append(m.generation()).append(m.name()).append(m.consolidation())
             .append(m.share()).append(m.isTwoPass()).append(m.isExpense()).append(m.comment())
             .append(m.extendedComment()).append(m.formula()).append(m.udas())
-            .append(m.attributes()).append(m.alias("Default")).append(m.alias("French"))
+            .append(m.attributes()).append(details.aliasTables().stream()
+                .map(m::alias).collect(Collectors.toList()))
             .append(m.timeBalanceCode()).append(m.conversionCode()).append('\n'));
       }
     }

@@ -53,6 +53,7 @@ final class FlatButtons {
 
   private static void paintText(
       Graphics g, AbstractButton button, Rectangle where, String text, Color colour, int underline) {
+    Theme.smoothText(g);
     g.setFont(button.getFont());
     g.setColor(colour);
     javax.swing.plaf.basic.BasicGraphicsUtils.drawStringUnderlineCharAt(

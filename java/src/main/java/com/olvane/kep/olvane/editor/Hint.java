@@ -3,7 +3,6 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
 import java.awt.Insets;
-import java.awt.RenderingHints;
 import javax.swing.JTextArea;
 import javax.swing.JTextField;
 import javax.swing.text.JTextComponent;
@@ -60,8 +59,7 @@ final class Hint {
       return;
     }
     Graphics2D g = (Graphics2D) graphics.create();
-    g.setRenderingHint(
-        RenderingHints.KEY_TEXT_ANTIALIASING, RenderingHints.VALUE_TEXT_ANTIALIAS_ON);
+    Theme.smoothText(g);
     g.setColor(Theme.palette().faint);
     g.setFont(field.getFont());
     Insets insets = field.getInsets();

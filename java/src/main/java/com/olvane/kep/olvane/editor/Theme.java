@@ -2,10 +2,15 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.Color;
 import java.awt.Font;
+import java.awt.Graphics;
+import java.awt.Graphics2D;
 import java.awt.Insets;
+import java.awt.RenderingHints;
+import java.awt.Toolkit;
 import java.awt.Window;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Map;
 import javax.swing.BorderFactory;
 import javax.swing.JComponent;
 import javax.swing.JLabel;
@@ -82,6 +87,17 @@ final class Theme {
   /** {@return the font of formulas and other code} */
   static Font codeFont() {
     return new Font(Font.MONOSPACED, Font.PLAIN, TEXT_SIZE + 1);
+  }
+
+  /** Makes text be drawn as the desktop has it, which Swing does for its own. */
+  static void smoothText(Graphics g) {
+    Object hints = Toolkit.getDefaultToolkit().getDesktopProperty("awt.font.desktophints");
+    if (hints instanceof Map) {
+      ((Graphics2D) g).addRenderingHints((Map<?, ?>) hints);
+    } else {
+      ((Graphics2D) g).setRenderingHint(
+          RenderingHints.KEY_TEXT_ANTIALIASING, RenderingHints.VALUE_TEXT_ANTIALIAS_ON);
+    }
   }
 
   /** {@return an empty border of so many pixels} */
