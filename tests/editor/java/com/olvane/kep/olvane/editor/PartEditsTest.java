@@ -65,13 +65,13 @@ public class PartEditsTest {
   public void settingsComeBack() {
     boolean sensitive = sample.outline.settings().read().isCaseSensitive();
     boolean configured = sample.outline.settings().read().isAutoConfigure();
-    check(SettingsEdits.caseSensitive(!sensitive));
-    check(SettingsEdits.autoConfigure(!configured));
+    check(SettingsPane.caseSensitive(!sensitive));
+    check(SettingsPane.autoConfigure(!configured));
     for (Attributes.Name which : Attributes.Name.values()) {
-      check(SettingsEdits.name(which, "The " + which.words()));
+      check(SettingsPane.name(which, "The " + which.words()));
     }
-    for (SettingsEdits.Number which : SettingsEdits.Number.values()) {
-      check(SettingsEdits.number(which, (short) 3));
+    for (SettingsPane.Number which : SettingsPane.Number.values()) {
+      check(SettingsPane.number(which, (short) 3));
     }
   }
 

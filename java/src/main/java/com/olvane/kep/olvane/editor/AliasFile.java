@@ -31,7 +31,7 @@ final class AliasFile {
     /** There is no such member. */
     UNKNOWN("without such a member"),
     /** The alias does not fit. */
-    TOO_LONG("over " + AliasGrid.LIMIT + " bytes"),
+    TOO_LONG("over " + MemberRows.ALIAS_LIMIT + " bytes"),
     /** It has not two fields. */
     UNREADABLE("unreadable");
 
@@ -124,7 +124,7 @@ final class AliasFile {
       Optional<Member> found = outline.find(line.member, details);
       if (!found.isPresent()) {
         line.outcome = Outcome.UNKNOWN;
-      } else if (HoldingBean.encodedLength(line.alias) > AliasGrid.LIMIT) {
+      } else if (HoldingBean.encodedLength(line.alias) > MemberRows.ALIAS_LIMIT) {
         line.outcome = Outcome.TOO_LONG;
       } else {
         boolean same = !isNew && found.get().alias(into).equals(line.alias);

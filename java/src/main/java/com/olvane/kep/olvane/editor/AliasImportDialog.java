@@ -1,7 +1,5 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.defs.outline.HoldingBean;
-import java.awt.Component;
 import java.awt.Window;
 import java.nio.file.Path;
 import java.util.ArrayList;
@@ -16,16 +14,13 @@ import javax.swing.JTable;
 import javax.swing.JTextField;
 import javax.swing.KeyStroke;
 import javax.swing.Timer;
-import javax.swing.event.DocumentEvent;
-import javax.swing.event.DocumentListener;
-import javax.swing.table.AbstractTableModel;
-import javax.swing.table.DefaultTableCellRenderer;
+import javax.swing.table.DefaultTableModel;
 import net.miginfocom.swing.MigLayout;
 
 /** Shows what of an alias table file will apply and what won't, before anything is changed. */
 final class AliasImportDialog extends JDialog {
   private static final long serialVersionUID = 1;
-  private static final int NAME_LIMIT = 30;
+  private static final int MOST_SHOWN = 10_000;
 
   private final transient Workspace workspace;
   private final transient AliasFile file;
@@ -34,8 +29,8 @@ final class AliasImportDialog extends JDialog {
   private final JLabel note = new JLabel(" ");
   private final JCheckBox problems = new JCheckBox("Only what does not apply");
   private final JButton apply = new JButton("Import");
-  private final Model model = new Model();
-  private transient List<AliasFile.Line> shown = new ArrayList<>();
+  private final DefaultTableModel model =
+      new DefaultTableModel(new Object[] {"Line", "Member", "Alias", "What happens"}, 0);
   private final Timer pause;
   private String answer;
 
@@ -60,7 +55,7 @@ final class AliasImportDialog extends JDialog {
     Theme.style(lines);
     lines.getColumnModel().getColumn(0).setMaxWidth(70);
     lines.getColumnModel().getColumn(3).setPreferredWidth(130);
-    lines.getColumnModel().getColumn(3).setCellRenderer(new OutcomeRenderer());
+    lines.setDefaultEditor(Object.class, null);
     form.add(new JScrollPane(lines), "span, grow, w 640, h 320");
     JButton cancel = new JButton("Cancel");
     form.add(NamePrompt.buttonRow(apply, cancel), "span, growx");
@@ -75,21 +70,9 @@ final class AliasImportDialog extends JDialog {
     // The lines are judged anew when the name has been typed.
     pause = new Timer(250, event -> judge());
     pause.setRepeats(false);
-    table.getDocument().addDocumentListener(new DocumentListener() {
-      @Override
-      public void insertUpdate(DocumentEvent event) {
-        begin();
-      }
-
-      @Override
-      public void removeUpdate(DocumentEvent event) {
-        begin();
-      }
-
-      @Override
-      public void changedUpdate(DocumentEvent event) {
-        begin();
-      }
+    TextCommit.onChange(table, () -> {
+      apply.setEnabled(false);
+      pause.restart();
     });
     setContentPane(form);
     pack();
@@ -97,21 +80,14 @@ final class AliasImportDialog extends JDialog {
     judge();
   }
 
-  private void begin() {
-    apply.setEnabled(false);
-    pause.restart();
-  }
-
   private void judge() {
     apply.setEnabled(false);
     String into = table.getText();
     String reason = into.isEmpty() ? "The file names no table; give one."
-        : HoldingBean.encodedLength(into) > NAME_LIMIT
-            ? TextCommit.tooLong(into, NAME_LIMIT) : null;
-    TextCommit.markRefused(table, null, reason);
+        : TextCommit.atMost(AliasTablesDialog.NAME_LIMIT).apply(into);
+    TextCommit.markRefused(table, summary, reason);
+    summary.setVisible(true);
     if (reason != null) {
-      summary.setText(reason);
-      summary.setForeground(Theme.palette().error);
       return;
     }
     summary.setText("Looking up the members …");
@@ -147,13 +123,12 @@ final class AliasImportDialog extends JDialog {
   }
 
   private void showLines() {
-    shown = new ArrayList<>();
+    model.setRowCount(0);
     for (AliasFile.Line line : file.lines) {
-      if (!problems.isSelected() || !line.outcome.applies()) {
-        shown.add(line);
+      if (model.getRowCount() < MOST_SHOWN && !(problems.isSelected() && line.outcome.applies())) {
+        model.addRow(new Object[] {line.number, line.member, line.alias, line.outcome.words});
       }
     }
-    model.fireTableDataChanged();
   }
 
   /** Shows the dialog; the table to import into, or null when it was cancelled. */
@@ -161,56 +136,5 @@ final class AliasImportDialog extends JDialog {
     AliasImportDialog dialog = new AliasImportDialog(owner, workspace, path, file);
     dialog.setVisible(true);
     return dialog.answer;
-  }
-
-  private static final class OutcomeRenderer extends DefaultTableCellRenderer {
-    private static final long serialVersionUID = 1;
-
-    @Override
-    public Component getTableCellRendererComponent(
-        JTable of, Object value, boolean selected, boolean focused, int row, int column) {
-      AliasFile.Outcome outcome = (AliasFile.Outcome) value;
-      Component cell = super.getTableCellRendererComponent(
-          of, outcome.words, selected, focused, row, column);
-      Palette palette = Theme.palette();
-      cell.setForeground(outcome == AliasFile.Outcome.SET ? palette.good
-          : outcome == AliasFile.Outcome.SAME ? palette.faint : palette.error);
-      return cell;
-    }
-  }
-
-  private final class Model extends AbstractTableModel {
-    private static final long serialVersionUID = 1;
-    private final String[] titles = {"Line", "Member", "Alias", "What happens"};
-
-    @Override
-    public int getRowCount() {
-      return shown.size();
-    }
-
-    @Override
-    public int getColumnCount() {
-      return titles.length;
-    }
-
-    @Override
-    public String getColumnName(int column) {
-      return titles[column];
-    }
-
-    @Override
-    public Object getValueAt(int row, int column) {
-      AliasFile.Line line = shown.get(row);
-      switch (column) {
-        case 0:
-          return line.number;
-        case 1:
-          return line.member;
-        case 2:
-          return line.alias;
-        default:
-          return line.outcome;
-      }
-    }
   }
 }

@@ -1,6 +1,5 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.defs.outline.HoldingBean;
 import java.awt.Component;
 import java.awt.Window;
 import java.io.File;
@@ -25,7 +24,8 @@ import net.miginfocom.swing.MigLayout;
 /** The alias tables of the outline, and all that is done with whole tables. */
 final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   private static final long serialVersionUID = 1;
-  private static final int NAME_LIMIT = 30;
+  /** Bytes of the name of a table that an outline keeps. */
+  static final int NAME_LIMIT = 30;
 
   private final transient Workspace workspace;
   private final DefaultListModel<String> model = new DefaultListModel<>();
@@ -128,9 +128,8 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
 
   /** Refuses what is too long, or taken unless it is {@code allowed}. */
   private Function<String, String> refusal(String allowed) {
-    return name -> HoldingBean.encodedLength(name) > NAME_LIMIT
-        ? TextCommit.tooLong(name, NAME_LIMIT)
-        : model.contains(name) && !name.equals(allowed) ? "There is a table of this name." : null;
+    return name -> model.contains(name) && !name.equals(allowed)
+        ? "There is a table of this name." : TextCommit.atMost(NAME_LIMIT).apply(name);
   }
 
   private void create() {
@@ -152,8 +151,7 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   private void copy(String table) {
     String name = NamePrompt.ask(this, "Copy " + table, "Name of the copy", "", "Copy",
         text -> text.equals(table) ? "This is the table itself."
-            : HoldingBean.encodedLength(text) > NAME_LIMIT
-                ? TextCommit.tooLong(text, NAME_LIMIT) : null);
+            : TextCommit.atMost(NAME_LIMIT).apply(text));
     if (name != null
         && (!model.contains(name) || confirm("Replace what is in " + name + "?", "Replace"))) {
       edit(AliasTableEdits.copy(table, name), name);

@@ -10,183 +10,147 @@ import com.olvane.kep.olvane.outline.Outline;
 import java.awt.BorderLayout;
 import java.awt.Font;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
 import java.util.Map;
-import java.util.stream.Collectors;
-import javax.swing.JCheckBox;
-import javax.swing.JComboBox;
+import java.util.TreeMap;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
-import javax.swing.JScrollPane;
-import javax.swing.JSpinner;
-import javax.swing.SpinnerNumberModel;
-import net.miginfocom.swing.MigLayout;
 
 /** What the dimension of the selected member has: kind, attributes, named generations, series. */
 final class DimensionPane extends JPanel implements WorkspaceListener {
   private static final long serialVersionUID = 1;
-
-  /** What is read of a dimension at once. */
-  static final class Reading {
-    final Member dimension;
-    final Map<Integer, String> generations;
-    final Map<Integer, String> levels;
-    final List<String> givenGenerations;
-    final List<String> givenLevels;
-    final List<Member> attributeDimensions;
-    final List<DynamicTimeSeries> series;
-    final List<String> tables;
-
-    Reading(Outline outline, int handle) {
-      dimension = outline.read(new int[] {handle}, Details.NONE.attributes()).get(0);
-      NumberedNames names = outline.generations();
-      generations = names.all(dimension);
-      givenGenerations = names.given(dimension);
-      levels = outline.levels().all(dimension);
-      givenLevels = outline.levels().given(dimension);
-      attributeDimensions = outline.dimensions().stream()
-          .filter(one -> one.category() == DimensionCategory.ATTRIBUTE)
-          .collect(Collectors.toList());
-      series = outline.timeSeries().enabled();
-      tables = outline.aliasTables().names();
-    }
-
-    boolean isTime() {
-      return dimension.category() == DimensionCategory.TIME;
-    }
-  }
+  private static final int NAME_LIMIT = 80;
+  private static final String OFF = "off";
+  /** The time series that there are, from the longest period to the shortest. */
+  private static final String[] SERIES =
+      {"H-T-D", "Y-T-D", "S-T-D", "P-T-D", "Q-T-D", "M-T-D", "W-T-D", "D-T-D"};
 
   private final transient Workspace workspace;
   private final JLabel title = new JLabel(" ");
-  private final JPanel form = new DetailsPane.Form(new MigLayout(
-      "insets 12, fillx, wrap 2, hidemode 3", "[grow 50,fill,:200:]20[grow 50,fill,:200:]"));
-  private final JComboBox<String> category = new JComboBox<>();
-  private final transient List<DimensionCategory> categories = new ArrayList<>();
-  private final JSpinner storage =
-      new JSpinner(new SpinnerNumberModel(1, Short.MIN_VALUE, Short.MAX_VALUE, 1));
-  private final JCheckBox hybrid = new JCheckBox("Hybrid analysis is enabled");
-  private final JPanel attributes =
-      new JPanel(new MigLayout("insets 0, wrap 1, fillx, gapy 0", "[grow,fill]"));
-  private final NamesGrid generations;
-  private final NamesGrid levels;
-  private final SeriesGrid series;
-  private transient Member shown;
-  private boolean showing;
+  private final Form form = new Form("insets 12, fillx, wrap 2, gapy 10, hidemode 3",
+      "[grow 50,fill,:200:]20[grow 50,fill,:200:]");
+  private final RowGrid kind = new RowGrid("Dimension", 50, 8);
+  private final RowGrid series = new RowGrid("Dynamic time series", 50, 8);
+  private final RowGrid generations = new RowGrid("Generations", 25, 8);
+  private final RowGrid levels = new RowGrid("Levels", 25, 8);
+  private final List<RowGrid> grids = Arrays.asList(kind, generations, levels, series);
+  private int handle;
 
   DimensionPane(Workspace workspace) {
     super(new BorderLayout());
     this.workspace = workspace;
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));
-    generations = new NamesGrid(workspace, true);
-    levels = new NamesGrid(workspace, false);
-    series = new SeriesGrid(workspace);
-    for (DimensionCategory one : DimensionCategory.values()) {
-      categories.add(one);
-      category.addItem(one.words());
+    form.add(title, "span, growx, wmin 0");
+    for (RowGrid grid : Arrays.asList(kind, generations, series, levels)) {
+      form.add(grid, "aligny top, wmin 0");
     }
-    form.add(title, "span, growx, wmin 0, gapbottom 8");
-    JPanel kind = new JPanel(new MigLayout("insets 0, fillx, wrap 2", "[][grow,fill,:100:]"));
-    addLabelled(kind, "Category", category, "wmin 0");
-    addLabelled(kind, "Storage type", storage, "w 100!, growx 0");
-    kind.add(hybrid, "skip");
-    form.add(kind, "aligny top");
-    JPanel beside = new JPanel(new MigLayout("insets 0, fillx, hidemode 3", "[grow,fill]"));
-    beside.add(attributes);
-    form.add(beside, "aligny top");
-    form.add(generations, "aligny top, wmin 0");
-    form.add(levels, "aligny top, wmin 0");
-    form.add(series, "span, growx, wmin 0");
-    JScrollPane scroll = new JScrollPane(form);
-    scroll.setBorder(null);
-    scroll.getViewport().setOpaque(false);
-    add(scroll);
+    add(form.scrolled());
     form.setVisible(false);
-    category.addActionListener(event -> {
-      if (!showing && shown != null) {
-        workspace.edit(
-            DimensionEdits.categorise(shown, categories.get(category.getSelectedIndex())));
-      }
-    });
-    storage.addChangeListener(event -> {
-      if (!showing && shown != null) {
-        workspace.edit(DimensionEdits.storageType(
-            shown, ((Integer) storage.getValue()).shortValue()));
-      }
-    });
-    storage.setToolTipText("A number of the outline's API: 1 for a regular dimension");
-    hybrid.addActionListener(event ->
-        workspace.edit(DimensionEdits.hybridAnalysis(shown, hybrid.isSelected())));
     workspace.addListener(this);
   }
 
-  private static void addLabelled(
-      JPanel form, String text, javax.swing.JComponent field, String constraints) {
-    JLabel label = new JLabel(text);
-    label.setLabelFor(field);
-    field.setName(text);
-    form.add(label);
-    form.add(field, constraints);
+  /** The rows of a dimension, read on the work thread and made for the grids. */
+  private final class Reading {
+    final Member dimension;
+    final List<RowGrid.Row> kindRows = new ArrayList<>();
+    final List<RowGrid.Row> generationRows = new ArrayList<>();
+    final List<RowGrid.Row> levelRows = new ArrayList<>();
+    final List<RowGrid.Row> seriesRows = new ArrayList<>();
+
+    Reading(Outline outline, int of) {
+      dimension = outline.read(new int[] {of}, Details.NONE.attributes()).get(0);
+      addKind(outline);
+      addNames(outline.generations(), true, generationRows);
+      addNames(outline.levels(), false, levelRows);
+      if (dimension.category() == DimensionCategory.TIME) {
+        addSeries(outline);
+      }
+    }
+
+    private void addKind(Outline outline) {
+      List<String> words = new ArrayList<>();
+      for (DimensionCategory one : DimensionCategory.values()) {
+        words.add(one.words());
+      }
+      boolean known = dimension.category() != DimensionCategory.OTHER;
+      words.remove(DimensionCategory.OTHER.words());
+      // A category that has no words could not be set again by an undo.
+      kindRows.add(RowGrid.Row.chosen("Category", dimension.category().words(),
+          known ? words : new ArrayList<>(), chosen -> workspace.edit(DimensionEdits.categorise(
+              dimension, DimensionCategory.values()[words.indexOf(chosen)]))));
+      kindRows.add(SettingsPane.number(workspace, "Storage type (1: regular)",
+          dimension.storageTypeCode(), Short.MAX_VALUE, code -> DimensionEdits.storageType(dimension, code)));
+      kindRows.add(RowGrid.Row.yesNo("Hybrid analysis", dimension.isHybridAnalysisEnabled(),
+          enabled -> workspace.edit(DimensionEdits.hybridAnalysis(dimension, enabled))));
+      for (Member one : outline.dimensions()) {
+        if (one.category() == DimensionCategory.ATTRIBUTE && !dimension.equals(one)
+            && dimension.category() != DimensionCategory.ATTRIBUTE) {
+          boolean has = dimension.attributes().stream()
+              .mapToInt(Attribute::handle).anyMatch(attribute -> attribute == one.handle());
+          kindRows.add(RowGrid.Row.yesNo("Attribute " + one.name(), has,
+              chosen -> workspace.edit(DimensionEdits.associate(dimension, one, chosen))));
+        }
+      }
+    }
+
+    private void addNames(NumberedNames names, boolean ofGenerations, List<RowGrid.Row> rows) {
+      List<String> given = names.given(dimension);
+      names.all(dimension).forEach((number, name) -> rows.add(RowGrid.Row.typed(
+          number.toString(), name, TextCommit.atMost(NAME_LIMIT),
+          text -> workspace.edit(DimensionEdits.name(dimension, ofGenerations, number, text)))
+          .standingBack(!given.contains(name))));
+    }
+
+    private void addSeries(Outline outline) {
+      List<String> choices = new ArrayList<>();
+      choices.add(OFF);
+      outline.generations().all(dimension).keySet()
+          .forEach(number -> choices.add("generation " + number));
+      Map<String, DynamicTimeSeries> enabled = new TreeMap<>();
+      outline.timeSeries().enabled().forEach(one -> enabled.put(one.getName(), one));
+      for (String name : SERIES) {
+        DynamicTimeSeries one = enabled.get(name);
+        seriesRows.add(RowGrid.Row.chosen(name,
+            one == null ? OFF : "generation " + one.getGeneration(), choices,
+            chosen -> workspace.edit(DimensionEdits.series(name, choices.indexOf(chosen))))
+            .standingBack(one == null));
+        if (one != null) {
+          for (String table : outline.aliasTables().names()) {
+            String alias = one.getAliases().get(table);
+            seriesRows.add(RowGrid.Row.typed("    alias in " + table, alias == null ? "" : alias,
+                TextCommit.atMost(MemberRows.ALIAS_LIMIT),
+                text -> workspace.edit(DimensionEdits.seriesAlias(name, table, text))));
+          }
+        }
+      }
+    }
   }
 
   @Override
   public void selected(List<Member> members) {
-    if (members.isEmpty()) {
-      shown = null;
-      form.setVisible(false);
-      return;
+    int next = members.isEmpty() ? 0 : members.get(0).dimensionHandle();
+    if (next != handle) {
+      flush();
     }
-    int handle = members.get(0).dimensionHandle();
-    workspace.read(() -> new Reading(workspace.outline(), handle), this::show);
+    handle = next;
+    form.setVisible(handle != 0);
+    if (handle != 0) {
+      workspace.read(() -> new Reading(workspace.outline(), next), this::show);
+    }
   }
 
   private void show(Reading read) {
-    showing = true;
-    if (!read.dimension.equals(shown)) {
-      flush();
-    }
-    shown = read.dimension;
-    form.setVisible(true);
-    title.setText("Dimension " + shown.name());
-    category.setSelectedIndex(categories.indexOf(shown.category()));
-    // A category that has no words here could not be set again by an undo.
-    category.setEnabled(shown.category() != DimensionCategory.OTHER);
-    storage.setValue((int) shown.storageTypeCode());
-    hybrid.setSelected(shown.isHybridAnalysisEnabled());
-    showAttributes(read);
-    generations.show(read);
-    levels.show(read);
-    series.setVisible(read.isTime());
-    series.show(read);
-    showing = false;
-  }
-
-  private void showAttributes(Reading read) {
-    attributes.removeAll();
-    boolean canHave = !read.attributeDimensions.isEmpty()
-        && shown.category() != DimensionCategory.ATTRIBUTE;
-    attributes.setVisible(canHave);
-    if (!canHave) {
-      return;
-    }
-    List<Integer> has =
-        shown.attributes().stream().map(Attribute::handle).collect(Collectors.toList());
-    JLabel heading = new JLabel("Attribute dimensions");
-    heading.setFont(heading.getFont().deriveFont(Font.BOLD));
-    attributes.add(heading);
-    Member base = shown;
-    for (Member one : read.attributeDimensions) {
-      JCheckBox box = new JCheckBox(one.name(), has.contains(one.handle()));
-      box.addActionListener(event ->
-          workspace.edit(DimensionEdits.associate(base, one, box.isSelected())));
-      attributes.add(box);
-    }
-    attributes.revalidate();
+    title.setText("Dimension " + read.dimension.name());
+    kind.show(read.kindRows);
+    generations.show(read.generationRows);
+    levels.show(read.levelRows);
+    series.show(read.seriesRows);
+    series.setVisible(!read.seriesRows.isEmpty());
   }
 
   /** Makes edits of what was typed, as before saving. */
   void flush() {
-    generations.flush();
-    levels.flush();
-    series.flush();
+    grids.forEach(RowGrid::flush);
   }
 }

@@ -34,9 +34,6 @@ final class FlatBorder extends AbstractBorder {
 
   @Override
   public void paintBorder(Component c, Graphics g, int x, int y, int width, int height) {
-    if (c instanceof javax.swing.AbstractButton) {
-      return;  // a button draws it with its face
-    }
     Palette palette = Theme.palette();
     boolean refused = Boolean.TRUE.equals(((JComponent) c).getClientProperty(REFUSED));
     boolean focused = hasFocus(c);

@@ -14,14 +14,10 @@ import javax.swing.plaf.basic.BasicToggleButtonUI;
 
 /** Buttons with a flat face, drawn in one way whether they stay down or not. */
 final class FlatButtons {
-  /** Client property of a button: true to have no face until the mouse is over it. */
-  static final String QUIET = "quiet";
-
   private FlatButtons() {}
 
   private static boolean isQuiet(AbstractButton button) {
-    return button.getParent() instanceof JToolBar
-        || Boolean.TRUE.equals(button.getClientProperty(QUIET));
+    return button.getParent() instanceof JToolBar;
   }
 
   /** Draws the face and says in which colour the text stands on it. */
@@ -63,6 +59,8 @@ final class FlatButtons {
   private static void install(AbstractButton button) {
     button.setRolloverEnabled(true);
     button.setOpaque(false);
+    // It keeps the room of its border; the line is drawn with the face.
+    button.setBorderPainted(false);
   }
 
   /** The look of a plain button. */

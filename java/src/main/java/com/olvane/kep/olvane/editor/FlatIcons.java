@@ -3,7 +3,6 @@ package com.olvane.kep.olvane.editor;
 import java.awt.BasicStroke;
 import java.awt.Color;
 import java.awt.Component;
-import java.awt.Font;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
 import java.awt.RenderingHints;
@@ -68,12 +67,10 @@ final class FlatIcons {
     defaults.put("CheckBoxMenuItem.checkIcon", tick);
     defaults.put("RadioButtonMenuItem.checkIcon", tick);
     defaults.put("Menu.arrowIcon", arrow(10, false, palette.faint));
-    defaults.put("OptionPane.errorIcon", sign("!", palette.error));
-    defaults.put("OptionPane.warningIcon", sign("!", palette.warning));
-    defaults.put("OptionPane.informationIcon", sign("i", palette.accent));
-    defaults.put("OptionPane.questionIcon", sign("?", palette.accent));
-    defaults.put("Table.ascendingSortIcon", caret(palette.faint, true));
-    defaults.put("Table.descendingSortIcon", caret(palette.faint, false));
+    // A sentence needs no picture of a triangle.
+    for (String kind : new String[] {"error", "warning", "information", "question"}) {
+      defaults.put("OptionPane." + kind + "Icon", null);
+    }
   }
 
   private static void line(Graphics2D g, float thick, float... points) {
@@ -103,19 +100,11 @@ final class FlatIcons {
     });
   }
 
-  private static Icon caret(Color colour, boolean up) {
-    return new Drawn(10, (g, on) -> {
-      g.setColor(colour);
-      line(g, 1.4f, 2, up ? 6 : 4, 5, up ? 3 : 7, 8, up ? 6 : 4);
-    });
-  }
-
   /** A box or, with a large {@code arc}, a circle that can be chosen. */
   private static void box(Graphics2D g, Component on, Palette palette, int arc) {
     AbstractButton button = (AbstractButton) on;
     boolean enabled = button.isEnabled();
-    boolean mixed = Boolean.TRUE.equals(button.getClientProperty(MIXED));
-    boolean chosen = button.isSelected() || mixed;
+    boolean chosen = button.isSelected();
     Color face = chosen && enabled ? palette.accent : palette.content;
     Color edge = button.isFocusOwner() || chosen && enabled ? palette.accent : palette.border;
     java.awt.geom.RoundRectangle2D shape = new java.awt.geom.RoundRectangle2D.Float(
@@ -135,26 +124,10 @@ final class FlatIcons {
       return;
     }
     g.setColor(enabled ? palette.onAccent : palette.faint);
-    if (mixed) {
-      line(g, 2, 5, 8, 11, 8);
-    } else if (arc > 8) {
+    if (arc > 8) {
       g.fill(new Ellipse2D.Float(5, 5, 6, 6));
     } else {
       line(g, 1.8f, 4.5f, 8.5f, 7, 11, 11.5f, 5.5f);
     }
-  }
-
-  /** Client property of a check box: true while it stands for things that differ. */
-  static final String MIXED = "mixed";
-
-  private static Icon sign(String text, Color colour) {
-    return new Drawn(32, (g, on) -> {
-      g.setColor(colour);
-      g.setStroke(new BasicStroke(2));
-      g.draw(new Ellipse2D.Float(2, 2, 28, 28));
-      g.setFont(new Font(Font.DIALOG, Font.BOLD, 18));
-      int width = g.getFontMetrics().stringWidth(text);
-      g.drawString(text, 16 - width / 2f, 22.5f);
-    });
   }
 }

@@ -10,8 +10,6 @@ import javax.swing.JPanel;
 import javax.swing.JTextField;
 import javax.swing.KeyStroke;
 import javax.swing.SwingUtilities;
-import javax.swing.event.DocumentEvent;
-import javax.swing.event.DocumentListener;
 import net.miginfocom.swing.MigLayout;
 
 /** Asks for a name, and cannot be left with one that is refused but by cancelling. */
@@ -47,22 +45,7 @@ final class NamePrompt {
     dialog.getRootPane().registerKeyboardAction(event -> dialog.dispose(),
         KeyStroke.getKeyStroke("ESCAPE"), JPanel.WHEN_IN_FOCUSED_WINDOW);
     dialog.getRootPane().setDefaultButton(ok);
-    field.getDocument().addDocumentListener(new DocumentListener() {
-      @Override
-      public void insertUpdate(DocumentEvent event) {
-        check();
-      }
-
-      @Override
-      public void removeUpdate(DocumentEvent event) {
-        check();
-      }
-
-      @Override
-      public void changedUpdate(DocumentEvent event) {
-        check();
-      }
-    });
+    TextCommit.onChange(field, this::check);
     field.selectAll();
     check();
     dialog.setContentPane(form);
@@ -83,9 +66,8 @@ final class NamePrompt {
   private void check() {
     String text = field.getText();
     String reason = text.isEmpty() ? null : refusal.apply(text);
-    TextCommit.markRefused(field, null, reason);
-    complaint.setText(reason == null ? " " : reason);
-    complaint.setForeground(Theme.palette().error);
+    TextCommit.markRefused(field, complaint, reason);
+    complaint.setVisible(true);
     ok.setEnabled(!text.isEmpty() && reason == null);
   }
 

@@ -1,20 +1,20 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.defs.outline.AttributeDateFormat;
 import com.olvane.kep.olvane.defs.outline.AttributeSettings;
-import com.olvane.kep.olvane.defs.outline.HoldingBean;
+import com.olvane.kep.olvane.defs.outline.BucketingType;
+import com.olvane.kep.olvane.defs.outline.LongNameConstructor;
+import com.olvane.kep.olvane.defs.outline.LongNameDelimiter;
+import com.olvane.kep.olvane.defs.outline.LongNameSource;
 import com.olvane.kep.olvane.defs.outline.OutlineSettings;
 import com.olvane.kep.olvane.outline.Attributes;
-import java.util.EnumMap;
-import java.util.Map;
+import com.olvane.kep.olvane.outline.Outline;
+import java.awt.BorderLayout;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.function.BiConsumer;
 import java.util.function.Function;
-import javax.swing.JCheckBox;
-import javax.swing.JComponent;
-import javax.swing.JLabel;
 import javax.swing.JPanel;
-import javax.swing.JScrollPane;
-import javax.swing.JSpinner;
-import javax.swing.SpinnerNumberModel;
-import net.miginfocom.swing.MigLayout;
 
 /** What holds for the whole outline. */
 final class SettingsPane extends JPanel implements WorkspaceListener {
@@ -22,101 +22,18 @@ final class SettingsPane extends JPanel implements WorkspaceListener {
   private static final int NAME_LIMIT = 80;
 
   private final transient Workspace workspace;
-  private final JCheckBox caseSensitive = new JCheckBox("Upper and lower case make different names");
-  private final JCheckBox autoConfigure = new JCheckBox("Dimensions are configured automatically");
-  private final transient Map<Attributes.Name, TextCommit> names =
-      new EnumMap<>(Attributes.Name.class);
-  private final Map<SettingsEdits.Number, JSpinner> numbers =
-      new EnumMap<>(SettingsEdits.Number.class);
-  private boolean showing;
+  private final RowGrid general = new RowGrid("Outline", 60, 2);
+  private final RowGrid attributes = new RowGrid("Attributes", 60, 13);
 
   SettingsPane(Workspace workspace) {
-    super(new MigLayout("insets 0, fill", "[grow,fill]", "[grow,fill]"));
+    super(new BorderLayout());
     this.workspace = workspace;
-    JPanel form = new DetailsPane.Form(
-        new MigLayout("insets 12, wrap 2, hidemode 3", "[][280!,fill]"));
-    form.add(DetailsPane.heading("Outline", caseSensitive), "span, gapbottom 4");
-    form.add(caseSensitive, "span");
-    form.add(autoConfigure, "span, gapbottom 12");
-    caseSensitive.addActionListener(event ->
-        workspace.edit(SettingsEdits.caseSensitive(caseSensitive.isSelected())));
-    autoConfigure.addActionListener(event ->
-        workspace.edit(SettingsEdits.autoConfigure(autoConfigure.isSelected())));
-    JLabel heading = new JLabel("Attributes");
-    heading.setFont(heading.getFont().deriveFont(java.awt.Font.BOLD));
-    form.add(heading, "span, gapbottom 4");
-    for (Attributes.Name which : Attributes.Name.values()) {
-      addName(form, which);
-    }
-    JLabel codes = new JLabel("The outline keeps the following as numbers of its API.");
-    codes.setEnabled(false);
-    form.add(codes, "span, gaptop 12");
-    for (SettingsEdits.Number which : SettingsEdits.Number.values()) {
-      addNumber(form, which);
-    }
-    JScrollPane scroll = new JScrollPane(form);
-    scroll.setBorder(null);
-    scroll.getViewport().setOpaque(false);
-    add(scroll);
+    Form form = new Form("insets 12, fillx, wrap 1, gapy 10", "[grow,fill,:100:560]");
+    form.add(general);
+    form.add(attributes);
+    add(form.scrolled());
     workspace.addListener(this);
     read();
-  }
-
-  private static void addLabel(JPanel form, String text, JComponent of) {
-    JLabel label = new JLabel(Character.toUpperCase(text.charAt(0)) + text.substring(1));
-    label.setLabelFor(of);
-    of.setName(label.getText());
-    form.add(label);
-  }
-
-  private void addName(JPanel form, Attributes.Name which) {
-    Hint.Field field = new Hint.Field(20);
-    JLabel complaint = new JLabel();
-    addLabel(form, which.words(), field);
-    form.add(field);
-    form.add(complaint, "skip");
-    names.put(which, new TextCommit(field, complaint,
-        text -> text.isEmpty() ? "A name is needed here."
-            : HoldingBean.encodedLength(text) > NAME_LIMIT
-                ? TextCommit.tooLong(text, NAME_LIMIT) : null,
-        text -> workspace.edit(SettingsEdits.name(which, text))));
-  }
-
-  private void addNumber(JPanel form, SettingsEdits.Number which) {
-    boolean oneByte = which == SettingsEdits.Number.DELIMITER;
-    JSpinner spinner = new JSpinner(new SpinnerNumberModel(0,
-        oneByte ? Byte.MIN_VALUE : Short.MIN_VALUE, oneByte ? Byte.MAX_VALUE : Short.MAX_VALUE,
-        1));
-    addLabel(form, which.words, spinner);
-    form.add(spinner, "w 100!, growx 0");
-    numbers.put(which, spinner);
-    spinner.addChangeListener(event -> {
-      if (!showing) {
-        workspace.edit(SettingsEdits.number(which, ((Integer) spinner.getValue()).shortValue()));
-      }
-    });
-  }
-
-  /** What reads a name from the settings. */
-  static Function<AttributeSettings, String> reader(Attributes.Name which) {
-    switch (which) {
-      case TRUE:
-        return AttributeSettings::getTrueText;
-      case FALSE:
-        return AttributeSettings::getFalseText;
-      case CALCULATIONS:
-        return AttributeSettings::getCalculationDimension;
-      case SUM:
-        return AttributeSettings::getSum;
-      case COUNT:
-        return AttributeSettings::getCount;
-      case AVERAGE:
-        return AttributeSettings::getAverage;
-      case MINIMUM:
-        return AttributeSettings::getMinimum;
-      default:
-        return AttributeSettings::getMaximum;
-    }
   }
 
   @Override
@@ -132,18 +49,111 @@ final class SettingsPane extends JPanel implements WorkspaceListener {
         read -> show((OutlineSettings) read[0], (AttributeSettings) read[1]));
   }
 
-  private void show(OutlineSettings settings, AttributeSettings attributes) {
-    showing = true;
-    caseSensitive.setSelected(settings.isCaseSensitive());
-    autoConfigure.setSelected(settings.isAutoConfigure());
-    names.forEach((which, field) -> field.refresh(SettingsEdits.name(which, attributes)));
-    numbers.forEach((which, spinner) ->
-        spinner.setValue((int) which.read.apply(attributes)));
-    showing = false;
+  private void show(OutlineSettings settings, AttributeSettings names) {
+    List<RowGrid.Row> rows = new ArrayList<>();
+    rows.add(RowGrid.Row.yesNo("Upper and lower case make different names",
+        settings.isCaseSensitive(), value -> workspace.edit(caseSensitive(value))));
+    rows.add(RowGrid.Row.yesNo("Dimensions are configured automatically",
+        settings.isAutoConfigure(), value -> workspace.edit(autoConfigure(value))));
+    general.show(rows);
+    rows = new ArrayList<>();
+    for (Attributes.Name which : Attributes.Name.values()) {
+      String words = which.words();
+      rows.add(RowGrid.Row.typed(Character.toUpperCase(words.charAt(0)) + words.substring(1),
+          read(which, names), text -> text.isEmpty() ? "A name is needed here."
+              : TextCommit.atMost(NAME_LIMIT).apply(text),
+          text -> workspace.edit(name(which, text))));
+    }
+    for (Number which : Number.values()) {
+      rows.add(number(workspace, which.words + " (a number)", which.read.apply(names),
+          which == Number.DELIMITER ? Byte.MAX_VALUE : Short.MAX_VALUE,
+          value -> number(which, value)));
+    }
+    attributes.show(rows);
   }
 
-  /** Makes edits of what was typed, as before saving. */
-  void flush() {
-    names.values().forEach(TextCommit::flush);
+  /** A row for a number that the outline's API has no words for. */
+  static RowGrid.Row number(Workspace workspace, String label, short value, int limit,
+      Function<Short, Edit> edit) {
+    return RowGrid.Row.typed(label, Short.toString(value), text ->
+        text.matches("-?\\d{1,5}") && Math.abs(Integer.parseInt(text)) <= limit ? null
+            : "A number from " + -limit + " to " + limit + " is needed here.",
+        text -> workspace.edit(edit.apply(Short.valueOf(text))));
+  }
+
+  // ---- Edits ----
+
+  private static <T> Edit set(
+      String title, Function<Outline, T> read, BiConsumer<Outline, T> write, T value) {
+    return new StateEdit<>(title, context -> read.apply(context.outline()),
+        context -> write.accept(context.outline(), value),
+        (context, before) -> write.accept(context.outline(), before), OutlineChange::settings);
+  }
+
+  static Edit caseSensitive(boolean sensitive) {
+    return set(sensitive ? "Tell upper from lower case in names"
+        : "Take upper and lower case in names as the same",
+        outline -> outline.settings().read().isCaseSensitive(),
+        (outline, value) -> outline.settings().setCaseSensitive(value), sensitive);
+  }
+
+  static Edit autoConfigure(boolean enabled) {
+    return set((enabled ? "Enable" : "Disable") + " the automatic configuration",
+        outline -> outline.settings().read().isAutoConfigure(),
+        (outline, value) -> outline.settings().setAutoConfigure(value), enabled);
+  }
+
+  static Edit name(Attributes.Name which, String name) {
+    return set("Set the " + which.words(), outline -> read(which, outline.attributes().settings()),
+        (outline, value) -> outline.attributes().set(which, value), name);
+  }
+
+  private static String read(Attributes.Name which, AttributeSettings settings) {
+    String[] inOrder = {settings.getTrueText(), settings.getFalseText(),
+      settings.getCalculationDimension(), settings.getSum(), settings.getCount(),
+      settings.getAverage(), settings.getMinimum(), settings.getMaximum()};
+    String name = inOrder[which.ordinal()];
+    return name == null ? "" : name;
+  }
+
+  /** A number that the settings keep without words. */
+  enum Number {
+    /** What long names are built of. */
+    LONG_NAMES("Long names are built of", s -> s.getLongNameConstructor().getValue()),
+    /** The names used in long names. */
+    SOURCE("Long names use", s -> s.getLongNameSource().getValue()),
+    /** What stands between the parts of a long name. */
+    DELIMITER("Long names are divided by", s -> s.getLongNameDelimiter().getValue()),
+    /** The format of dates. */
+    DATES("Format of dates", s -> s.getDateFormat().getValue()),
+    /** The bounds of ranges. */
+    RANGES("Bounds of ranges", s -> s.getBucketingType().getValue());
+
+    private final String words;
+    private final Function<AttributeSettings, Short> read;
+
+    Number(String words, Function<AttributeSettings, Short> read) {
+      this.words = words;
+      this.read = read;
+    }
+
+    private void write(Outline outline, short value) {
+      AttributeSettings now = outline.attributes().settings();
+      if (this == DATES) {
+        outline.attributes().setDateFormat(new AttributeDateFormat(value));
+      } else if (this == RANGES) {
+        outline.attributes().setRanges(new BucketingType(value));
+      } else {
+        outline.attributes().setLongNames(
+            this == LONG_NAMES ? new LongNameConstructor(value) : now.getLongNameConstructor(),
+            this == SOURCE ? new LongNameSource(value) : now.getLongNameSource(),
+            this == DELIMITER ? new LongNameDelimiter(value) : now.getLongNameDelimiter());
+      }
+    }
+  }
+
+  static Edit number(Number which, short value) {
+    return set("Set '" + which.words + "' to " + value,
+        outline -> which.read.apply(outline.attributes().settings()), which::write, value);
   }
 }

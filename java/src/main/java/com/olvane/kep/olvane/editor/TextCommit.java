@@ -10,57 +10,37 @@ import java.util.function.Function;
 import javax.swing.AbstractAction;
 import javax.swing.JComponent;
 import javax.swing.JLabel;
-import javax.swing.JTextField;
 import javax.swing.KeyStroke;
 import javax.swing.event.DocumentEvent;
 import javax.swing.event.DocumentListener;
 import javax.swing.text.JTextComponent;
 
 /**
- * A text that becomes an edit when its field is left or, in a field of one line, Enter is pressed;
- * Escape takes back what was typed. What does not fit is marked and explained while it is typed,
- * and never becomes an edit.
+ * A text that becomes an edit when its field is left or Ctrl+Enter is pressed; Escape takes back
+ * what was typed. What does not fit is marked and explained while it is typed, and never becomes
+ * an edit.
  */
 final class TextCommit {
   private final JTextComponent field;
-  private final JLabel complaint;
   private final Function<String, String> refusal;
   private final Consumer<String> commit;
   private String committed = "";
-  private boolean setting;
 
   /**
    * Looks after a field.
    *
-   * @param complaint where the reason of a refusal is shown, or null
+   * @param complaint where the reason of a refusal is shown
    * @param refusal gives the reason why a text is refused, or null
    * @param commit takes a text that was changed and fits
    */
   TextCommit(JTextComponent field, JLabel complaint, Function<String, String> refusal,
       Consumer<String> commit) {
     this.field = field;
-    this.complaint = complaint;
     this.refusal = refusal;
     this.commit = commit;
-    if (complaint != null) {
-      complaint.setVisible(false);
-    }
-    field.getDocument().addDocumentListener(new DocumentListener() {
-      @Override
-      public void insertUpdate(DocumentEvent event) {
-        check();
-      }
-
-      @Override
-      public void removeUpdate(DocumentEvent event) {
-        check();
-      }
-
-      @Override
-      public void changedUpdate(DocumentEvent event) {
-        check();
-      }
-    });
+    complaint.setVisible(false);
+    onChange(field, () -> markRefused(
+        field, complaint, isTyped() ? refusal.apply(field.getText()) : null));
     field.addFocusListener(new FocusAdapter() {
       @Override
       public void focusLost(FocusEvent event) {
@@ -70,7 +50,7 @@ final class TextCommit {
       }
     });
     bind("ESCAPE", () -> set(committed));
-    bind(field instanceof JTextField ? "ENTER" : "ctrl ENTER", this::flush);
+    bind("ctrl ENTER", this::flush);
   }
 
   private void bind(String key, Runnable action) {
@@ -85,26 +65,25 @@ final class TextCommit {
     });
   }
 
-  /** Whether something was typed that is no edit yet. */
-  boolean isTyped() {
+  private boolean isTyped() {
     return !field.getText().equals(committed);
   }
 
-  /** Shows a text in place of what is there. */
-  void set(String text) {
-    setting = true;
+  private void set(String text) {
     committed = text;
-    if (!field.getText().equals(text)) {
+    if (isTyped()) {
       field.setText(text);
       field.setCaretPosition(0);
     }
-    setting = false;
-    check();
   }
 
-  /** Shows a text that was read anew, but leaves alone what is being typed. */
-  void refresh(String text) {
-    if (isTyped()) {
+  /**
+   * Shows a text.
+   *
+   * @param again whether it was only read anew, so that what is being typed stays
+   */
+  void show(String text, boolean again) {
+    if (again && isTyped()) {
       committed = text;
     } else {
       set(text);
@@ -114,18 +93,30 @@ final class TextCommit {
   /** Makes an edit of what was typed, if it fits. */
   void flush() {
     String text = field.getText();
-    if (isTyped() && field.isEditable() && refusal.apply(text) == null) {
+    if (isTyped() && refusal.apply(text) == null) {
       committed = text;
       commit.accept(text);
     }
   }
 
-  private void check() {
-    if (setting) {
-      return;
-    }
-    String reason = isTyped() ? refusal.apply(field.getText()) : null;
-    markRefused(field, complaint, reason);
+  /** Does something whenever the text of a field changes. */
+  static void onChange(JTextComponent field, Runnable action) {
+    field.getDocument().addDocumentListener(new DocumentListener() {
+      @Override
+      public void insertUpdate(DocumentEvent event) {
+        action.run();
+      }
+
+      @Override
+      public void removeUpdate(DocumentEvent event) {
+        action.run();
+      }
+
+      @Override
+      public void changedUpdate(DocumentEvent event) {
+        action.run();
+      }
+    });
   }
 
   /** Marks a field as refused for a reason, or with null as right again. */
@@ -133,11 +124,9 @@ final class TextCommit {
     field.putClientProperty(FlatBorder.REFUSED, reason != null);
     field.getAccessibleContext().setAccessibleDescription(reason);
     field.repaint();
-    if (complaint != null) {
-      complaint.setText(reason);
-      complaint.setForeground(Theme.palette().error);
-      complaint.setVisible(reason != null);
-    }
+    complaint.setText(reason == null ? " " : reason);
+    complaint.setForeground(Theme.palette().error);
+    complaint.setVisible(reason != null);
   }
 
   /** Asks the facade whether a text fits: the reason why not, or null. */
@@ -152,8 +141,12 @@ final class TextCommit {
     };
   }
 
-  /** Says that a text is too long. */
-  static String tooLong(String text, int limit) {
+  /** Refuses what takes more bytes in an outline. */
+  static Function<String, String> atMost(int limit) {
+    return text -> HoldingBean.encodedLength(text) > limit ? tooLong(text, limit) : null;
+  }
+
+  private static String tooLong(String text, int limit) {
     return "At most " + limit + " bytes fit; these are " + HoldingBean.encodedLength(text) + ".";
   }
 }

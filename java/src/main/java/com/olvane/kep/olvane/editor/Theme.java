@@ -12,7 +12,6 @@ import java.util.ArrayList;
 import java.util.List;
 import java.util.Map;
 import javax.swing.BorderFactory;
-import javax.swing.JComponent;
 import javax.swing.JLabel;
 import javax.swing.JTable;
 import javax.swing.SwingConstants;
@@ -23,6 +22,7 @@ import javax.swing.UnsupportedLookAndFeelException;
 import javax.swing.border.Border;
 import javax.swing.plaf.BorderUIResource;
 import javax.swing.plaf.ColorUIResource;
+import javax.swing.plaf.DimensionUIResource;
 import javax.swing.plaf.FontUIResource;
 import javax.swing.plaf.InsetsUIResource;
 import javax.swing.plaf.metal.DefaultMetalTheme;
@@ -65,16 +65,16 @@ final class Theme {
   /** Gives this look to all windows, open ones too. Called on the event thread. */
   static void install(Palette colours) {
     palette = colours;
-    MetalLookAndFeel.setCurrentTheme(new Colours(colours));
+    MetalLookAndFeel.setCurrentTheme(new Colours());
     try {
       UIManager.setLookAndFeel(new MetalLookAndFeel());
     } catch (UnsupportedLookAndFeelException e) {
       throw new IllegalStateException("Every Java has this look and feel", e);
     }
     UIDefaults defaults = UIManager.getLookAndFeelDefaults();
-    putFlatControls(defaults);
-    putColours(defaults, colours);
-    putBorders(defaults, colours);
+    putControls(defaults);
+    putColours(defaults);
+    putBorders(defaults);
     FlatIcons.putAll(defaults, colours);
     for (Window window : Window.getWindows()) {
       SwingUtilities.updateComponentTreeUI(window);
@@ -118,165 +118,116 @@ final class Theme {
     table.getTableHeader().setReorderingAllowed(false);
   }
 
-  /** Marks a button that is not drawn until the mouse is over it. */
-  static void makeQuiet(JComponent button) {
-    button.putClientProperty(FlatButtons.QUIET, true);
-  }
-
-  private static void putFlatControls(UIDefaults defaults) {
+  private static void putControls(UIDefaults defaults) {
     defaults.put("ClassLoader", Theme.class.getClassLoader());
-    String own = "com.olvane.kep.olvane.editor.";
-    String basic = "javax.swing.plaf.basic.Basic";
-    String[] uis = {
-      "ButtonUI", own + "FlatButtons$Plain", "ToggleButtonUI", own + "FlatButtons$Toggle",
-      "CheckBoxUI", basic + "CheckBoxUI", "RadioButtonUI", basic + "RadioButtonUI",
-      "ComboBoxUI", own + "FlatControls$ComboBox", "ScrollBarUI", own + "FlatControls$ScrollBar",
-      "TabbedPaneUI", own + "FlatControls$Tabs", "ToolBarUI", own + "FlatControls$ToolBar",
-      "SpinnerUI", own + "FlatControls$Spinner", "SplitPaneUI", own + "FlatControls$SplitPane",
-      "ProgressBarUI", basic + "ProgressBarUI", "TreeUI", basic + "TreeUI",
-      "MenuBarUI", basic + "MenuBarUI", "ToolTipUI", basic + "ToolTipUI",
-      "ScrollPaneUI", basic + "ScrollPaneUI", "SeparatorUI", own + "FlatControls$Line",
-      "PopupMenuSeparatorUI", own + "FlatControls$Line",
-      "ToolBarSeparatorUI", own + "FlatControls$Line"
-    };
-    defaults.putDefaults(uis);
+    String own = "com.olvane.kep.olvane.editor.Flat";
+    for (String one : new String[] {"CheckBox", "RadioButton", "ToolBar", "SplitPane",
+      "ProgressBar", "Tree", "MenuBar", "ToolTip", "ScrollPane", "Separator", "PopupMenuSeparator",
+      "ToolBarSeparator"}) {
+      defaults.put(one + "UI", "javax.swing.plaf.basic.Basic" + one + "UI");
+    }
+    defaults.put("ButtonUI", own + "Buttons$Plain");
+    defaults.put("ToggleButtonUI", own + "Buttons$Toggle");
+    defaults.put("ComboBoxUI", own + "Controls$ComboBox");
+    defaults.put("ScrollBarUI", own + "Controls$ScrollBar");
+    defaults.put("TabbedPaneUI", own + "Controls$Tabs");
   }
 
-  private static void putColours(UIDefaults defaults, Palette colours) {
-    String[] content = {"Tree", "Table", "List", "TextField", "TextArea", "TextPane", "EditorPane",
-      "FormattedTextField", "PasswordField", "Viewport", "ComboBox", "Spinner"};
-    for (String one : content) {
-      put(defaults, one + ".background", colours.content);
-      put(defaults, one + ".foreground", colours.text);
-      put(defaults, one + ".selectionBackground", colours.selection);
-      put(defaults, one + ".selectionForeground", colours.text);
-      put(defaults, one + ".inactiveForeground", colours.faint);
-      put(defaults, one + ".inactiveBackground", colours.surface);
-      put(defaults, one + ".disabledBackground", colours.surface);
-      put(defaults, one + ".disabledForeground", colours.faint);
-      put(defaults, one + ".caretForeground", colours.text);
-    }
-    String[] surface = {"Panel", "OptionPane", "TabbedPane", "SplitPane", "ScrollPane", "MenuBar",
-      "ToolBar", "CheckBox", "RadioButton", "Label", "FileChooser", "Separator"};
-    for (String one : surface) {
-      put(defaults, one + ".background", colours.surface);
-      put(defaults, one + ".foreground", colours.text);
-      put(defaults, one + ".disabledText", colours.faint);
-    }
-    put(defaults, "OptionPane.messageForeground", colours.text);
-    put(defaults, "Label.disabledForeground", colours.faint);
-    for (String one : new String[] {"Menu", "MenuItem", "CheckBoxMenuItem", "RadioButtonMenuItem",
-      "PopupMenu"}) {
-      put(defaults, one + ".background", colours.content);
-      put(defaults, one + ".foreground", colours.text);
-      put(defaults, one + ".selectionBackground", colours.selection);
-      put(defaults, one + ".selectionForeground", colours.text);
-      put(defaults, one + ".disabledForeground", colours.faint);
-      put(defaults, one + ".acceleratorForeground", colours.faint);
-      put(defaults, one + ".acceleratorSelectionForeground", colours.faint);
+  /** Gives several controls the same colours: background, text, text that cannot be used. */
+  private static void putColours(
+      UIDefaults defaults, String controls, Color background, Color text, Color faint) {
+    for (String one : controls.split(" ")) {
+      put(defaults, background, one + ".background", one + ".inactiveBackground");
+      put(defaults, text, one + ".foreground", one + ".caretForeground");
+      put(defaults, faint, one + ".disabledForeground", one + ".disabledText",
+          one + ".inactiveForeground");
+      put(defaults, palette.selection, one + ".selectionBackground");
+      put(defaults, text, one + ".selectionForeground");
+      defaults.put(one + ".gradient", null);
       defaults.put(one + ".borderPainted", false);
     }
-    put(defaults, "Menu.background", colours.surface);
-    put(defaults, "Tree.textBackground", colours.content);
-    put(defaults, "Tree.textForeground", colours.text);
-    put(defaults, "Tree.selectionBorderColor", colours.accent);
-    put(defaults, "Tree.dropLineColor", colours.accent);
-    put(defaults, "Table.gridColor", colours.line);
-    put(defaults, "Table.focusCellBackground", colours.content);
-    put(defaults, "Table.focusCellForeground", colours.text);
-    put(defaults, "Table.dropLineColor", colours.accent);
-    put(defaults, "TableHeader.background", colours.surface);
-    put(defaults, "TableHeader.foreground", colours.faint);
-    put(defaults, "List.dropLineColor", colours.accent);
-    put(defaults, "ProgressBar.background", colours.raised);
-    put(defaults, "ProgressBar.foreground", colours.accent);
-    put(defaults, "ProgressBar.selectionForeground", colours.onAccent);
-    put(defaults, "ProgressBar.selectionBackground", colours.text);
-    put(defaults, "ToolTip.background", colours.raised);
-    put(defaults, "ToolTip.foreground", colours.text);
-    put(defaults, "ScrollBar.background", colours.surface);
-    put(defaults, "ScrollBar.track", colours.surface);
-    put(defaults, "Button.background", colours.raised);
-    put(defaults, "ToggleButton.background", colours.raised);
-    put(defaults, "Button.disabledText", colours.faint);
-    put(defaults, "ToggleButton.disabledText", colours.faint);
-    put(defaults, "TitledBorder.titleColor", colours.faint);
-    for (String one : new String[] {"Button", "ToggleButton", "CheckBox", "RadioButton",
-      "MenuBar", "ScrollBar", "Slider", "RadioButtonMenuItem", "CheckBoxMenuItem"}) {
-      defaults.put(one + ".gradient", null);
-    }
-    // A view that has not the focus keeps its selection, standing back.
-    put(defaults, "Tree.selectionInactiveBackground", colours.hover);
   }
 
-  private static void putBorders(UIDefaults defaults, Palette colours) {
-    Border field = new BorderUIResource(new FlatBorder(new Insets(5, 6, 5, 6)));
-    for (String one : new String[] {"TextField", "FormattedTextField", "PasswordField", "Spinner",
-      "ComboBox"}) {
-      defaults.put(one + ".border", field);
-    }
-    defaults.put("Spinner.editorBorderPainted", false);
-    Border button = new BorderUIResource(new FlatBorder(new Insets(4, 12, 4, 12)));
-    defaults.put("Button.border", button);
-    defaults.put("ToggleButton.border", button);
-    Border none = new BorderUIResource.EmptyBorderUIResource(0, 0, 0, 0);
-    for (String one : new String[] {"SplitPane.border", "SplitPaneDivider.border",
-      "ToolBar.border", "TableHeader.border", "ProgressBar.border"}) {
-      defaults.put(one, none);
-    }
-    Border line = new BorderUIResource.LineBorderUIResource(colours.line);
-    defaults.put("ScrollPane.border", line);
-    defaults.put("Table.scrollPaneBorder", line);
-    defaults.put("PopupMenu.border", new BorderUIResource(BorderFactory.createCompoundBorder(
-        BorderFactory.createLineBorder(colours.line), space(4, 0))));
-    defaults.put("ToolTip.border", new BorderUIResource(BorderFactory.createCompoundBorder(
-        BorderFactory.createLineBorder(colours.border), space(3, 6))));
-    defaults.put("MenuBar.border", new BorderUIResource(
-        BorderFactory.createMatteBorder(0, 0, 1, 0, colours.line)));
-    defaults.put("TableHeader.cellBorder", new BorderUIResource(
-        BorderFactory.createCompoundBorder(
-            BorderFactory.createMatteBorder(0, 0, 1, 1, colours.line), space(4, 6))));
-    defaults.put("Table.focusCellHighlightBorder", new BorderUIResource(
-        BorderFactory.createCompoundBorder(
-            BorderFactory.createLineBorder(colours.accent), space(0, 4))));
-    defaults.put("Table.cellNoFocusBorder", new BorderUIResource(space(1, 5)));
-    Border item = new BorderUIResource(space(4, 4));
-    for (String one : new String[] {"Menu", "MenuItem", "CheckBoxMenuItem",
-      "RadioButtonMenuItem"}) {
-      defaults.put(one + ".border", item);
-    }
+  private static void putColours(UIDefaults defaults) {
+    putColours(defaults, "Tree Table List TextField TextArea TextPane EditorPane PasswordField "
+        + "FormattedTextField Viewport ComboBox MenuItem CheckBoxMenuItem RadioButtonMenuItem "
+        + "PopupMenu", palette.content, palette.text, palette.faint);
+    putColours(defaults, "Panel OptionPane TabbedPane SplitPane ScrollPane MenuBar ToolBar "
+        + "CheckBox RadioButton Label FileChooser Menu ScrollBar", palette.surface, palette.text,
+        palette.faint);
+    putColours(defaults, "Button ToggleButton ToolTip", palette.raised, palette.text,
+        palette.faint);
+    putColours(defaults, "TableHeader", palette.surface, palette.faint, palette.faint);
+    putColours(defaults, "ProgressBar", palette.raised, palette.accent, palette.faint);
+    put(defaults, palette.line, "Separator.foreground", "Table.gridColor");
+    put(defaults, palette.surface, "Separator.background", "ScrollBar.track");
+    put(defaults, palette.onAccent, "ProgressBar.selectionForeground");
+    put(defaults, palette.text, "ProgressBar.selectionBackground", "OptionPane.messageForeground",
+        "Table.focusCellForeground", "Tree.textForeground");
+    put(defaults, palette.content, "Tree.textBackground", "Table.focusCellBackground");
+    put(defaults, palette.accent, "Tree.selectionBorderColor", "Tree.dropLineColor",
+        "Table.dropLineColor", "List.dropLineColor");
+    put(defaults, palette.faint, "MenuItem.acceleratorForeground",
+        "MenuItem.acceleratorSelectionForeground", "TitledBorder.titleColor");
+    // A view that has not the focus keeps its selection, standing back.
+    put(defaults, palette.hover, "Tree.selectionInactiveBackground");
+  }
+
+  private static void putBorders(UIDefaults defaults) {
+    Border line = BorderFactory.createLineBorder(palette.line);
+    put(defaults, new FlatBorder(new Insets(5, 6, 5, 6)), "TextField.border", "ComboBox.border",
+        "FormattedTextField.border", "PasswordField.border");
+    put(defaults, space(4, 12), "Button.border", "ToggleButton.border");
+    put(defaults, space(5, 8), "ToolBar.rolloverBorder",
+        "ToolBar.nonrolloverBorder", "ToolBar.nonrolloverToggleBorder");
+    put(defaults, space(0, 0), "SplitPane.border", "SplitPaneDivider.border", "ToolBar.border",
+        "TableHeader.border", "ProgressBar.border");
+    put(defaults, line, "ScrollPane.border", "Table.scrollPaneBorder");
+    put(defaults, BorderFactory.createCompoundBorder(line, space(4, 0)), "PopupMenu.border");
+    put(defaults, BorderFactory.createCompoundBorder(line, space(3, 6)), "ToolTip.border");
+    put(defaults, BorderFactory.createMatteBorder(0, 0, 1, 0, palette.line), "MenuBar.border");
+    put(defaults, BorderFactory.createCompoundBorder(
+        BorderFactory.createMatteBorder(0, 0, 1, 1, palette.line), space(4, 6)),
+        "TableHeader.cellBorder");
+    put(defaults, BorderFactory.createCompoundBorder(
+        BorderFactory.createLineBorder(palette.accent), space(0, 4)),
+        "Table.focusCellHighlightBorder");
+    put(defaults, space(1, 5), "Table.cellNoFocusBorder");
+    put(defaults, space(4, 4), "Menu.border", "MenuItem.border", "CheckBoxMenuItem.border",
+        "RadioButtonMenuItem.border");
     defaults.put("CheckBox.margin", new InsetsUIResource(3, 0, 3, 2));
     defaults.put("RadioButton.margin", new InsetsUIResource(3, 0, 3, 2));
-    defaults.put("SplitPane.dividerSize", 5);
-    defaults.put("ScrollBar.width", 13);
-    defaults.put("Tree.paintLines", false);
-    defaults.put("Tree.drawsFocusBorderAroundIcon", false);
-    defaults.put("Tree.rowHeight", 22);
-    defaults.put("Tree.leftChildIndent", 8);
-    defaults.put("Tree.rightChildIndent", 12);
     defaults.put("TabbedPane.contentBorderInsets", new InsetsUIResource(1, 0, 0, 0));
     defaults.put("TabbedPane.tabInsets", new InsetsUIResource(6, 12, 6, 12));
     defaults.put("TabbedPane.tabAreaInsets", new InsetsUIResource(0, 4, 0, 0));
     defaults.put("TabbedPane.selectedTabPadInsets", new InsetsUIResource(0, 0, 0, 0));
     defaults.put("TabbedPane.tabsOverlapBorder", false);
+    defaults.put("SplitPane.dividerSize", 5);
+    defaults.put("ScrollBar.width", 13);
+    defaults.put("ToolBar.separatorSize", new DimensionUIResource(12, 12));
+    defaults.put("Tree.paintLines", false);
+    defaults.put("Tree.drawsFocusBorderAroundIcon", false);
+    defaults.put("Tree.rowHeight", 22);
+    defaults.put("Tree.leftChildIndent", 8);
+    defaults.put("Tree.rightChildIndent", 12);
   }
 
-  private static void put(UIDefaults defaults, String key, Color colour) {
-    defaults.put(key, new ColorUIResource(colour));
+  private static void put(UIDefaults defaults, Border border, String... keys) {
+    for (String key : keys) {
+      defaults.put(key, new BorderUIResource(border));
+    }
+  }
+
+  private static void put(UIDefaults defaults, Color colour, String... keys) {
+    for (String key : keys) {
+      defaults.put(key, new ColorUIResource(colour));
+    }
   }
 
   /** The few colours and fonts that Metal derives the rest from. */
   private static final class Colours extends DefaultMetalTheme {
-    private final Palette palette;
-
-    Colours(Palette palette) {
-      this.palette = palette;
-    }
-
-    @Override
-    public String getName() {
-      return palette == Palette.DARK ? "Dark" : "Light";
-    }
+    private static final FontUIResource TEXT =
+        new FontUIResource(Font.DIALOG, Font.PLAIN, TEXT_SIZE);
 
     @Override
     protected ColorUIResource getPrimary1() {
@@ -318,38 +269,14 @@ final class Theme {
       return new ColorUIResource(palette.content);
     }
 
-    private static FontUIResource font(int style, int size) {
-      return new FontUIResource(Font.DIALOG, style, size);
-    }
-
     @Override
     public FontUIResource getControlTextFont() {
-      return font(Font.PLAIN, TEXT_SIZE);
-    }
-
-    @Override
-    public FontUIResource getSystemTextFont() {
-      return font(Font.PLAIN, TEXT_SIZE);
-    }
-
-    @Override
-    public FontUIResource getUserTextFont() {
-      return font(Font.PLAIN, TEXT_SIZE);
+      return TEXT;
     }
 
     @Override
     public FontUIResource getMenuTextFont() {
-      return font(Font.PLAIN, TEXT_SIZE);
-    }
-
-    @Override
-    public FontUIResource getWindowTitleFont() {
-      return font(Font.BOLD, TEXT_SIZE);
-    }
-
-    @Override
-    public FontUIResource getSubTextFont() {
-      return font(Font.PLAIN, TEXT_SIZE - 1);
+      return TEXT;
     }
   }
 }
