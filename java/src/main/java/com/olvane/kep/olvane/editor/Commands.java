@@ -10,15 +10,17 @@ import javax.swing.KeyStroke;
 
 /** All that can be done in the window, as actions with names, keys and a sentence each. */
 final class Commands {
-  private static final class Command extends AbstractAction {
+  private final class Command extends AbstractAction {
     private static final long serialVersionUID = 1;
 
     private final transient Runnable run;
     private final transient BooleanSupplier possible;
+    private final boolean forTree;
 
     Command(String name, String keys, String description, BooleanSupplier possible,
-        Runnable run) {
+        Runnable run, boolean forTree) {
       super(name);
+      this.forTree = forTree;
       this.run = run;
       this.possible = possible;
       putValue(SHORT_DESCRIPTION, description);
@@ -29,13 +31,19 @@ final class Commands {
 
     @Override
     public void actionPerformed(ActionEvent event) {
-      if (possible.getAsBoolean()) {
+      if (possible.getAsBoolean() && !(forTree && elsewhere.getAsBoolean())) {
         run.run();
       }
     }
   }
 
   private final Map<String, Command> commands = new LinkedHashMap<>();
+  private final BooleanSupplier elsewhere;
+
+  /** {@code elsewhere} tells whether the keyboard is at a part of the window beside the tree. */
+  Commands(BooleanSupplier elsewhere) {
+    this.elsewhere = elsewhere;
+  }
 
   /**
    * Adds a command.
@@ -49,7 +57,16 @@ final class Commands {
    */
   Action add(String id, String name, String keys, String description, BooleanSupplier possible,
       Runnable run) {
-    Command command = new Command(name, keys, description, possible, run);
+    return put(id, new Command(name, keys, description, possible, run, false));
+  }
+
+  /** The same for one that works on the tree: elsewhere its keys do nothing. */
+  Action addForTree(String id, String name, String keys, String description,
+      BooleanSupplier possible, Runnable run) {
+    return put(id, new Command(name, keys, description, possible, run, true));
+  }
+
+  private Action put(String id, Command command) {
     commands.put(id, command);
     return command;
   }

@@ -41,6 +41,7 @@ public final class EditorMain implements Callable<Integer> {
    * @param arguments the command line
    */
   public static void main(String[] arguments) {
+    Theme.prepare();
     CommandLine command = new CommandLine(new EditorMain());
     command.setExecutionExceptionHandler((failure, failed, parsed) -> {
       failed.getErr().println(sentence(failure));
@@ -69,7 +70,10 @@ public final class EditorMain implements Callable<Integer> {
     }
     Store opened = Store.open(store, user);
     Workspace workspace = open(opened, application, database);
-    SwingUtilities.invokeLater(() -> new EditorWindow(workspace).show());
+    SwingUtilities.invokeLater(() -> {
+      Theme.install(Palette.LIGHT);
+      new EditorWindow(workspace).show();
+    });
     return 0;
   }
 

@@ -2,7 +2,9 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Member;
 import java.awt.BorderLayout;
+import java.awt.Component;
 import java.awt.Dimension;
+import java.awt.KeyboardFocusManager;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
@@ -12,31 +14,39 @@ import javax.swing.JFrame;
 import javax.swing.JMenu;
 import javax.swing.JMenuBar;
 import javax.swing.JOptionPane;
+import javax.swing.JScrollPane;
 import javax.swing.JSplitPane;
 import javax.swing.JTabbedPane;
 import javax.swing.JToolBar;
+import javax.swing.SwingUtilities;
 import javax.swing.WindowConstants;
 
 /** The frame: menu, tool bar, the tree on the left, tabs on the right, the status line below. */
 final class EditorWindow {
   private final Workspace workspace;
   private final JFrame frame = new JFrame();
-  private final Commands commands = new Commands();
+  private final Commands commands = new Commands(this::isBesideTree);
   private final JMenuBar menus = new JMenuBar();
   private final Map<String, JMenu> menusByName = new LinkedHashMap<>();
   private final JToolBar toolBar = new JToolBar();
   private final JTabbedPane tabs = new JTabbedPane();
   private final JSplitPane split = new JSplitPane(JSplitPane.HORIZONTAL_SPLIT);
+  private final StatusLine status;
+  private final OutlineTree tree;
 
   /** Makes the window of an open outline; {@link #show} shows it. */
   EditorWindow(Workspace workspace) {
     this.workspace = workspace;
+    status = new StatusLine(workspace);
+    tree = new OutlineTree(workspace);
     frame.setDefaultCloseOperation(WindowConstants.DO_NOTHING_ON_CLOSE);
     frame.setJMenuBar(menus);
     toolBar.setFloatable(false);
     frame.add(toolBar, BorderLayout.NORTH);
     frame.add(split, BorderLayout.CENTER);
+    split.setLeftComponent(new JScrollPane(tree));
     split.setRightComponent(tabs);
+    frame.add(status, BorderLayout.SOUTH);
     tabs.getAccessibleContext().setAccessibleName("Panes");
     workspace.addListener(new WorkspaceListener() {
       @Override
@@ -61,6 +71,11 @@ final class EditorWindow {
       }
     });
     addEditCommands();
+    addSeparator("Edit");
+    new TreeCommands(this, tree);
+    tree.onComplaint(status::say);
+    addPane("Details", new DetailsPane(workspace));
+    addPane("History", new HistoryPane(workspace));
     setTitle();
     frame.setPreferredSize(new Dimension(1280, 800));
     frame.pack();
@@ -79,9 +94,13 @@ final class EditorWindow {
     return commands;
   }
 
-  /** Puts the tree on the left. */
-  void setTree(JComponent tree) {
-    split.setLeftComponent(tree);
+  OutlineTree tree() {
+    return tree;
+  }
+
+  private boolean isBesideTree() {
+    Component focus = KeyboardFocusManager.getCurrentKeyboardFocusManager().getFocusOwner();
+    return focus != null && SwingUtilities.isDescendingFrom(focus, tabs);
   }
 
   /** Adds a tab on the right. */
@@ -136,6 +155,18 @@ final class EditorWindow {
   /** Shows a sentence in a dialog. */
   void say(String sentence) {
     JOptionPane.showMessageDialog(frame, sentence, "Outline Editor", JOptionPane.WARNING_MESSAGE);
+  }
+
+  /** Shows a sentence in the status line for a while. */
+  void status(String sentence) {
+    status.say(sentence);
+  }
+
+  /** Asks whether to do something; {@code yes} is the name of the button that does it. */
+  boolean confirm(String question, String yes) {
+    Object[] answers = {yes, "Cancel"};
+    return JOptionPane.showOptionDialog(frame, question, "Outline Editor",
+        JOptionPane.DEFAULT_OPTION, JOptionPane.QUESTION_MESSAGE, null, answers, yes) == 0;
   }
 
   /** Shows the window. */

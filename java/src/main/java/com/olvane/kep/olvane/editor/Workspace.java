@@ -65,6 +65,11 @@ final class Workspace {
     return outline.applicationName() + "." + outline.databaseName();
   }
 
+  /** Whether it can be edited. */
+  boolean isEditable() {
+    return outline.isEditable();
+  }
+
   void addListener(WorkspaceListener listener) {
     listeners.add(listener);
   }
@@ -184,7 +189,15 @@ final class Workspace {
 
   /** Carries an edit out and enters it into the history. */
   void edit(Edit edit) {
-    start(edit.title(), true, running -> change(running, edit::apply, () -> history.add(edit)));
+    edit(edit, () -> {});
+  }
+
+  /** The same; {@code then} follows success, when all listeners have heard of it. */
+  void edit(Edit edit, Runnable then) {
+    start(edit.title(), true, running -> {
+      change(running, edit::apply, () -> history.add(edit));
+      SwingUtilities.invokeLater(then);
+    });
   }
 
   /** The same for an edit that belongs to the one before, as naming what was just made. */

@@ -1,0 +1,73 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Member;
+import java.util.HashMap;
+import java.util.Map;
+import javax.swing.tree.TreePath;
+
+/**
+ * A place in the tree with the member that stands there, once it has been read. Children are held
+ * in pages, those that were looked at last.
+ */
+final class MemberNode {
+  /** The node above; null for the root, whose children are the dimensions. */
+  MemberNode parent;
+  /** The place among the siblings. */
+  int index;
+  /** The member; null for the root and for one that has not been read yet. */
+  Member member;
+  /** The number of children. */
+  int childCount;
+  /** The pages of children, by number. */
+  final Map<Integer, MemberNode[]> pages = new HashMap<>();
+
+  MemberNode(MemberNode parent, int index) {
+    this.parent = parent;
+    this.index = index;
+  }
+
+  /** Takes a member as it was read now. */
+  void set(Member read) {
+    member = read;
+    childCount = (int) Math.min(read.childCount(), Integer.MAX_VALUE);
+  }
+
+  /** The handle of the member, 0 for the root and for one that is not read yet. */
+  int handle() {
+    return member == null ? 0 : member.handle();
+  }
+
+  boolean isRoot() {
+    return parent == null;
+  }
+
+  /** Whether it lies below a node. */
+  boolean isBelow(MemberNode other) {
+    for (MemberNode node = parent; node != null; node = node.parent) {
+      if (node == other) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  /** The number of nodes above. */
+  int depth() {
+    int depth = 0;
+    for (MemberNode node = parent; node != null; node = node.parent) {
+      depth++;
+    }
+    return depth;
+  }
+
+  /** The way from the root. */
+  TreePath path() {
+    return parent == null ? new TreePath(this) : parent.path().pathByAddingChild(this);
+  }
+
+  /** The name, as assistive technology and the tests read it. */
+  @Override
+  public String toString() {
+    return member == null ? "\u2026" : member.name();
+  }
+}

@@ -1,0 +1,368 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Member;
+import java.awt.Rectangle;
+import java.awt.event.KeyEvent;
+import java.awt.event.MouseEvent;
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.Collections;
+import java.util.Comparator;
+import java.util.HashSet;
+import java.util.LinkedHashSet;
+import java.util.List;
+import java.util.Set;
+import java.util.function.Consumer;
+import java.util.stream.Collectors;
+import javax.swing.DropMode;
+import javax.swing.JTree;
+import javax.swing.ToolTipManager;
+import javax.swing.event.TreeExpansionEvent;
+import javax.swing.event.TreeExpansionListener;
+import javax.swing.text.Position;
+import javax.swing.tree.TreePath;
+import javax.swing.tree.TreeSelectionModel;
+
+/**
+ * The tree of the outline. It shows what the workspace has selected, and selects there what is
+ * selected here; edits keep what is expanded and selected.
+ */
+final class OutlineTree extends JTree {
+  private static final long serialVersionUID = 1;
+  /** More members than these are not selected at once. */
+  static final int SELECTABLE = 10_000;
+
+  private final transient Workspace workspace;
+  private final transient PagedTreeModel model;
+  private final transient Set<MemberNode> expanded = new LinkedHashSet<>();
+  private final transient Set<Integer> selectedHandles = new HashSet<>();
+  /** Above 0 while the tree itself changes what is expanded or selected. */
+  private int adjusting;
+  private String aliasTable = "Default";
+  private transient Consumer<String> complaints = sentence -> {};
+  private transient Consumer<Character> typing = letter -> {};
+
+  OutlineTree(Workspace workspace) {
+    this.workspace = workspace;
+    this.model = new PagedTreeModel(workspace, this::arrived,
+        node -> expanded.contains(node) || selectedHandles.contains(node.handle()));
+    setModel(model);
+    setName("outline");
+    getAccessibleContext().setAccessibleName("Outline");
+    setRootVisible(false);
+    setShowsRootHandles(true);
+    setLargeModel(true);
+    setToggleClickCount(2);
+    setScrollsOnExpand(false);
+    setExpandsSelectedPaths(true);
+    getSelectionModel().setSelectionMode(TreeSelectionModel.DISCONTIGUOUS_TREE_SELECTION);
+    setCellRenderer(new MemberRenderer(this));
+    setEditable(true);
+    setCellEditor(new NameEditor(this));
+    setInvokesStopCellEditing(true);
+    ToolTipManager.sharedInstance().registerComponent(this);
+    addTreeSelectionListener(event -> selectionChanged());
+    addTreeExpansionListener(new TreeExpansionListener() {
+      @Override
+      public void treeExpanded(TreeExpansionEvent event) {
+        expanded.add((MemberNode) event.getPath().getLastPathComponent());
+      }
+
+      @Override
+      public void treeCollapsed(TreeExpansionEvent event) {
+        if (adjusting == 0) {
+          expanded.remove((MemberNode) event.getPath().getLastPathComponent());
+        }
+      }
+    });
+    workspace.addListener(new WorkspaceListener() {
+      @Override
+      public void changed(OutlineChange change) {
+        refresh(change);
+      }
+
+      @Override
+      public void selected(List<Member> members) {
+        show(members);
+      }
+    });
+    model.onRename((member, name) -> workspace.edit(MemberEdits.rename(member, name)));
+    setDragEnabled(true);
+    setDropMode(DropMode.ON_OR_INSERT);
+    setTransferHandler(new MemberTransfer(this, workspace));
+    setAliasTable(aliasTable);
+  }
+
+  @Override
+  public void updateUI() {
+    super.updateUI();
+    // The same height for all rows, or a large tree would measure each.
+    setRowHeight(getFontMetrics(getFont()).getHeight() + 6);
+  }
+
+  PagedTreeModel pagedModel() {
+    return model;
+  }
+
+  /** The alias table whose aliases are shown; empty for none. */
+  String aliasTable() {
+    return aliasTable;
+  }
+
+  /** Shows the aliases of another table; of none when it is empty. */
+  void setAliasTable(String table) {
+    aliasTable = table;
+    Details details = Details.NONE.formula().attributes();
+    model.setDetails(table.isEmpty() ? details : details.aliases(table));
+    OutlineChange all = new OutlineChange();
+    all.details();
+    if (model.getRoot().childCount == 0) {
+      all.children(OutlineChange.DIMENSIONS);
+    }
+    refresh(all);
+  }
+
+  // ---- Selection ----
+
+  private void selectionChanged() {
+    if (adjusting > 0) {
+      return;
+    }
+    selectedHandles.clear();
+    List<Member> members = new ArrayList<>();
+    for (MemberNode node : selectedNodes()) {
+      if (node.member != null) {
+        members.add(node.member);
+        selectedHandles.add(node.handle());
+      }
+    }
+    adjusting++;
+    workspace.select(members);
+    adjusting--;
+  }
+
+  /** The nodes that are selected, from top to bottom. */
+  List<MemberNode> selectedNodes() {
+    int[] rows = getSelectionRows();
+    if (rows == null) {
+      return Collections.emptyList();
+    }
+    Arrays.sort(rows);
+    List<MemberNode> nodes = new ArrayList<>(rows.length);
+    for (int row : rows) {
+      nodes.add((MemberNode) getPathForRow(row).getLastPathComponent());
+    }
+    return nodes;
+  }
+
+  /** Members have been read for nodes that the tree has had already. */
+  private void arrived() {
+    TreePath[] paths = getSelectionPaths();
+    if (paths != null && Arrays.stream(paths).anyMatch(path -> {
+      MemberNode node = (MemberNode) path.getLastPathComponent();
+      return node.member != null && !selectedHandles.contains(node.handle());
+    })) {
+      selectionChanged();
+    }
+    treeDidChange();
+    repaint();
+  }
+
+  /** Selects what the workspace has selected, wherever it is. */
+  private void show(List<Member> members) {
+    if (adjusting > 0) {
+      return;
+    }
+    Set<Integer> handles = members.stream().map(Member::handle).collect(Collectors.toSet());
+    if (handles.equals(selectedHandles) && getSelectionCount() == handles.size()) {
+      return;
+    }
+    reveal(members, () -> {});
+  }
+
+  /** Opens what is above members, selects them and brings the first into view. */
+  void reveal(List<Member> members, Runnable then) {
+    List<Member> few = members.subList(0, Math.min(members.size(), SELECTABLE));
+    workspace.read(() -> TreePlaces.of(workspace.outline(), few, model.details()), places -> {
+      List<MemberNode> nodes = places.attach(model);
+      adjusting++;
+      try {
+        nodes.forEach(node -> expandPath(node.path().getParentPath()));
+        select(nodes);
+      } finally {
+        adjusting--;
+      }
+      if (!nodes.isEmpty()) {
+        scrollInto(nodes.get(0).path());
+      }
+      then.run();
+    });
+  }
+
+  private void select(List<MemberNode> nodes) {
+    selectedHandles.clear();
+    nodes.forEach(node -> selectedHandles.add(node.handle()));
+    setSelectionPaths(nodes.stream().map(MemberNode::path).toArray(TreePath[]::new));
+  }
+
+  /** Scrolls to a row, with some of its neighbours in view when it was not. */
+  void scrollInto(TreePath path) {
+    Rectangle row = getPathBounds(path);
+    if (row != null && !getVisibleRect().contains(getVisibleRect().x, row.y, 1, row.height)) {
+      Rectangle view = new Rectangle(row.x, row.y - getVisibleRect().height / 3,
+          Math.min(row.width, getVisibleRect().width), getVisibleRect().height * 2 / 3);
+      scrollRectToVisible(view.intersection(new Rectangle(0, 0, getWidth(), getHeight())));
+    }
+  }
+
+  @Override
+  protected TreePath[] getPathBetweenRows(int first, int last) {
+    int from = Math.min(first, last);
+    int to = Math.max(first, last);
+    if (to - from < SELECTABLE) {
+      return super.getPathBetweenRows(first, last);
+    }
+    getToolkit().beep();
+    return first <= last
+        ? super.getPathBetweenRows(from, from + SELECTABLE - 1)
+        : super.getPathBetweenRows(to - SELECTABLE + 1, to);
+  }
+
+  // ---- Edits ----
+
+  private void refresh(OutlineChange change) {
+    TreeRefresh refresh = new TreeRefresh(model);
+    boolean any = false;
+    for (Integer handle : change.parents()) {
+      MemberNode node = model.node(handle);
+      if (node != null) {
+        refresh.parent(handle, pagesInView(node));
+        any = true;
+      }
+    }
+    if (any) {
+      Set<Integer> keep =
+          expanded.stream().map(MemberNode::handle).collect(Collectors.toCollection(HashSet::new));
+      if (selectedHandles.size() <= 1000) {
+        keep.addAll(selectedHandles);
+      }
+      keep.remove(0);
+      refresh.keep(keep);
+    }
+    refresh.changed(change.detailsChanged()
+        ? model.nodes().stream().map(MemberNode::handle).collect(Collectors.toList())
+        : change.members());
+    workspace.read(() -> refresh.read(workspace.outline()), this::apply);
+  }
+
+  private void apply(TreeRefresh refresh) {
+    Set<Integer> selection = new HashSet<>(selectedHandles);
+    adjusting++;
+    try {
+      // The tree looks at what is selected while the numbers of children change below it.
+      clearSelection();
+      setLeadSelectionPath(null);
+      setAnchorSelectionPath(null);
+      refresh.apply();
+      List<MemberNode> open = new ArrayList<>(expanded);
+      open.sort(Comparator.comparingInt(MemberNode::depth));
+      expanded.clear();
+      for (MemberNode node : open) {
+        if (isThere(node) && node.childCount > 0) {
+          expanded.add(node);
+          expandPath(node.path());
+        }
+      }
+      List<MemberNode> selected = new ArrayList<>();
+      for (Integer handle : selection) {
+        MemberNode node = model.node(handle);
+        if (node != null && isThere(node)) {
+          selected.add(node);
+        }
+      }
+      select(selected);
+    } finally {
+      adjusting--;
+    }
+    if (selectedHandles.size() < workspace.selection().size()) {
+      show(workspace.selection());
+    }
+    repaint();
+  }
+
+  /** Whether a node still stands in the tree. */
+  private boolean isThere(MemberNode node) {
+    MemberNode at = node;
+    while (at.parent != null) {
+      MemberNode[] page = at.parent.pages.get(at.index / PagedTreeModel.PAGE);
+      if (page == null || at.index % PagedTreeModel.PAGE >= page.length
+          || page[at.index % PagedTreeModel.PAGE] != at) {
+        return false;
+      }
+      at = at.parent;
+    }
+    return at == model.getRoot();
+  }
+
+  private Set<Integer> pagesInView(MemberNode parent) {
+    Set<Integer> pages = new LinkedHashSet<>();
+    Rectangle view = getVisibleRect();
+    int last = getClosestRowForLocation(0, view.y + view.height);
+    for (int row = Math.max(0, getClosestRowForLocation(0, view.y)); row <= last; row++) {
+      MemberNode node = (MemberNode) getPathForRow(row).getLastPathComponent();
+      if (node.parent == parent) {
+        pages.add(node.index / PagedTreeModel.PAGE);
+      }
+    }
+    return pages;
+  }
+
+  /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
+  void onComplaint(Consumer<String> listener) {
+    complaints = listener;
+  }
+
+  void complain(String sentence) {
+    complaints.accept(sentence);
+  }
+
+  /** Hears of letters that are typed on the tree. */
+  void onTyping(Consumer<Character> listener) {
+    typing = listener;
+  }
+
+  @Override
+  protected void processKeyEvent(KeyEvent event) {
+    if (event.getID() == KeyEvent.KEY_TYPED && !event.isControlDown() && !event.isAltDown()
+        && Character.isLetterOrDigit(event.getKeyChar())) {
+      typing.accept(event.getKeyChar());
+      event.consume();
+      return;
+    }
+    super.processKeyEvent(event);
+  }
+
+  /** There is a search instead, which doesn't need all members in the tree. */
+  @Override
+  public TreePath getNextMatch(String prefix, int startingRow, Position.Bias bias) {
+    return null;
+  }
+
+  /** Begins to edit the name of a member that is selected. */
+  void editName() {
+    TreePath path = getLeadSelectionPath();
+    if (path != null && ((MemberNode) path.getLastPathComponent()).member != null) {
+      scrollInto(path);
+      startEditingAtPath(path);
+    }
+  }
+
+  @Override
+  public String getToolTipText(MouseEvent event) {
+    TreePath path = getPathForLocation(event.getX(), event.getY());
+    MemberNode node = path == null ? null : (MemberNode) path.getLastPathComponent();
+    return node == null || node.member == null
+        ? null : ((MemberRenderer) getCellRenderer()).description(node.member);
+  }
+}

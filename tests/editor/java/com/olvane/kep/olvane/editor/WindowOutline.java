@@ -1,0 +1,112 @@
+package com.olvane.kep.olvane.editor;
+
+import static org.junit.Assert.assertEquals;
+
+import com.olvane.kep.olvane.e2e.Settings;
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.OutlineException;
+import com.olvane.kep.olvane.outline.Store;
+import java.util.ConcurrentModificationException;
+import java.util.stream.Collectors;
+import javax.swing.JTree;
+import javax.swing.tree.TreePath;
+import org.junit.rules.ExternalResource;
+
+/** The window of the outline Test.Test of a new store, and what can be seen in it. */
+final class WindowOutline extends ExternalResource {
+  final String folder = Settings.newFolder().toString();
+  Store store;
+  Workspace workspace;
+  EditorWindow window;
+  JTree tree;
+
+  @Override
+  protected void before() {
+    store = Store.open(folder, "tester");
+    store.create("Test", "Test");
+  }
+
+  @Override
+  protected void after() {
+    store.close();
+  }
+
+  /** Opens the window. */
+  void open() {
+    workspace = new Workspace(store, store.edit("Test", "Test"), 0);
+    RobotUser.onEventThread(() -> {
+      Theme.install(Palette.LIGHT);
+      window = new EditorWindow(workspace);
+      window.show();
+      tree = window.tree();
+      return null;
+    });
+  }
+
+  /**
+   * The outline in one line, "Product(Drinks(Cola Tea) Food)", as the tree shows it; what is below
+   * a closed member is asked of the outline.
+   */
+  String shown() {
+    try {
+      return line();
+    } catch (OutlineException | ConcurrentModificationException e) {
+      return "the tree has not heard yet of an edit: " + e.getMessage();
+    }
+  }
+
+  private String line() {
+    StringBuilder line = new StringBuilder();
+    int depth = 1;
+    for (int row = 0; row < tree.getRowCount(); row++) {
+      TreePath path = tree.getPathForRow(row);
+      int below = path.getPathCount() - 1;
+      MemberNode node = (MemberNode) path.getLastPathComponent();
+      append(line, depth, below, node.member == null || tree.isExpanded(path)
+          ? node.toString() : shape(workspace.outline(), node.member));
+      depth = below;
+    }
+    return end(line, depth);
+  }
+
+  private static void append(StringBuilder line, int depth, int below, String name) {
+    for (int i = below; i < depth; i++) {
+      line.append(')');
+    }
+    if (line.length() > 0) {
+      line.append(below > depth ? '(' : ' ');
+    }
+    line.append(name);
+  }
+
+  private static String end(StringBuilder line, int depth) {
+    for (int i = 1; i < depth; i++) {
+      line.append(')');
+    }
+    return line.toString();
+  }
+
+  /** The same as the outline has it. */
+  static String shape(Outline outline) {
+    return outline.dimensions().stream().map(one -> shape(outline, one))
+        .collect(Collectors.joining(" "));
+  }
+
+  private static String shape(Outline outline, Member member) {
+    String children = outline.children(member, Details.NONE).map(one -> shape(outline, one))
+        .collect(Collectors.joining(" "));
+    return children.isEmpty() ? member.name() : member.name() + "(" + children + ")";
+  }
+
+  /** Waits until tree and outline look like this. */
+  void expect(RobotUser user, String shape) {
+    try {
+      user.waitFor(shape, () -> shown().equals(shape));
+    } catch (AssertionError e) {
+      assertEquals(e.getMessage(), shape, RobotUser.onEventThread(this::shown));
+    }
+    assertEquals(shape, shape(workspace.outline()));
+  }
+}
