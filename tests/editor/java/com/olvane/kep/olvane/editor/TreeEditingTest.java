@@ -70,7 +70,7 @@ public class TreeEditingTest {
 
   @Test
   public void anOutlineIsBuiltChangedUndoneAndSaved() {
-    open.open();
+    open.open(user);
     expect("");
     menu("Edit", "Add Dimension");
     name("Product");

@@ -19,6 +19,7 @@ final class WindowOutline extends ExternalResource {
   final String folder = Settings.newFolder().toString();
   Store store;
   Workspace workspace;
+  Editor editor;
   EditorWindow window;
   JTree tree;
 
@@ -34,15 +35,15 @@ final class WindowOutline extends ExternalResource {
   }
 
   /** Opens the window. */
-  void open() {
-    workspace = new Workspace(store, store.edit("Test", "Test"), 0);
+  void open(RobotUser user) {
+    editor = RobotUser.onEventThread(() -> new Editor(store));
     RobotUser.onEventThread(() -> {
-      Theme.install(Palette.LIGHT);
-      window = new EditorWindow(workspace);
-      window.show();
-      tree = window.tree();
+      editor.open("Test", "Test", null, opened -> window = editor.windows().get(0));
       return null;
     });
+    user.waitFor("the window", () -> window != null && window.frame().isShowing());
+    workspace = window.workspace();
+    tree = window.tree();
   }
 
   /**

@@ -1,8 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Store;
-import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.GraphicsEnvironment;
 import java.util.concurrent.Callable;
 import javax.swing.SwingUtilities;
@@ -64,15 +62,22 @@ public final class EditorMain implements Callable<Integer> {
           + " command outline, which needs none.");
       return 1;
     }
-    if (application == null || database == null) {
-      System.err.println("Name an application and a database.");
+    if ((application == null) != (database == null)) {
+      System.err.println("Name both an application and a database, or neither.");
       return 2;
     }
     Store opened = Store.open(store, user);
-    Workspace workspace = open(opened, application, database);
     SwingUtilities.invokeLater(() -> {
-      Theme.install(Palette.LIGHT);
-      new EditorWindow(workspace).show();
+      Editor editor = new Editor(opened);
+      if (application == null) {
+        editor.choose();
+      } else {
+        editor.open(application, database, null, shown -> {
+          if (!shown) {
+            editor.endWithoutWindows();
+          }
+        });
+      }
     });
     return 0;
   }
@@ -87,16 +92,5 @@ public final class EditorMain implements Callable<Integer> {
     } catch (java.awt.AWTError | java.awt.HeadlessException e) {
       return false;
     }
-  }
-
-  private static Workspace open(Store store, String application, String database) {
-    Outline outline = store.edit(application, database);
-    long members = 0;
-    for (StoredDatabase one : store.databases()) {
-      if (one.application().equals(application) && one.database().equals(database)) {
-        members = one.members();
-      }
-    }
-    return new Workspace(store, outline, members);
   }
 }

@@ -5,49 +5,57 @@ import java.awt.BorderLayout;
 import java.awt.Component;
 import java.awt.Dimension;
 import java.awt.KeyboardFocusManager;
+import java.awt.Toolkit;
+import java.awt.event.WindowAdapter;
+import java.awt.event.WindowEvent;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import javax.swing.Action;
+import javax.swing.BorderFactory;
 import javax.swing.JComponent;
 import javax.swing.JFrame;
 import javax.swing.JMenu;
 import javax.swing.JMenuBar;
 import javax.swing.JOptionPane;
+import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import javax.swing.JSplitPane;
 import javax.swing.JTabbedPane;
-import javax.swing.JToolBar;
 import javax.swing.SwingUtilities;
 import javax.swing.WindowConstants;
 
-/** The frame: menu, tool bar, the tree on the left, tabs on the right, the status line below. */
+/** The frame: menus, search and tree on the left, tabs on the right, the status line below. */
 final class EditorWindow {
+  private static final String TITLE = "Outline Editor";
+  private static final int WIDTH = 1280;
+  private static final int HEIGHT = 800;
+  private static final int TREE_WIDTH = 520;
+
+  private final Editor editor;
   private final Workspace workspace;
   private final JFrame frame = new JFrame();
   private final Commands commands = new Commands(this::isBesideTree);
   private final JMenuBar menus = new JMenuBar();
   private final Map<String, JMenu> menusByName = new LinkedHashMap<>();
-  private final JToolBar toolBar = new JToolBar();
   private final JTabbedPane tabs = new JTabbedPane();
   private final JSplitPane split = new JSplitPane(JSplitPane.HORIZONTAL_SPLIT);
   private final StatusLine status;
   private final OutlineTree tree;
+  private final FileCommands files;
+  private final AutoKeep autoKeep;
 
   /** Makes the window of an open outline; {@link #show} shows it. */
-  EditorWindow(Workspace workspace) {
+  EditorWindow(Editor editor, Workspace workspace) {
+    this.editor = editor;
     this.workspace = workspace;
     status = new StatusLine(workspace);
     tree = new OutlineTree(workspace);
     frame.setDefaultCloseOperation(WindowConstants.DO_NOTHING_ON_CLOSE);
     frame.setJMenuBar(menus);
-    toolBar.setFloatable(false);
-    frame.add(toolBar, BorderLayout.NORTH);
-    frame.add(split, BorderLayout.CENTER);
-    split.setLeftComponent(new JScrollPane(tree));
-    split.setRightComponent(tabs);
-    frame.add(status, BorderLayout.SOUTH);
-    tabs.getAccessibleContext().setAccessibleName("Panes");
+    for (String menu : new String[] {"File", "Edit", "Search", "View", "Outline"}) {
+      menu(menu);
+    }
     workspace.addListener(new WorkspaceListener() {
       @Override
       public void selected(List<Member> members) {
@@ -70,16 +78,62 @@ final class EditorWindow {
         say(failure.getMessage() == null ? failure.toString() : failure.getMessage());
       }
     });
-    addEditCommands();
-    addSeparator("Edit");
+    FindingsPane findings = new FindingsPane(workspace);
+    files = new FileCommands(this, findings);
+    addHistoryCommands();
     new TreeCommands(this, tree);
+    new ViewCommands(this);
+    SearchTask search = new SearchTask(workspace);
+    layOut(new SearchBar(this, search));
     tree.onComplaint(status::say);
     addPane("Details", new DetailsPane(workspace));
+    addPane("Dimension", new DimensionPane(workspace));
+    addPane("Settings", new SettingsPane(workspace));
+    addPane("Hits", new HitsPane(workspace, search));
+    addPane("Findings", findings);
     addPane("History", new HistoryPane(workspace));
+    autoKeep = new AutoKeep(this);
     setTitle();
-    frame.setPreferredSize(new Dimension(1280, 800));
-    frame.pack();
-    split.setDividerLocation(560);
+  }
+
+  private void layOut(SearchBar search) {
+    JScrollPane scroll = new JScrollPane(tree);
+    scroll.setBorder(BorderFactory.createEmptyBorder());
+    JPanel left = new JPanel(new BorderLayout());
+    left.add(search, BorderLayout.NORTH);
+    left.add(scroll);
+    split.setLeftComponent(left);
+    split.setRightComponent(tabs);
+    split.setBorder(BorderFactory.createEmptyBorder());
+    tabs.setName("panes");
+    tabs.getAccessibleContext().setAccessibleName("Panes");
+    frame.add(split, BorderLayout.CENTER);
+    frame.add(status, BorderLayout.SOUTH);
+    frame.addWindowListener(new WindowAdapter() {
+      @Override
+      public void windowClosing(WindowEvent event) {
+        close();
+      }
+    });
+    Dimension screen = Toolkit.getDefaultToolkit().getScreenSize();
+    UserSettings settings = editor.settings();
+    frame.setSize(
+        Math.min(settings.number("window.width", WIDTH), screen.width),
+        Math.min(settings.number("window.height", HEIGHT), screen.height));
+    split.setDividerLocation(settings.number("tree.width", TREE_WIDTH));
+  }
+
+  private void addHistoryCommands() {
+    History history = workspace.history();
+    addToMenu("Edit", commands.add("undo", "Undo", "ctrl Z", "Take the last edit back",
+        () -> history.toUndo() != null, workspace::undo));
+    addToMenu("Edit", commands.add("redo", "Redo", "ctrl Y", "Do the edit again",
+        () -> history.toRedo() != null, workspace::redo));
+    addSeparator("Edit");
+  }
+
+  Editor editor() {
+    return editor;
   }
 
   Workspace workspace() {
@@ -102,6 +156,8 @@ final class EditorWindow {
     Component focus = KeyboardFocusManager.getCurrentKeyboardFocusManager().getFocusOwner();
     return focus != null && SwingUtilities.isDescendingFrom(focus, tabs);
   }
+
+  // ---- For those who fill the window ----
 
   /** Adds a tab on the right. */
   void addPane(String title, JComponent pane) {
@@ -133,28 +189,15 @@ final class EditorWindow {
     });
   }
 
-  /** Adds a command to the tool bar. */
-  void addToToolBar(Action command) {
-    toolBar.add(command).setFocusable(false);
-  }
-
-  private void addEditCommands() {
-    addToMenu("File", commands.add("save", "Save", "ctrl S",
-        "Write the outline to its database", workspace::dirty, () -> workspace.save(() -> {})));
-    History history = workspace.history();
-    addToMenu("Edit", commands.add("undo", "Undo", "ctrl Z", "Take the last edit back",
-        () -> history.toUndo() != null, workspace::undo));
-    addToMenu("Edit", commands.add("redo", "Redo", "ctrl Y", "Do the edit again",
-        () -> history.toRedo() != null, workspace::redo));
-  }
+  // ---- Telling and asking ----
 
   private void setTitle() {
-    frame.setTitle((workspace.dirty() ? "* " : "") + workspace.name() + " \u2013 Outline Editor");
+    frame.setTitle((workspace.dirty() ? "* " : "") + workspace.name() + " \u2013 " + TITLE);
   }
 
   /** Shows a sentence in a dialog. */
   void say(String sentence) {
-    JOptionPane.showMessageDialog(frame, sentence, "Outline Editor", JOptionPane.WARNING_MESSAGE);
+    JOptionPane.showMessageDialog(frame, sentence, TITLE, JOptionPane.WARNING_MESSAGE);
   }
 
   /** Shows a sentence in the status line for a while. */
@@ -164,14 +207,57 @@ final class EditorWindow {
 
   /** Asks whether to do something; {@code yes} is the name of the button that does it. */
   boolean confirm(String question, String yes) {
-    Object[] answers = {yes, "Cancel"};
-    return JOptionPane.showOptionDialog(frame, question, "Outline Editor",
-        JOptionPane.DEFAULT_OPTION, JOptionPane.QUESTION_MESSAGE, null, answers, yes) == 0;
+    return ask(question, yes, "Cancel") == 0;
   }
+
+  private int ask(String question, Object... answers) {
+    return JOptionPane.showOptionDialog(frame, question, TITLE, JOptionPane.DEFAULT_OPTION,
+        JOptionPane.QUESTION_MESSAGE, null, answers, answers[0]);
+  }
+
+  // ---- Showing and closing ----
 
   /** Shows the window. */
   void show() {
     commands.update();
     frame.setVisible(true);
+    tree.requestFocusInWindow();
+  }
+
+  /** Lets what is being typed become an edit before something is done with the outline. */
+  void settle(Runnable then) {
+    tree.stopEditing();
+    tree.requestFocusInWindow();
+    // The field hears of losing the keyboard with an event, and then queues its edit.
+    SwingUtilities.invokeLater(() -> SwingUtilities.invokeLater(then));
+  }
+
+  /** Closes the window; asks what to do with unsaved work. */
+  void close() {
+    settle(() -> {
+      if (!workspace.dirty()) {
+        closeNow();
+        return;
+      }
+      int answer = ask("There are unsaved changes in " + workspace.name() + ".",
+          "Save", "Discard", "Cancel");
+      if (answer == 0) {
+        workspace.save(this::closeNow);
+      } else if (answer == 1) {
+        closeNow();
+      }
+    });
+  }
+
+  private void closeNow() {
+    autoKeep.stop();
+    UserSettings settings = editor.settings();
+    settings.put("window.width", frame.getWidth());
+    settings.put("window.height", frame.getHeight());
+    settings.put("tree.width", split.getDividerLocation());
+    workspace.close(() -> {
+      frame.dispose();
+      editor.closed(this);
+    });
   }
 }

@@ -135,8 +135,8 @@ final class StatusLine extends JPanel {
   }
 
   private void showLock() {
-    String object = workspace.outline().applicationName() + "/"
-        + workspace.outline().databaseName() + "/" + workspace.outline().databaseName();
+    String object =
+        workspace.application() + "/" + workspace.database() + "/" + workspace.database();
     workspace.read(() -> {
       for (StoreLock one : workspace.store().locks()) {
         if (one.object().equals(object)) {

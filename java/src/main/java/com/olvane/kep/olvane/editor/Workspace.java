@@ -22,6 +22,9 @@ import javax.swing.SwingUtilities;
 final class Workspace {
   private final Store store;
   private final Outline outline;
+  /** The outline of the database, locked, where {@link #outline} is work that was found kept. */
+  private final Outline locked;
+  private final UnsavedWork unsaved;
   private final EditContext context;
   private final History history = new History();
   private final WorkThread work = new WorkThread();
@@ -36,10 +39,30 @@ final class Workspace {
    * @param members the number of its members
    */
   Workspace(Store store, Outline outline, long members) {
+    this(store, outline, null, members);
+  }
+
+  private Workspace(Store store, Outline outline, Outline locked, long members) {
     this.store = store;
     this.outline = outline;
+    this.locked = locked;
     this.members = members;
     this.context = new EditContext(outline);
+    this.unsaved = new UnsavedWork(store, application(), database());
+    if (locked != null) {
+      unsaved.found();
+      history.neverSaved();
+    }
+  }
+
+  /**
+   * Takes over unsaved work that was found.
+   *
+   * @param found the work
+   * @param locked the outline of its database, open for editing
+   */
+  static Workspace ofFound(Store store, Outline found, Outline locked, long members) {
+    return new Workspace(store, found, locked, members);
   }
 
   Store store() {
@@ -62,7 +85,15 @@ final class Workspace {
 
   /** "Demo.World". */
   String name() {
-    return outline.applicationName() + "." + outline.databaseName();
+    return application() + "." + database();
+  }
+
+  String application() {
+    return (locked == null ? outline : locked).applicationName();
+  }
+
+  String database() {
+    return (locked == null ? outline : locked).databaseName();
   }
 
   /** Whether it can be edited. */
@@ -281,8 +312,13 @@ final class Workspace {
   /** Saves the outline; {@code then} follows success. */
   void save(Runnable then) {
     run("Saving", () -> {
-      outline.save();
+      if (locked == null) {
+        outline.save();
+      } else {
+        store.localObjects().writeBack(outline, application(), database());
+      }
       history.saved();
+      unsaved.remove();
       return null;
     }, nothing -> {
       tell(WorkspaceListener::historyChanged);
@@ -290,14 +326,33 @@ final class Workspace {
     });
   }
 
+  /** Keeps unsaved work aside; {@code then} gets the failure or null, on the event thread. */
+  void keepAside(Consumer<Exception> then) {
+    work.write(() -> {
+      Exception failure = null;
+      if (history.dirty()) {
+        try {
+          unsaved.keep(outline);
+        } catch (RuntimeException e) {
+          failure = e;
+        }
+      }
+      Exception told = failure;
+      SwingUtilities.invokeLater(() -> then.accept(told));
+    });
+  }
+
   /** Closes the outline behind the work that waits; what was not saved is gone. */
   void close(Runnable then) {
     work.write(() -> {
-      try {
-        outline.close();
-      } catch (OutlineException e) {
-        fail(e);
+      for (Outline one : locked == null ? new Outline[] {outline} : new Outline[] {outline, locked}) {
+        try {
+          one.close();
+        } catch (OutlineException e) {
+          fail(e);
+        }
       }
+      unsaved.remove();
       work.end();
       SwingUtilities.invokeLater(then);
     });

@@ -33,6 +33,20 @@ public final class LocalObjects {
         (i, o) -> OutlineJni.write(store.localContext(), o, APPLICATION, name));
   }
 
+  /**
+   * Writes an outline that was kept aside to the database that it came from, in place of what is
+   * stored there.
+   *
+   * @param kept the outline, as {@link #open} gives it
+   * @param application the name of the application
+   * @param database the name of the database, which this store has open for editing
+   * @throws OutlineException if it cannot be written
+   */
+  public void writeBack(Outline kept, String application, String database) {
+    kept.access.read("save the outline to " + application + "." + database, "",
+        (i, o) -> OutlineJni.write(store.login().context, o, application, database));
+  }
+
   /** {@return the local objects, sorted by name; {@code database()} tells the name} */
   public List<StoredDatabase> list() {
     List<StoredDatabase> found = new ArrayList<>();

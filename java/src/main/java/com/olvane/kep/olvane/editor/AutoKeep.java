@@ -1,0 +1,54 @@
+package com.olvane.kep.olvane.editor;
+
+import javax.swing.Timer;
+
+/** Keeps unsaved work aside after a pause in editing, longer where writing takes longer. */
+final class AutoKeep {
+  private static final int LEAST_PAUSE_MILLIS = 5_000;
+  /** The pause is so many times as long as writing took. */
+  private static final int PAUSE_BY_WRITING = 10;
+
+  private final Workspace workspace;
+  private final EditorWindow window;
+  private final Timer pause = new Timer(leastPause(), event -> keep());
+  private boolean failed;
+
+  AutoKeep(EditorWindow window) {
+    this.window = window;
+    this.workspace = window.workspace();
+    pause.setRepeats(false);
+    workspace.addListener(new WorkspaceListener() {
+      @Override
+      public void historyChanged() {
+        if (workspace.dirty()) {
+          pause.restart();
+        } else {
+          pause.stop();
+        }
+      }
+    });
+  }
+
+  private static int leastPause() {
+    return Integer.getInteger("editor.pause", LEAST_PAUSE_MILLIS);
+  }
+
+  private void keep() {
+    long start = System.nanoTime();
+    workspace.keepAside(failure -> {
+      if (failure == null) {
+        long millis = (System.nanoTime() - start) / 1_000_000;
+        pause.setInitialDelay((int) Math.max(leastPause(), PAUSE_BY_WRITING * millis));
+        failed = false;
+      } else if (!failed) {
+        failed = true;
+        window.status("Unsaved work cannot be kept aside: " + failure.getMessage());
+      }
+    });
+  }
+
+  /** Keeps nothing any more. */
+  void stop() {
+    pause.stop();
+  }
+}

@@ -1,0 +1,136 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.Search;
+import com.olvane.kep.olvane.outline.SearchRun;
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.ConcurrentModificationException;
+import java.util.List;
+
+/** A search in batches, between which the outline is free, and the members that it found. */
+final class SearchTask {
+  /** More members than these are not listed. */
+  private static final int LISTED = 100_000;
+
+  private final Workspace workspace;
+  private final List<Member> hits = new ArrayList<>();
+  private final List<Runnable> listeners = new ArrayList<>();
+  private Search wanted;
+  private int number;
+  private boolean running;
+  private long searched;
+  private int position = -1;
+
+  SearchTask(Workspace workspace) {
+    this.workspace = workspace;
+    workspace.addListener(new WorkspaceListener() {
+      @Override
+      public void changed(OutlineChange change) {
+        // What was found may be gone: it is looked for again when it is next asked for.
+        if (running) {
+          start(wanted);
+        }
+      }
+    });
+  }
+
+  /** Hears, on the event thread, of what was found and of how far the search is. */
+  void onProgress(Runnable listener) {
+    listeners.add(listener);
+  }
+
+  private void tell() {
+    listeners.forEach(Runnable::run);
+  }
+
+  /** Begins to search; what runs is given up. */
+  void start(Search search) {
+    wanted = search;
+    hits.clear();
+    position = -1;
+    searched = 0;
+    running = true;
+    int own = ++number;
+    tell();
+    workspace.read(() -> workspace.outline().search(search, Details.NONE), run -> batch(own, run));
+  }
+
+  private void batch(int own, SearchRun run) {
+    if (own != number || !running) {
+      return;
+    }
+    workspace.read(() -> {
+      try {
+        return run.next();
+      } catch (ConcurrentModificationException e) {
+        // An edit came between; its listener starts anew.
+        return Collections.<Member>emptyList();
+      }
+    }, found -> {
+      if (own != number || !running) {
+        return;
+      }
+      hits.addAll(found.subList(0, Math.min(found.size(), LISTED - hits.size())));
+      searched = run.membersSearched();
+      running = !run.isFinished() && hits.size() < LISTED;
+      if (position < 0 && !hits.isEmpty()) {
+        next(1);
+      }
+      tell();
+      batch(own, run);
+    });
+  }
+
+  /** Gives the search up; what was found stays. */
+  void cancel() {
+    running = false;
+    tell();
+  }
+
+  /** Forgets what was found. */
+  void clear() {
+    number++;
+    running = false;
+    hits.clear();
+    position = -1;
+    tell();
+  }
+
+  /** Goes so many members on among those found, and round at the ends. */
+  void next(int step) {
+    if (!hits.isEmpty()) {
+      go(Math.floorMod(position < 0 && step < 0 ? -1 : position + step, hits.size()));
+    }
+  }
+
+  /** Goes to one of those found. */
+  void go(int hit) {
+    position = hit;
+    workspace.select(Collections.singletonList(hits.get(hit)));
+    tell();
+  }
+
+  boolean isRunning() {
+    return running;
+  }
+
+  boolean hasHits() {
+    return !hits.isEmpty();
+  }
+
+  List<Member> hits() {
+    return hits;
+  }
+
+  /** Which of those found is selected; -1 for none. */
+  int position() {
+    return position;
+  }
+
+  /** The number of members looked at. */
+  long searched() {
+    return searched;
+  }
+}
