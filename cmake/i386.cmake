@@ -1,7 +1,11 @@
 # Toolchain of the i386 preset: the machine's own compiler with -m32, and headers, libraries and
 # the Java virtual machine from the 32-bit Debian tree that tools/i386-tree.sh lays.
 
-cmake_path(SET KEPOTL_I386_TREE NORMALIZE "${CMAKE_CURRENT_LIST_DIR}/../build/i386-tree")
+if(DEFINED ENV{KEPOTL_I386_TREE})
+  set(KEPOTL_I386_TREE "$ENV{KEPOTL_I386_TREE}")
+else()
+  cmake_path(SET KEPOTL_I386_TREE NORMALIZE "${CMAKE_CURRENT_LIST_DIR}/../build/i386-tree")
+endif()
 if(NOT EXISTS "${KEPOTL_I386_TREE}/.laid-from")
   message(FATAL_ERROR
     "There is no 32-bit tree at ${KEPOTL_I386_TREE}, which the 32-bit build compiles against. "
@@ -13,6 +17,7 @@ set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER gcc)
 set(CMAKE_CXX_COMPILER g++)
 set(CMAKE_C_FLAGS_INIT -m32)
+set(CMAKE_ASM_FLAGS_INIT -m32)
 set(CMAKE_CXX_FLAGS_INIT -m32)
 set(CMAKE_SYSROOT "${KEPOTL_I386_TREE}")
 set(CMAKE_LIBRARY_ARCHITECTURE i386-linux-gnu)

@@ -55,9 +55,8 @@ int start_process(const Context& context, std::function<int()> work) {
 
 void close_process(ContextProcess& process) {
   {
-    std::unique_lock<std::mutex> lock(process.mutex);
+    const std::lock_guard<std::mutex> lock(process.mutex);
     process.closed = true;
-    process.over.wait(lock, [&] { return !process.running; });
   }
   if (process.thread.joinable()) process.thread.join();
 }

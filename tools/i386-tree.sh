@@ -48,7 +48,7 @@ trap 'rm -rf "$work"' EXIT
 chmod 755 "$work"
 log=$tree.log
 
-echo "i386-tree: laying a 32-bit $codename tree into $tree (about 350 MB)"
+echo "i386-tree: laying a 32-bit $codename tree into $tree (fetches about 80 MB, takes 250 MB)"
 # Proxies, time-outs and the like of this machine hold for the downloads too.
 apt-config dump Acquire >"$work/apt.conf"
 # The package with the toolkit is unpacked by itself: it depends on GTK and OpenGL, which take some

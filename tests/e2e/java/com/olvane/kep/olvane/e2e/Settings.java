@@ -47,7 +47,7 @@ public final class Settings {
    * @param arguments options, the main class and its arguments
    * @return the command
    */
-  static List<String> java(String... arguments) {
+  public static List<String> java(String... arguments) {
     List<String> command =
         new ArrayList<>(Arrays.asList(System.getProperty("e2e.java").split("\\|")));
     command.addAll(Arrays.asList("-cp", System.getProperty("java.class.path")));

@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.cli;
 
+import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import com.olvane.kep.olvane.cli.demo.DemoCommand;
 import java.io.FileDescriptor;
 import java.io.FileOutputStream;
@@ -23,6 +24,7 @@ public final class Main {
   public static void main(String[] arguments) {
     CommandLine command = new CommandLine(new DemoCommand());
     command.setCaseInsensitiveEnumValuesAllowed(true);
+    command.getCommandSpec().version("kepotl " + NativeLibrary.version());
     command.setOut(writer(FileDescriptor.out));
     command.setErr(writer(FileDescriptor.err));
     command.setExecutionExceptionHandler(

@@ -14,7 +14,8 @@ import java.nio.file.Path;
  *       not set, and reused by later runs.
  * </ol>
  *
- * The libraries of the API are found beside it or by the system's own rules.
+ * A file of another version than these classes is passed over, as is one without a version. The
+ * libraries of the API are found beside it or by the system's own rules.
  */
 public final class NativeLibrary {
   /** The system property that names the library file. */
@@ -41,7 +42,7 @@ public final class NativeLibrary {
           new LibrarySearch(
               System::getProperty,
               NativeLibrary.class::getResourceAsStream,
-              file -> System.load(file.toString()));
+              NativeLibrary::loadFile);
       location = search.load();
     }
   }
@@ -59,6 +60,17 @@ public final class NativeLibrary {
       search.loadBeside(location, "kepotl-bulk");
       bulkLoaded = true;
     }
+  }
+
+  private static void loadFile(Path file) {
+    LibraryVersion.check(file, LibraryVersion.ofClasses());
+    System.load(file.toString());
+  }
+
+  /** {@return the version of these classes and of the libraries that go with them, or null where
+   * the classes are used without the resources of kepotl.jar} */
+  public static String version() {
+    return LibraryVersion.ofClasses();
   }
 
   /** {@return the file that the library was loaded from, or null before it was loaded} */

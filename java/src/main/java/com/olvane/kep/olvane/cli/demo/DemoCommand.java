@@ -27,8 +27,7 @@ import picocli.CommandLine.Spec;
       "  outline-demo --act search",
       ""
     },
-    mixinStandardHelpOptions = true,
-    version = "kepotl 1.0")
+    mixinStandardHelpOptions = true)
 public final class DemoCommand implements Callable<Integer> {
   @Spec private CommandSpec spec;
 

@@ -1,0 +1,71 @@
+# Reads a built library and its debug information: is it hardened, does it carry its version, does
+# it name no folder of the building machine, and does it ask for no newer system than promised?
+#   cmake -DNM=... -DREADELF=... -DLIBRARY=... -DVERSION=... -DSOURCE_DIR=... -DFORTIFIED=... \
+#         -P check_build.cmake
+
+# The newest symbol versions that docs/compatibility.md promises to get along with.
+set(newest_GLIBC 2.34)
+set(newest_GLIBCXX 3.4.29)
+set(newest_CXXABI 1.3.11)
+
+function(run output)
+  execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  set(${output} "${text}" PARENT_SCOPE)
+endfunction()
+function(expect text pattern complaint)
+  if(NOT text MATCHES "${pattern}")
+    message(SEND_ERROR "${LIBRARY}: ${complaint}")
+  endif()
+endfunction()
+
+run(headers ${READELF} --wide --dynamic --segments ${LIBRARY})
+expect("${headers}" "GNU_RELRO" "no relocations are read-only")
+expect("${headers}" "BIND_NOW" "relocations are read-only in part: symbols are bound late")
+expect("${headers}" "GNU_STACK +[x0-9a-f ]+ RW " "the stack can be executed")
+if(headers MATCHES "TEXTREL")
+  message(SEND_ERROR "${LIBRARY}: code is relocated, so it can be written to")
+endif()
+
+run(symbols ${NM} --dynamic ${LIBRARY})
+expect("${symbols}" "__stack_chk_fail" "no stack protector")
+if(FORTIFIED)
+  expect("${symbols}" "__[a-z]+_chk@" "no checked copy or output function (FORTIFY)")
+endif()
+string(REGEX MATCHALL "@(GLIBC|GLIBCXX|CXXABI)_[0-9.]+" needed "${symbols}")
+list(REMOVE_DUPLICATES needed)
+foreach(version IN LISTS needed)
+  string(REGEX MATCH "@([A-Z]+)_([0-9.]+)" version "${version}")
+  if(CMAKE_MATCH_2 VERSION_GREATER newest_${CMAKE_MATCH_1})
+    message(SEND_ERROR "${LIBRARY}: a symbol asks for ${CMAKE_MATCH_1}_${CMAKE_MATCH_2}, "
+      "newer than ${newest_${CMAKE_MATCH_1}}")
+  endif()
+endforeach()
+
+run(notes ${READELF} --string-dump=.note.kepotl ${LIBRARY})
+string(REPLACE "." "[.]" version "${VERSION}")
+expect("${notes}" "kepotl.*\\] +${version}\n" "the version ${VERSION} is not in it")
+
+run(sections ${READELF} --wide --sections ${LIBRARY})
+expect("${sections}" "[.]gnu_debuglink" "nothing says where its debug information is")
+if(sections MATCHES "[.]debug_info")
+  message(SEND_ERROR "${LIBRARY}: debug information is still in it")
+endif()
+run(units ${READELF} --debug-dump=info --dwarf-depth=1 ${LIBRARY}.debug)
+string(REGEX MATCHALL "DW_AT_producer[^\n]*GNU C[^\n]*" producers "${units}")
+if(NOT producers)
+  message(SEND_ERROR "${LIBRARY}.debug: no debug information")
+endif()
+foreach(flag -fstack-protector-strong -fcf-protection)
+  set(without ${producers})
+  list(FILTER without EXCLUDE REGEX "${flag}")
+  if(without)
+    message(SEND_ERROR "${LIBRARY}: a source was compiled without ${flag}")
+  endif()
+endforeach()
+
+foreach(file ${LIBRARY} ${LIBRARY}.debug)
+  file(STRINGS ${file} paths REGEX "${SOURCE_DIR}")
+  if(paths)
+    message(SEND_ERROR "${file}: names a folder of the building machine: ${paths}")
+  endif()
+endforeach()
