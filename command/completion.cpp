@@ -114,7 +114,8 @@ std::string zsh_script(const std::vector<Completions>& all) {
          "  _describe -o outline items\n"
          "  _files\n"
          "}\n"
-         "compdef _outline outline\n";
+         // As a file on zsh's path of functions it is called itself, else sourced.
+         "if [[ ${funcstack[1]} = _outline ]]; then _outline \"$@\"; else compdef _outline outline; fi\n";
 }
 
 }  // namespace

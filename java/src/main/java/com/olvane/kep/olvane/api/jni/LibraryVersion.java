@@ -105,10 +105,10 @@ final class LibraryVersion {
     while (at + 12 <= notes.limit()) {
       int owner = notes.getInt(at);
       int content = notes.getInt(at + 4);
-      int contentAt = at + 12 + filled(owner);
-      if (owner < 0 || content < 0) {
+      if (owner < 0 || owner > LARGEST_NOTES || content < 0 || content > LARGEST_NOTES) {
         return null;
       }
+      int contentAt = at + 12 + filled(owner);
       if (text(notes, at + 12, owner).equals(OWNER)) {
         return text(notes, contentAt, content);
       }
