@@ -1,6 +1,7 @@
 # kepotl_launcher(NAME JAR [OPTIONS]): makes the command NAME that runs the program in JAR, with OPTIONS
-# as the shell reads them: bin/NAME in the build, with this build's libraries and virtual machine, and one to install, which finds everything
-# from where it lies itself, and Java by JAVA_HOME or on the path.
+# as the shell reads them: bin/NAME in the build, with this build's libraries and virtual machine,
+# and one to install, which finds everything from where it lies itself, and Java by JAVA_HOME or on
+# the path.
 function(kepotl_launcher name jar)
   set(launcher_jar ${jar})
   set(launcher_options ${ARGN})

@@ -55,14 +55,19 @@ for kind in sources javadoc; do cp "$jars/kepotl-$kind.jar" "$out/kepotl-$versio
 cp "$jars/kepotl.pom" "$out/kepotl-$version.pom"
 
 say "making the archive of the programs"
-programs=$work/kepotl-demo-$version
+programs=$work/kepotl-programs-$version
 mkdir "$programs"
+for program in kepotl-demo outline-editor; do
+  cp "$jars/$program.jar" "$programs/"
+  cp "$jars/$program.pom" "$out/$program-$version.pom"
+  for library in $(sed -n 's/^Class-Path: //p' "$jars/$program.manifest"); do
+    cp "$jars/$library" "$programs/"
+  done
+done
 cp "$out/kepotl-$version.jar" "$programs/kepotl.jar"
-cp "$jars"/{kepotl-demo,picocli,gson}.jar "$programs/"
 tar --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner \
-  --use-compress-program='gzip -n' -cf "$out/kepotl-demo-$version.tar.gz" -C "$work" \
-  "kepotl-demo-$version"
-cp "$jars/kepotl-demo.pom" "$out/kepotl-demo-$version.pom"
+  --use-compress-program='gzip -n' -cf "$programs.tar.gz" -C "$work" "kepotl-programs-$version"
+mv "$programs.tar.gz" "$out/"
 
 rm -rf "$work"
 say "listing the components"

@@ -1,6 +1,7 @@
 # Installs a build into an empty folder, moves the tree elsewhere and runs the demonstration there,
 # in the C locale and with names that it cannot spell.
-#   cmake -DBUILD=... -DJAVA="word|word" -DDATA=... -DWORK=... -P check_tree.cmake
+#   cmake -DBUILD=... -DVERSION=... -DJAVA="word|word" -DEMULATOR="word|word" -DDATA=... -DWORK=...
+#         -P check_tree.cmake
 
 file(REMOVE_RECURSE ${WORK})
 set(tree ${WORK}/moved)
@@ -26,6 +27,24 @@ endif()
 if(NOT EXISTS ${store})
   message(FATAL_ERROR "A name outside ASCII was changed: ${store} is not there")
 endif()
+
+string(REPLACE "|" ";" outline "${EMULATOR};${tree}/bin/outline")
+foreach(program "${outline}" ${tree}/bin/outline-demo ${tree}/bin/outline-editor)
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} -E env JAVA_HOME=${WORK}/java JAVA_OPTS=-Djava.awt.headless=true
+            ${program} --version
+    OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
+  if(NOT result EQUAL 0 OR NOT output MATCHES " ${VERSION}[ \n]")
+    message(SEND_ERROR "${program} --version (${result}): ${output}")
+  endif()
+endforeach()
+foreach(file man/man1/outline.1 man/man1/outline-demo.1 bash-completion/completions/outline
+    zsh/site-functions/_outline)
+  file(SIZE ${tree}/share/${file} size)
+  if(size EQUAL 0)
+    message(SEND_ERROR "${file} is empty")
+  endif()
+endforeach()
 
 execute_process(COMMAND ${CMAKE_COMMAND} -E env JAVA_HOME=${WORK}/nowhere
   ${tree}/bin/outline-demo --version ERROR_VARIABLE messages RESULT_VARIABLE result)

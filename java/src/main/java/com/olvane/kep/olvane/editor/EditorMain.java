@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import com.olvane.kep.olvane.outline.Store;
 import java.awt.GraphicsEnvironment;
 import java.util.concurrent.Callable;
@@ -41,6 +42,7 @@ public final class EditorMain implements Callable<Integer> {
   public static void main(String[] arguments) {
     Theme.prepare();
     CommandLine command = new CommandLine(new EditorMain());
+    command.getCommandSpec().version("kepotl " + NativeLibrary.version());
     command.setExecutionExceptionHandler((failure, failed, parsed) -> {
       failed.getErr().println(sentence(failure));
       return 1;
