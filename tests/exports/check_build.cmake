@@ -6,7 +6,7 @@
 # The newest symbol versions that docs/compatibility.md promises to get along with.
 set(newest_GLIBC 2.34)
 set(newest_GLIBCXX 3.4.29)
-set(newest_CXXABI 1.3.11)
+set(newest_CXXABI 1.3.13)
 
 function(run output)
   execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
