@@ -60,9 +60,8 @@ mkdir "$programs"
 for program in kepotl-demo outline-editor; do
   cp "$jars/$program.jar" "$programs/"
   cp "$jars/$program.pom" "$out/$program-$version.pom"
-  for library in $(sed -n 's/^Class-Path: //p' "$jars/$program.manifest"); do
-    cp "$jars/$library" "$programs/"
-  done
+  read -ra libraries < <(sed -n 's/^Class-Path: //p' "$jars/$program.manifest")
+  (cd "$jars" && cp "${libraries[@]}" "$programs/")
 done
 cp "$out/kepotl-$version.jar" "$programs/kepotl.jar"
 tar --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner \
