@@ -111,7 +111,7 @@ std::string zsh_script(const std::vector<Completions>& all) {
   }
   return script +
          "  esac\n"
-         "  _describe -o outline items\n"
+         "  _describe outline items\n"
          "  _files\n"
          "}\n"
          // As a file on zsh's path of functions it is called itself, else sourced.
