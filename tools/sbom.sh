@@ -28,9 +28,20 @@ debian() {
 }
 
 component kepotl "$version" NOASSERTION
+# In the libraries of the jar, and in the outline command.
 debian libsqlite3-dev sqlite STATIC_LINK
+debian libcli11-dev cli11 STATIC_LINK
+debian libcsv-dev libcsv STATIC_LINK
+debian libfmt-dev fmt STATIC_LINK
+debian libutf8proc-dev utf8proc STATIC_LINK
+debian nlohmann-json3-dev nlohmann-json STATIC_LINK
+# Beside the Java programs.
 debian libpicocli-java picocli DEPENDS_ON
 debian libgoogle-gson-java gson DEPENDS_ON
+debian libmiglayout-java miglayout DEPENDS_ON
+debian librsyntaxtextarea-java rsyntaxtextarea DEPENDS_ON
+debian libautocomplete-java autocomplete DEPENDS_ON
+# On the system.
 debian libstdc++6 libstdcxx DYNAMIC_LINK
 debian libc6 glibc DYNAMIC_LINK
 
