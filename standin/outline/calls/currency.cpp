@@ -118,11 +118,11 @@ using namespace standin;
 
 extern "C" int OlvOtlGenerateCurrencyOutline(HOutline h, HOutline* currency) {
   if (currency == nullptr) return kBadArgument;
-  return read_outline(h, [&](const Outline& base) -> int {
+  return with_outline(h, [&](const OpenOutline& base) -> int {
     *currency = 0;
-    auto derived = std::make_shared<OpenOutline>();
-    if (const auto open = find_outline(h)) derived->context = open->context;
-    const int status = CurrencyDerivation(base, derived->outline).run();
+    auto derived = std::make_unique<OpenOutline>();
+    derived->context = base.context;
+    const int status = CurrencyDerivation(base.outline, derived->outline).run();
     if (status != kStatusOk) return status;
     return register_outline(std::move(derived), currency);
   });

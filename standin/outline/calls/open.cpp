@@ -6,8 +6,8 @@
 namespace standin {
 namespace {
 
-std::shared_ptr<OpenOutline> new_outline(HCTX context) {
-  auto open = std::make_shared<OpenOutline>();
+std::unique_ptr<OpenOutline> new_outline(HCTX context) {
+  auto open = std::make_unique<OpenOutline>();
   open->context = context;
   return open;
 }

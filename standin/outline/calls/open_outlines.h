@@ -11,45 +11,52 @@
 
 namespace standin {
 
-// An open outline with the mutex that serialises the calls on it.
 struct OpenOutline {
-  std::mutex mutex;
   Outline outline;
   HCTX context = 0;  // the outline closes when this ends
   bool read_only = false;
-  bool closed = false;  // set under the mutex; calls that waited meanwhile are refused
+};
+
+// A place for an open outline. Places are used again but never freed, so that a thread may remember
+// the one that it used last: what tells whether an outline is still there is the handle.
+struct OutlinePlace {
+  std::mutex mutex;     // serialises the calls on the outline
+  HOutline handle = 0;  // 0 while nothing is open here
+  std::unique_ptr<OpenOutline> open;
 };
 
 // Enters an outline and answers its handle; handles are never used twice. kBadContext when its
 // context has ended meanwhile. Throws std::bad_alloc.
-int register_outline(std::shared_ptr<OpenOutline> open, HOutline* handle);
-// The outline of a handle; null when there is none.
-std::shared_ptr<OpenOutline> find_outline(HOutline h);
+int register_outline(std::unique_ptr<OpenOutline> open, HOutline* handle);
+// The place where an outline is or was; null when there is none.
+OutlinePlace* find_outline(HOutline h);
 // Takes an outline out and closes it once no call is at work on it; kBadOutline when there is none.
 int unregister_outline(HOutline h);
+
+// Runs `work(OpenOutline&)` with the outline to itself.
+template <typename Work>
+int with_outline(HOutline h, Work&& work) noexcept {
+  return run_guarded([&]() -> int {
+    OutlinePlace* place = find_outline(h);
+    if (place == nullptr) return kBadOutline;
+    const std::lock_guard<std::mutex> lock(place->mutex);
+    if (place->handle != h) return kBadOutline;
+    return work(*place->open);
+  });
+}
 
 // Runs `work(const Outline&)` with the outline to itself.
 template <typename Work>
 int read_outline(HOutline h, Work&& work) noexcept {
-  return run_guarded([&]() -> int {
-    const std::shared_ptr<OpenOutline> open = find_outline(h);
-    if (!open) return kBadOutline;
-    const std::lock_guard<std::mutex> lock(open->mutex);
-    if (open->closed) return kBadOutline;
-    return work(static_cast<const Outline&>(open->outline));
-  });
+  return with_outline(h, [&](const OpenOutline& open) -> int { return work(open.outline); });
 }
 
 // Runs `work(Outline&)` with the outline to itself; kReadOnly when it was opened for reading.
 template <typename Work>
 int edit_outline(HOutline h, Work&& work) noexcept {
-  return run_guarded([&]() -> int {
-    const std::shared_ptr<OpenOutline> open = find_outline(h);
-    if (!open) return kBadOutline;
-    const std::lock_guard<std::mutex> lock(open->mutex);
-    if (open->closed) return kBadOutline;
-    if (open->read_only) return kReadOnly;
-    return work(open->outline);
+  return with_outline(h, [&](OpenOutline& open) -> int {
+    if (open.read_only) return kReadOnly;
+    return work(open.outline);
   });
 }
 
