@@ -220,6 +220,10 @@ public class OutlineTest {
     assertEquals(a.handle(), found.get(0).parentHandle());
     assertTrue(search.isFinished());
     assertEquals(52, search.membersSearched());
+    assertEquals(
+        Arrays.asList(Arrays.asList("item 7", "a", rule.dimension.name())),
+        outline.paths(new Search("ITEM 7").wholeWords()));
+    messageOf(IllegalArgumentException.class, () -> outline.paths(new Search("x").formulas()));
 
     String before = names(outline, rule.dimension);
     CopyRun cancelled = outline.copy(a, Place.behind(a));

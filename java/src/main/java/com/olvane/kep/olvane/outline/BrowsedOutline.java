@@ -4,6 +4,7 @@ import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.defs.calcscript.MemberInfo;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import com.olvane.kep.olvane.defs.outline.MemberPath;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.LinkedHashSet;
@@ -193,6 +194,18 @@ abstract class BrowsedOutline {
    */
   public SearchRun search(Search search, Details details) {
     return new SearchRun(access, search, details);
+  }
+
+  /**
+   * Searches the whole outline at once and tells the way from each match up to its dimension.
+   *
+   * @param search what to search for: a text in names, or in the aliases of one table instead
+   * @return the names of each match and of its ancestors, the match first
+   */
+  public List<List<String>> paths(Search search) {
+    List<MemberPath> found = new ArrayList<>();
+    access.read("search the outline", access.name(), (i, o) -> search.paths(o, found));
+    return found.stream().map(MemberPath::getNames).collect(Collectors.toList());
   }
 
   /**

@@ -1,6 +1,10 @@
 package com.olvane.kep.olvane.outline;
 
+import com.olvane.kep.olvane.api.OutlineHandle;
+import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.FindRequest;
+import com.olvane.kep.olvane.defs.outline.MemberPath;
+import java.util.List;
 
 /**
  * What to search an outline for. A member is found when the text occurs in one of the places that
@@ -97,6 +101,15 @@ public final class Search {
     }
     membersPerBatch = members;
     return this;
+  }
+
+  /** Searches names and at most one table's aliases, all at once. */
+  int paths(OutlineHandle outline, List<MemberPath> found) {
+    if (dimension != null || formulas || udas || allTables || !names) {
+      throw new IllegalArgumentException(
+          "Paths can be told of members that are found by name or by the aliases of one table");
+    }
+    return OutlineJni.findMemberQuery(outline, text, table, matchCase, wholeWords, found);
   }
 
   FindRequest request() {
