@@ -5,9 +5,11 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -142,6 +144,51 @@ void measure_chains(bench::Report& report) {
   }
 }
 
+std::vector<std::string> shuffled_names(int64_t size) {
+  std::vector<std::string> names;
+  for (int64_t i = 0; i < size; ++i)
+    names.push_back(bench::member_name("Product", static_cast<uint32_t>(i)));
+  std::shuffle(names.begin(), names.end(),
+               std::mt19937(20'080));  // NOLINT(cert-msc51-cpp): the same each time
+  return names;
+}
+
+// Each name once in no order, and the same in the standard library's hash table, whose growth shows
+// what the caches cost.
+void measure_finding(bench::Report& report) {
+  bench::Table& finding = report.table("Finding by name, against a plain hash table", "member");
+  for (const int64_t size : report.sizes({10'000, 100'000, 1'000'000})) {
+    const auto names = std::make_shared<std::vector<std::string>>();
+    const auto shape = std::make_shared<std::shared_ptr<Shape>>();
+    const auto table = std::make_shared<std::unordered_map<std::string, uint32_t>>();
+    const auto prepare = [=] {
+      if (!names->empty()) return;
+      *names = shuffled_names(size);
+      *shape = make_wide(size);
+      for (int64_t i = 0; i < size; ++i) {
+        table->emplace(bench::member_name("Product", static_cast<uint32_t>(i)), i);
+      }
+    };
+    finding.add(size, "find", [=] {
+      prepare();
+      return bench::cpu_seconds([&] {
+        HMember found = 0;
+        for (const std::string& name : *names) {
+          require(OlvOtlFindMember((*shape)->outline.handle(), name.c_str(), &found));
+        }
+      });
+    });
+    finding.add(size, "hash table", [=] {
+      prepare();
+      return bench::cpu_seconds([&] {
+        for (const std::string& name : *names) {
+          if (table->find(name.c_str()) == table->end()) throw std::logic_error("a name is gone");
+        }
+      });
+    });
+  }
+}
+
 // A call that reads one link of a member, in a process with one thread and beside others that
 // sleep: locks cost more once a process has several.
 void measure_calls(bench::Report& report) {
@@ -182,6 +229,7 @@ int run(int argc, char** argv) {
   bench::Report report(argc, argv, "Outlines of unusual shape, and a single call");
   measure_calls(report);
   measure_wide(report);
+  measure_finding(report);
   measure_chains(report);
   return report.run();
 }

@@ -30,12 +30,6 @@ MemberInfoRecord blank(const std::string& name) {
   return record;
 }
 
-std::string numbered(const char* prefix, uint32_t number) {
-  char name[96];
-  std::snprintf(name, sizeof name, "%s %07u", prefix, static_cast<unsigned>(number));
-  return name;
-}
-
 constexpr size_t kSizes = 10;
 
 std::array<HMember, kSizes> add_sizes(HOutline h, const OpenOutline& outline, HMember base) {
@@ -48,10 +42,10 @@ std::array<HMember, kSizes> add_sizes(HOutline h, const OpenOutline& outline, HM
 
 void add_texts(HOutline h, HMember member, uint32_t number, const Details& details) {
   if (details.aliases) {
-    const std::string alias = numbered("Article of the catalogue", number);
+    const std::string alias = member_name("Article of the catalogue", number);
     require_ok(OlvOtlSetMemberAlias(h, member, nullptr, alias.c_str()), "set an alias");
     if (number % 2 == 0) {
-      const std::string other = numbered("The same article in many more words", number);
+      const std::string other = member_name("The same article in many more words", number);
       require_ok(OlvOtlSetMemberAlias(h, member, kLongTable, other.c_str()), "set an alias");
     }
   }
@@ -81,6 +75,12 @@ void grow_bushes(const OpenOutline& outline, HMember top, int64_t count, Added a
 }
 
 }  // namespace
+
+std::string member_name(const char* prefix, uint32_t number) {
+  char name[96];
+  std::snprintf(name, sizeof name, "%s %07u", prefix, static_cast<unsigned>(number));
+  return name;
+}
 
 TempFolder::TempFolder() : path_(std::filesystem::temp_directory_path() / "kepotl-bench-XXXXXX") {
   if (mkdtemp(path_.data()) == nullptr) {
@@ -131,7 +131,7 @@ HMember OpenOutline::add_dimension(const std::string& name, int16_t category) co
 }
 
 HMember OpenOutline::add_member(HMember parent, const char* prefix, uint32_t number) const {
-  MemberInfoRecord record = blank(numbered(prefix, number));
+  MemberInfoRecord record = blank(member_name(prefix, number));
   record.consolidation = static_cast<int16_t>(number % 4);
   HMember added = 0;
   require_ok(OlvOtlAddMemberEx(handle_, &record, parent, 0, &added, kMemberOption), "add a member");

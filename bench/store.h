@@ -9,6 +9,9 @@
 
 namespace bench {
 
+// "Product 0000017".
+std::string member_name(const char* prefix, uint32_t number);
+
 // A new temporary folder, removed with everything in it at the end.
 class TempFolder {
  public:
@@ -57,7 +60,7 @@ class OpenOutline {
   void write(const Store& store, const char* object) const;
 
   // Adds a dimension as the first one, or a member as the first child of `parent`. `number` makes
-  // the name: "Product 0000017".
+  // the name.
   HMember add_dimension(const std::string& name, int16_t category = kCategoryNone) const;
   HMember add_member(HMember parent, const char* prefix, uint32_t number) const;
 

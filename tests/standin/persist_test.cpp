@@ -128,6 +128,15 @@ TEST_F(Persist, EverythingComesBackAsItWas) {
   EXPECT_TRUE(stored() == dump(h_));
 }
 
+// The file was written by the first engine from the same outline.
+TEST_F(Persist, AFileKeptFromTheFirstVersionOpens) {
+  build_rich_outline();
+  const std::string rich = dump(h_);
+  ASSERT_EQ(write(), 0);
+  write_file(file(), read_file(STANDIN_KEPT_FILES "/outline_1"));
+  EXPECT_TRUE(stored() == rich);
+}
+
 TEST_F(Persist, DamageIsRefused) {
   build_rich_outline();
   const std::string rich = dump(h_);
