@@ -41,7 +41,7 @@ final class SampleOutline extends ExternalResource {
         new Changes().comment("what is sold")));
     Member size = outline.create(Place.lastDimension(), new NewMember("Size")
         .add(new NewMember("Small")).add(new NewMember("Large")));
-    outline.categorise(size, DimensionCategory.ATTRIBUTE);
+    outline.makeAttributeDimension(size, (short) 4);
     Member year = outline.create(Place.firstDimension(), new NewMember("Year")
         .add(new NewMember("H1").add(new NewMember("Jan"))).add(new NewMember("H2")));
     outline.categorise(year, DimensionCategory.TIME);
@@ -88,6 +88,8 @@ final class SampleOutline extends ExternalResource {
     for (Member dimension : outline.dimensions()) {
       text.append(outline.generations().given(dimension)).append(outline.levels().given(dimension))
           .append(dimension.category()).append(dimension.storageTypeCode())
+          .append(dimension.category() == DimensionCategory.ATTRIBUTE
+              ? dimension.attributeTypeCode() : 0)
           .append(dimension.isHybridAnalysisEnabled()).append('\n');
       try (Stream<Member> all = outline.subtree(dimension, details)) {
         all.forEach(m -> text.append(m.generation()).append(m.name()).append(m.consolidation())

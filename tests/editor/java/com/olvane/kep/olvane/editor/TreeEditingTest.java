@@ -69,7 +69,7 @@ public class TreeEditingTest {
   }
 
   @Test
-  public void anOutlineIsBuiltChangedUndoneAndSaved() {
+  public void anOutlineIsBuiltChangedUndoneAndSaved() throws Exception {
     open.open(user);
     expect("");
     menu("Edit", "Add Dimension");

@@ -9,8 +9,10 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Store;
 import java.util.ConcurrentModificationException;
+import java.util.concurrent.Callable;
 import java.util.stream.Collectors;
 import javax.swing.JTree;
+import javax.swing.SwingUtilities;
 import javax.swing.tree.TreePath;
 import org.junit.rules.ExternalResource;
 
@@ -35,15 +37,26 @@ final class WindowOutline extends ExternalResource {
   }
 
   /** Opens the window. */
-  void open(RobotUser user) {
-    editor = RobotUser.onEventThread(() -> new Editor(store));
+  void open(RobotUser user) throws Exception {
+    openBy(user, () -> null);
+  }
+
+  /** Opens the window by answering what is asked before. */
+  void openBy(RobotUser user, Callable<Void> answer) throws Exception {
     RobotUser.onEventThread(() -> {
-      editor.open("Test", "Test", null, opened -> window = editor.windows().get(0));
+      editor = new Editor(store);
       return null;
     });
+    SwingUtilities.invokeLater(() -> editor.open("Test", "Test", null, opened -> {
+      if (opened) {
+        window = editor.windows().get(0);
+      }
+    }));
+    answer.call();
     user.waitFor("the window", () -> window != null && window.frame().isShowing());
     workspace = window.workspace();
     tree = window.tree();
+    user.waitFor("the tree", () -> workspace.members() == 0 || tree.getRowCount() > 0);
   }
 
   /**

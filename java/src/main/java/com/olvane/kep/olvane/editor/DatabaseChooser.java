@@ -74,8 +74,10 @@ final class DatabaseChooser {
 
   DatabaseChooser(Editor editor) {
     this.editor = editor;
+    Theme.style(table);
     table.setName("databases");
     table.getAccessibleContext().setAccessibleName("Databases");
+    table.getColumnModel().getColumn(3).setPreferredWidth(160);
     table.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
     table.getInputMap().put(KeyStroke.getKeyStroke("ENTER"), "open");
     table.getActionMap().put("open", new AbstractAction() {

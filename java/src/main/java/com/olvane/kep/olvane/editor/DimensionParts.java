@@ -51,7 +51,11 @@ final class DimensionParts {
       outline.setStorageType(made, dimension.storageTypeCode());
     }
     if (dimension.categoryCode() != made.categoryCode()) {
-      outline.categorise(made, dimension.category());
+      if (dimension.category() == DimensionCategory.ATTRIBUTE) {
+        outline.makeAttributeDimension(made, dimension.attributeTypeCode());
+      } else {
+        outline.categorise(made, dimension.category());
+      }
       outline.move(made, place);
     }
     if (dimension.isHybridAnalysisEnabled() != made.isHybridAnalysisEnabled()) {

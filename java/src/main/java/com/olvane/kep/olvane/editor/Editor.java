@@ -63,7 +63,7 @@ final class Editor {
     Thread opening = new Thread(() -> {
       try {
         Outline outline = store.edit(application, database);
-        Instant found = new UnsavedWork(store, application, database).found();
+        StoredDatabase found = new UnsavedWork(store, application, database).found();
         StoredDatabase stored = stored(application, database);
         SwingUtilities.invokeLater(() -> {
           if (found == null) {
@@ -98,13 +98,13 @@ final class Editor {
 
   // ---- What speaks against opening as usual ----
 
-  private void offer(Outline outline, Instant found, StoredDatabase stored, Component parent,
+  private void offer(Outline outline, StoredDatabase found, StoredDatabase stored, Component parent,
       Consumer<Boolean> opened) {
     String name = outline.applicationName() + "." + outline.databaseName();
     Object[] answers = {"Restore", "Discard", "Cancel"};
     int answer = JOptionPane.showOptionDialog(parent,
-        "There is unsaved work on " + name + " of " + time(found) + ".\n"
-            + (stored != null && stored.saved().isAfter(found)
+        "There is unsaved work on " + name + " of " + time(found.saved()) + ".\n"
+            + (stored != null && stored.saved().isAfter(found.saved())
                 ? "The outline was saved since, " + time(stored.saved())
                     + "; what is restored knows nothing of that.\n" : "")
             + "Restore it to go on with it; the database keeps what is saved until you save.",
@@ -115,7 +115,7 @@ final class Editor {
     try {
       if (answer == 0) {
         work.found();
-        show(Workspace.ofFound(store, work.open(), outline, stored == null ? 0 : stored.members()));
+        show(Workspace.ofFound(store, work.open(), outline, found.members()));
       } else if (answer == 1) {
         work.found();
         work.remove();

@@ -57,6 +57,7 @@ final class FindingsPane extends JPanel {
     summary.setName("findings summary");
     summary.setBorder(BorderFactory.createEmptyBorder(8, 10, 8, 10));
     table = new JTable(model);
+    Theme.style(table);
     table.setName("findings");
     table.getAccessibleContext().setAccessibleName("Findings");
     table.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);

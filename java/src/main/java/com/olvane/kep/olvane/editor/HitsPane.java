@@ -62,6 +62,7 @@ final class HitsPane extends JPanel {
     this.workspace = workspace;
     this.search = search;
     table = new JTable(model);
+    Theme.style(table);
     table.setName("hits");
     table.getAccessibleContext().setAccessibleName("Members found");
     table.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);

@@ -147,13 +147,7 @@ final class MemberRenderer extends JComponent implements TreeCellRenderer, Acces
   protected void paintComponent(Graphics graphics) {
     Graphics2D g = (Graphics2D) graphics.create();
     g.setRenderingHint(RenderingHints.KEY_ANTIALIASING, RenderingHints.VALUE_ANTIALIAS_ON);
-    Object hints = java.awt.Toolkit.getDefaultToolkit().getDesktopProperty("awt.font.desktophints");
-    if (hints instanceof java.util.Map) {
-      g.addRenderingHints((java.util.Map<?, ?>) hints);
-    } else {
-      g.setRenderingHint(
-          RenderingHints.KEY_TEXT_ANTIALIASING, RenderingHints.VALUE_TEXT_ANTIALIAS_ON);
-    }
+    Theme.smoothText(g);
     Palette palette = Theme.palette();
     if (selected || dropTarget) {
       g.setColor(dropTarget || tree.isFocusOwner() ? palette.selection : palette.hover);

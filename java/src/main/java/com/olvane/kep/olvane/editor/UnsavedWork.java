@@ -1,14 +1,12 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Outline;
-import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Store;
 import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.nio.charset.StandardCharsets;
 import java.security.MessageDigest;
 import java.security.NoSuchAlgorithmException;
-import java.time.Instant;
 
 /**
  * Keeps the unsaved work on one outline aside, in one local object of the store, so that it is
@@ -41,12 +39,12 @@ final class UnsavedWork {
     }
   }
 
-  /** When work was kept that is still there; null when there is none. */
-  Instant found() {
+  /** Work that was kept and is still there; null when there is none. */
+  StoredDatabase found() {
     for (StoredDatabase one : store.localObjects().list()) {
       if (one.database().equals(object)) {
         kept = true;
-        return one.saved();
+        return one;
       }
     }
     return null;
@@ -71,7 +69,7 @@ final class UnsavedWork {
     try {
       store.localObjects().remove(object);
       kept = false;
-    } catch (StatusException | OutlineException e) {
+    } catch (StatusException | IllegalStateException e) {
       // It is open while what was found in it is being edited, and goes when that is closed.
     }
   }

@@ -74,9 +74,16 @@ public final class LocalObjects {
    * Removes a local object.
    *
    * @param name the name of the object
-   * @throws StatusException if there is none, or it is open
+   * @throws StatusException if there is none, or somebody else has it open
+   * @throws IllegalStateException if this store has it open
    */
   public void remove(String name) {
-    store.session().deleteDatabase(store.localContext(), APPLICATION, name);
+    String object = APPLICATION + "." + name;
+    store.login().beginEditing(object);
+    try {
+      store.session().deleteDatabase(store.localContext(), APPLICATION, name);
+    } finally {
+      store.login().endEditing(object);
+    }
   }
 }

@@ -5,6 +5,7 @@ import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
+import com.olvane.kep.olvane.defs.outline.AttributeType;
 import com.olvane.kep.olvane.defs.outline.DimensionStorageType;
 import com.olvane.kep.olvane.defs.outline.VerifyFinding;
 import java.util.ArrayList;
@@ -157,9 +158,23 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param category the category
    */
   public void categorise(Member dimension, DimensionCategory category) {
+    categorise(dimension, category, null);
+  }
+
+  /**
+   * Makes a dimension an attribute dimension of a type.
+   *
+   * @param dimension the dimension
+   * @param type the number of the type, as {@link Member#attributeTypeCode} tells it
+   */
+  public void makeAttributeDimension(Member dimension, short type) {
+    categorise(dimension, DimensionCategory.ATTRIBUTE, new AttributeType(type));
+  }
+
+  private void categorise(Member dimension, DimensionCategory category, AttributeType type) {
     access.edit("set the category", dimension.name(),
         (i, o) -> OutlineJni.assignMemberDimensionCategory(i, o, dimension.handle(),
-            new com.olvane.kep.olvane.defs.outline.DimensionCategory(category.code()), null));
+            new com.olvane.kep.olvane.defs.outline.DimensionCategory(category.code()), type));
   }
 
   /**

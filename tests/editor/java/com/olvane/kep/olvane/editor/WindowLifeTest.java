@@ -1,0 +1,241 @@
+package com.olvane.kep.olvane.editor;
+
+import static org.hamcrest.CoreMatchers.containsString;
+import static org.hamcrest.MatcherAssert.assertThat;
+import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertTrue;
+
+import com.olvane.kep.olvane.outline.Changes;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NewMember;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Place;
+import com.olvane.kep.olvane.outline.Store;
+import java.io.IOException;
+import java.nio.file.Files;
+import java.nio.file.Paths;
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.List;
+import java.util.stream.IntStream;
+import javax.swing.JButton;
+import javax.swing.JLabel;
+import javax.swing.JTextField;
+import javax.swing.SwingUtilities;
+import org.junit.Rule;
+import org.junit.Test;
+import org.junit.rules.RuleChain;
+
+/** Large outlines, other processes, full disks: what a window lives through. */
+public class WindowLifeTest {
+  private static final int WIDE = 100_000;
+  private static final int LONGEST_PAUSE_MILLIS = 400;
+
+  private final WindowRule screen = new WindowRule();
+  private final WindowOutline open = new WindowOutline();
+  @Rule public final RuleChain rules = RuleChain.outerRule(screen).around(open);
+
+  private final RobotUser user = screen.user;
+
+  private void press(String button) throws InterruptedException {
+    JButton found =
+        user.find(JButton.class, button, one -> button.equals(one.getText()));
+    // Nobody manages windows here, and one that has just come may not hear of the first click.
+    for (int i = 0; i < 3 && RobotUser.onEventThread(found::isShowing); i++) {
+      user.click(found);
+      for (int wait = 0; wait < 50 && RobotUser.onEventThread(found::isShowing); wait++) {
+        Thread.sleep(20);
+      }
+    }
+  }
+
+  private String dialogText(String part) {
+    return user.find(JLabel.class, "a sentence with " + part,
+        one -> one.getText() != null && one.getText().contains(part)).getText();
+  }
+
+  /** Types a name over the one that is proposed. */
+  private void name(String name) {
+    JTextField field = user.find(JTextField.class, "name");
+    user.waitFor("the name to type over", () -> field.getSelectedText() != null);
+    user.type(name);
+    user.key("ENTER");
+  }
+
+  /** Makes the outline before a window has it: one dimension with so many members. */
+  private void fill(int members) {
+    try (Outline outline = open.store.edit("Test", "Test")) {
+      outline.create(Place.firstDimension(), new NewMember("Product"));
+      Member product = outline.find("Product").get();
+      outline.build(Place.firstBelow(product), () -> IntStream.range(0, members)
+          .mapToObj(i -> new NewMember("Member " + i, new Changes().comment("number " + i)))
+          .iterator());
+      outline.save();
+    }
+  }
+
+  private String lastRow() {
+    return open.tree.getPathForRow(open.tree.getRowCount() - 1).getLastPathComponent().toString();
+  }
+
+  /** Another virtual machine of this class path, which runs a main class. */
+  private static Process other(String... arguments) throws IOException {
+    List<String> command =
+        new ArrayList<>(Arrays.asList(System.getProperty("e2e.java").split("\\|")));
+    command.addAll(Arrays.asList("-cp", System.getProperty("java.class.path"),
+        "-Djava.library.path=" + System.getProperty("java.library.path"),
+        "-Djava.io.tmpdir=" + System.getProperty("java.io.tmpdir"), "-Deditor.pause=100"));
+    command.addAll(Arrays.asList(arguments));
+    return new ProcessBuilder(command).redirectError(ProcessBuilder.Redirect.INHERIT).start();
+  }
+
+  @Test
+  public void aHundredThousandChildrenScrollWithoutPausesAndAreNotHeld() throws Exception {
+    fill(WIDE);
+    open.open(user);
+    long[] longest = {0};
+    Thread watch = new Thread(() -> {
+      try {
+        while (!Thread.interrupted()) {
+          long asked = System.nanoTime();
+          SwingUtilities.invokeAndWait(() -> {});
+          longest[0] = Math.max(longest[0], System.nanoTime() - asked);
+          Thread.sleep(10);
+        }
+      } catch (InterruptedException | java.lang.reflect.InvocationTargetException e) {
+        // The test is over.
+      }
+    });
+    user.click(open.tree, user.row(open.tree, "Product"));
+    watch.start();
+    user.key("RIGHT");
+    user.waitFor("the children", () -> open.tree.getRowCount() == WIDE + 1);
+    for (int i = 0; i < 20; i++) {
+      user.key("PAGE_DOWN");
+    }
+    user.key("END");
+    user.waitFor("the last one", () -> lastRow().equals("Member " + (WIDE - 1)));
+    user.wheel(open.tree, -30);
+    watch.interrupt();
+    watch.join();
+    assertTrue("the window was frozen for " + longest[0] / 1_000_000 + " ms",
+        longest[0] < LONGEST_PAUSE_MILLIS * 1_000_000L);
+    int held = RobotUser.onEventThread(() -> open.window.tree().pagedModel().nodes().size());
+    assertTrue(held + " nodes are held", held < 30_000);
+
+    user.key("END");
+    user.waitFor("the last one to be selected", () -> open.workspace.selection().size() == 1
+        && open.workspace.selection().get(0).name().equals("Member " + (WIDE - 1)));
+    user.key("DELETE");
+    user.waitFor("one less", () -> lastRow().equals("Member " + (WIDE - 2)));
+    user.key("ctrl Z");
+    user.waitFor("it to be back", () -> lastRow().equals("Member " + (WIDE - 1)));
+
+    user.key("ctrl F");
+    user.type("member 5678");
+    // Itself and those with one more digit.
+    user.waitFor("the hits", () -> "1 of 11".equals(count()));
+    user.waitFor("the first hit to be selected", () -> selected().equals("Member 5678"));
+    user.key("F3");
+    user.waitFor("the next one", () -> selected().equals("Member 56780"));
+    user.key("shift F3");
+    user.key("shift F3");
+    user.waitFor("the last one", () -> selected().equals("Member 56789"));
+    assertEquals("Member 56789", RobotUser.onEventThread(
+        () -> open.tree.getSelectionPath().getLastPathComponent().toString()));
+  }
+
+  private String selected() {
+    return open.workspace.selection().isEmpty() ? ""
+        : open.workspace.selection().get(0).name();
+  }
+
+  private String count() {
+    JLabel label = RobotUser.showing(JLabel.class, one -> "search count".equals(one.getName()));
+    return label == null ? "" : label.getText();
+  }
+
+  @Test
+  public void workThatWasNotSavedOutlivesTheProgram() throws Exception {
+    fill(3);
+    Process killed = other(KilledEditor.class.getName(), open.folder);
+    assertEquals("killed in the middle", KilledEditor.EXIT, killed.waitFor());
+
+    open.openBy(user, () -> {
+      assertThat(dialogText("unsaved work"), containsString("Test.Test"));
+      press("Restore");
+      return null;
+    });
+    open.expect(user, "Product(Member 0 Member 1 Member 2 Precious)");
+    assertTrue("it is not saved yet", open.workspace.dirty());
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("RIGHT");
+    user.click(open.tree, user.row(open.tree, "Precious"));
+    user.key("ctrl N");
+    name("More");
+    open.expect(user, "Product(Member 0 Member 1 Member 2 Precious More)");
+    user.key("ctrl S");
+    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    user.key("ctrl W");
+    user.waitFor("the window to close", () -> !open.window.frame().isDisplayable());
+    try (Store again = Store.open(open.folder, "tester");
+        Outline saved = again.browse("Test", "Test")) {
+      assertEquals(
+          "Product(Member 0 Member 1 Member 2 Precious More)", WindowOutline.shape(saved));
+      assertEquals("nothing is kept any more", 0, again.localObjects().list().size());
+    }
+  }
+
+  @Test
+  public void anOutlineThatAnotherProcessEditsCanBeRead() throws Exception {
+    fill(2);
+    Process peer = other(LockHolder.class.getName(), open.folder);
+    assertTrue(peer.getInputStream().read() >= 0);
+    open.openBy(user, () -> {
+      assertThat(dialogText("is being edited by somebody else"), containsString("Test.Test"));
+      press("Open to Read");
+      return null;
+    });
+    open.expect(user, "Product(Member 0 Member 1)");
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("RIGHT");
+    user.click(open.tree, user.row(open.tree, "Member 0"));
+    user.key("DELETE");
+    user.key("ctrl N");
+    open.expect(user, "Product(Member 0 Member 1)");
+    peer.getOutputStream().close();
+    assertEquals(0, peer.waitFor());
+  }
+
+  @Test
+  public void aFullDiskIsToldAndTheWorkCanBeSavedLater() throws Exception {
+    fill(2000);
+    open.open(user);
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("ctrl shift N");
+    name("New");
+    user.waitFor("the new member", () -> open.workspace.members() == 2002);
+    limitFileSize("16384");
+    try {
+      user.key("ctrl S");
+      assertThat(dialogText("The disk is full"), containsString("save the outline"));
+    } finally {
+      limitFileSize("unlimited");
+    }
+    press("OK");
+    assertTrue(open.workspace.dirty());
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("ctrl S");
+    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    try (Outline saved = open.store.browse("Test", "Test")) {
+      assertEquals(2001, saved.find("Product").get().childCount());
+    }
+  }
+
+  /** Sets the size that this process may write to one file. */
+  private static void limitFileSize(String bytes) throws IOException, InterruptedException {
+    String process = Files.readSymbolicLink(Paths.get("/proc/self")).toString();
+    assertEquals(0, new ProcessBuilder("prlimit", "--pid", process, "--fsize=" + bytes + ":")
+        .inheritIO().start().waitFor());
+  }
+}
