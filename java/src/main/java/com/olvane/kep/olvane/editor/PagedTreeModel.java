@@ -22,9 +22,9 @@ import javax.swing.tree.TreePath;
  * event thread.
  */
 final class PagedTreeModel implements TreeModel {
-  static final int PAGE = 128;
+  static final int PAGE = 64;
   /** So many pages are kept besides those with nodes that are in use. */
-  private static final int KEPT_PAGES = 150;
+  private static final int KEPT_PAGES = 300;
   /** So many pages wait at most: whoever scrolls fast doesn't look at what rushes by. */
   private static final int WAITING_PAGES = 6;
 
