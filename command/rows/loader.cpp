@@ -20,7 +20,9 @@ Loader::Loader(const Outline& outline, LoadMode mode, bool clear_empty, Report& 
       report_(report) {
   for (const Member member : subtree(outline.root())) {
     if (repeats_) break;
-    repeats_ = outline.find(member.name()) != member;
+    const MemberInfoRecord record = member.record();
+    repeats_ = outline.find(outside(record.name)) != member;
+    shared_ = shared_ || repeats_ || record.shareOption == kShareShared;
   }
   for (const Member dimension : children(outline.root())) {
     if (dimension.record().dimensionCategory == kCategoryAttribute) attribute_dimensions_ = true;
@@ -79,6 +81,13 @@ uint64_t Loader::waiting_key(const std::string& parent) const {
   return key_of(parts.empty() ? parent : parts.back().name);
 }
 
+// Children belong to the member itself, which may come behind the shared ones of its name.
+bool Loader::only_shared(const Named& named) {
+  if (named.member) return named.member.shared();
+  return std::all_of(named.several.begin(), named.several.end(),
+                     [](Member member) { return member.shared(); });
+}
+
 // False when there is no such member yet, or when it is not clear which one is meant.
 bool Loader::resolve(const std::string& text, Member* member, std::string* problem) {
   if (last_parent_ && text == last_parent_text_) {
@@ -88,6 +97,7 @@ bool Loader::resolve(const std::string& text, Member* member, std::string* probl
   Named named;
   if (!repeats_) named.member = outline_.find(text);
   if (!named.member) named = look_up(outline_, text);
+  if (shared_ && !shared_parents_ && only_shared(named)) return false;
   if (!named.several.empty()) {
     *problem = fmt::format("{} members are called '{}'; name the parent by its path, such as {}",
                            named.several.size(), text, path_of(outline_, named.several.front()));
@@ -132,7 +142,7 @@ void Loader::settle(Row& row) {
     return;
   }
   const Placed placed = place(row, parent);
-  if (placed == Placed::kDone) release(row.name);
+  if (placed == Placed::kDone && !is_shared(row)) release(row.name);
   if (placed == Placed::kBlocked) blocked_.push_back(row);
 }
 
@@ -241,6 +251,7 @@ Member Loader::add(const Row& row, Member parent, bool repeat) {
   }
   if (repeat && !repeats_) repeats_ = static_cast<bool>(outline_.find(row.name));
   if (row.name == last_parent_text_) last_parent_ = Member();  // the name may fit two now
+  shared_ = shared_ || record.shareOption == kShareShared;
   return outline_.add(record, parent, last_placed(parent), repeat);
 }
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "command/layer/outline.h"
+#include "command/layer/naming.h"
 #include "command/rows/fields.h"
 #include "command/rows/report.h"
 #include "command/rows/waiting_rows.h"
@@ -51,6 +51,7 @@ class Loader {
 
   std::string check(const Row& row) const;
   bool resolve(const std::string& text, Member* member, std::string* problem);
+  static bool only_shared(const Named& named);
   void settle(Row& row);
   Placed place(const Row& row, Member parent);
   Member find_existing(const Row& row, Member parent, std::string* problem);
@@ -60,6 +61,8 @@ class Loader {
   void apply_details(const Row& row, Member member, bool fresh);
   void release(const std::string& name);
   void retry_blocked();
+  void place_below_shared();
+  std::vector<Row> take_waiting();
   void reject_waiting();
   void associate_attributes();
   Member last_placed(Member parent);
@@ -88,6 +91,8 @@ class Loader {
   std::vector<Field> fields_;
   std::vector<std::string> tables_;  // alias tables by field, as the API spells them
   bool repeats_ = false;             // some name has several holders
+  bool shared_ = false;              // some member is shared
+  bool shared_parents_ = false;      // nothing else will come: they may have children
   bool attribute_dimensions_ = false;
   WaitingRows waiting_;
   std::vector<uint32_t> released_;  // chains of rows whose parent has come

@@ -12,6 +12,7 @@ namespace command {
 
 void Loader::finish() {
   retry_blocked();
+  place_below_shared();
   reject_waiting();
   associate_attributes();
 }
@@ -34,8 +35,8 @@ void Loader::retry_blocked() {
   blocked_.clear();
 }
 
-void Loader::reject_waiting() {
-  if (waiting_.count() == 0) return;
+// Takes all rows that wait, in the file's order.
+std::vector<Row> Loader::take_waiting() {
   std::vector<Row> rows;
   for (uint32_t chain; (chain = waiting_.take_any()) != WaitingRows::kNone;) {
     while (chain != WaitingRows::kNone) {
@@ -44,6 +45,19 @@ void Loader::reject_waiting() {
       rows.push_back(std::move(row));
     }
   }
+  std::sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) { return a.line < b.line; });
+  return rows;
+}
+
+// A shared member whose name no other member has may have children; verification says so.
+void Loader::place_below_shared() {
+  if (!shared_ || waiting_.count() == 0) return;
+  shared_parents_ = true;
+  for (Row& row : take_waiting()) take(row);
+}
+
+void Loader::reject_waiting() {
+  const std::vector<Row> rows = take_waiting();
   std::unordered_map<uint64_t, size_t> by_name;
   for (size_t i = 0; i < rows.size(); ++i) by_name.emplace(key_of(rows[i].name), i);
   // Where each row's chain of parents ends: at a row whose parent nobody knows, or in a circle.
@@ -65,11 +79,7 @@ void Loader::reject_waiting() {
     }
     for (const size_t one : path) states[one] = end;
   }
-  std::vector<size_t> order(rows.size());
-  for (size_t i = 0; i < order.size(); ++i) order[i] = i;
-  std::sort(order.begin(), order.end(),
-            [&](size_t a, size_t b) { return rows[a].line < rows[b].line; });
-  for (const size_t i : order) {
+  for (size_t i = 0; i < rows.size(); ++i) {
     const Row& row = rows[i];
     const bool known = by_name.count(waiting_key(row.parent)) != 0;
     report_.reject(
