@@ -3,9 +3,11 @@
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <nlohmann/json.hpp>
 
@@ -21,13 +23,26 @@ namespace {
 
 }  // namespace
 
-Output::Output(const std::string& path)
-    : path_(path), descriptor_(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
+Output::Output(const std::string& path) : path_(path) {
+  struct stat state {};
+  const bool exists = lstat(path.c_str(), &state) == 0;
+  if (exists && !S_ISREG(state.st_mode)) {
+    descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  } else if (exists && access(path.c_str(), W_OK) != 0) {
+    descriptor_ = -1;
+  } else {
+    // A new name gets the mode that the user's mask leaves, as any new file does.
+    pending_ = fmt::format("{}.{}.tmp", path, getpid());
+    descriptor_ = open(pending_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW,
+                       exists ? state.st_mode & 0777 : 0666);
+  }
   if (descriptor_ < 0) fail_to_write(path_, errno);
 }
 
 Output::~Output() {
-  if (!path_.empty() && descriptor_ >= 0) close(descriptor_);
+  if (path_.empty() || descriptor_ < 0) return;
+  close(descriptor_);
+  if (!pending_.empty()) unlink(pending_.c_str());
 }
 
 void Output::flush() {
@@ -51,11 +66,17 @@ void Output::finish() {
   if (path_.empty()) return;
   const int descriptor = descriptor_;
   descriptor_ = -1;
-  if (close(descriptor) != 0) fail_to_write(path_, errno);
+  const bool written = close(descriptor) == 0;
+  if (written && (pending_.empty() || rename(pending_.c_str(), path_.c_str()) == 0)) return;
+  const int error = errno;
+  if (!pending_.empty()) unlink(pending_.c_str());
+  fail_to_write(path_, error);
 }
 
 void complain(std::string_view message) {
-  const std::string text = fmt::format("outline: {}\n", message);
+  // A line of progress may stand there.
+  const char* const clear = terminal_width(2) > 0 ? "\r\033[K" : "";
+  const std::string text = fmt::format("{}outline: {}\n", clear, message);
   if (::write(2, text.data(), text.size()) < 0) return;  // there is nobody left to tell
 }
 

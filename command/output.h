@@ -9,12 +9,13 @@
 namespace command {
 
 // Writes to stdout or to a file, in large pieces. A write that fails is thrown as a Failure; when
-// the reader of a pipe has gone, the process ends at once and quietly.
+// the reader of a pipe has gone, the process ends at once and quietly. A file takes its name only
+// when it is finished: a write that fails, or is interrupted, leaves what was there.
 class Output {
  public:
   // stdout
   Output() = default;
-  // A file, written anew.
+  // A file, written anew; a device or a named pipe is written to as it is.
   explicit Output(const std::string& path);
   ~Output();
   Output(const Output&) = delete;
@@ -41,6 +42,7 @@ class Output {
   static constexpr size_t kPiece = 1 << 16;
 
   std::string path_;
+  std::string pending_;  // name until finish(), empty when that is the path
   int descriptor_ = 1;
   std::string buffer_;
 };
