@@ -4,7 +4,6 @@
 
 #include "command/commands.h"
 #include "command/edits/edits.h"
-#include "command/layer/text.h"
 #include "command/rows/source.h"
 #include "command/subcommand.h"
 
@@ -17,26 +16,6 @@ struct ApplyOptions {
   bool dry_run = false;
 };
 
-// Calls take(line, number) for each line of a source.
-template <typename Take>
-void for_each_line(Source& source, Take&& take) {
-  std::string line;
-  uint64_t number = 0;
-  for (;;) {
-    const std::string& piece = source.next();
-    if (piece.empty()) break;
-    for (size_t at = 0; at < piece.size();) {
-      const size_t end = piece.find('\n', at);
-      line.append(piece, at, end == std::string::npos ? end : end - at);
-      if (end == std::string::npos) break;
-      take(line, ++number);
-      line.clear();
-      at = end + 1;
-    }
-  }
-  if (!line.empty()) take(line, ++number);
-}
-
 int apply(Session& session, const ApplyOptions& options) {
   const Store store = session.open();
   Source source(options.file);
@@ -44,9 +23,8 @@ int apply(Session& session, const ApplyOptions& options) {
   ScriptParser parser;
   Progress progress(session, "applying", source.size());
   uint64_t edits = 0;
-  for_each_line(source, [&](const std::string& line, uint64_t number) {
+  read_lines(source, [&](const std::string& line, uint64_t number) {
     try {
-      if (!is_utf8(line)) throw Failure("the line is not UTF-8");
       Edit edit;
       if (!parser.parse(line, &edit)) return;
       perform(outline, edit);

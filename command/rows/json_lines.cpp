@@ -216,32 +216,10 @@ std::string text(const Object& object) {
 void load_json_lines(Source& source, const Outline& outline, Loader& loader, Report& report,
                      const std::function<void()>& step) {
   Lines lines(outline, loader, report);
-  std::string line;
-  uint64_t number = 0;
-  const auto take = [&] {
-    ++number;
-    if (line.find_first_not_of(" \t\r") != std::string::npos) {
-      if (!is_utf8(line)) {
-        throw Failure(fmt::format("{}:{}: the line is not UTF-8; save the file as UTF-8",
-                                  source.name(), number));
-      }
-      lines.take(line, number);
-    }
-    line.clear();
+  read_lines(source, [&](const std::string& line, uint64_t number) {
+    if (line.find_first_not_of(" \t\r") != std::string::npos) lines.take(line, number);
     step();
-  };
-  for (;;) {
-    const std::string& piece = source.next();
-    if (piece.empty()) break;
-    for (size_t at = 0; at < piece.size();) {
-      const size_t end = piece.find('\n', at);
-      line.append(piece, at, end == std::string::npos ? end : end - at);
-      if (end == std::string::npos) break;
-      take();
-      at = end + 1;
-    }
-  }
-  if (!line.empty()) take();
+  });
   lines.finish();
 }
 

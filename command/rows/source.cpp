@@ -10,6 +10,7 @@
 
 #include "command/layer/formatting.h"
 #include "command/layer/status.h"
+#include "command/layer/text.h"
 
 namespace command {
 namespace {
@@ -70,6 +71,32 @@ std::string Source::first_line() {
   }
   peeked_ = true;
   return piece_.substr(0, piece_.find_first_of("\r\n"));
+}
+
+void read_lines(Source& source, const std::function<void(const std::string&, uint64_t)>& take) {
+  std::string line;
+  uint64_t number = 0;
+  const auto end_line = [&] {
+    ++number;
+    if (!is_utf8(line)) {
+      throw Failure(fmt::format("{}:{}: the line is not UTF-8; save the file as UTF-8",
+                                source.name(), number));
+    }
+    take(line, number);
+    line.clear();
+  };
+  for (;;) {
+    const std::string& piece = source.next();
+    if (piece.empty()) break;
+    for (size_t at = 0; at < piece.size();) {
+      const size_t end = piece.find('\n', at);
+      line.append(piece, at, end == std::string::npos ? end : end - at);
+      if (end == std::string::npos) break;
+      end_line();
+      at = end + 1;
+    }
+  }
+  if (!line.empty()) end_line();
 }
 
 }  // namespace command

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace command {
@@ -37,5 +38,10 @@ class Source {
   bool ended_ = false;
   std::string piece_;
 };
+
+// Calls take(line, number) for each line, without its end. A line that is not UTF-8 is thrown as a
+// Failure.
+void read_lines(Source& source,
+                const std::function<void(const std::string& line, uint64_t number)>& take);
 
 }  // namespace command
