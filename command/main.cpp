@@ -9,6 +9,7 @@
 
 #include "command/commands.h"
 #include "command/layer/similar.h"
+#include "command/subcommand.h"
 
 namespace command {
 
@@ -79,6 +80,7 @@ int parse_and_run(int count, char** words) {
   Session session;
   session.store = "outlines";
   session.user = login_name();
+  wrap_help(app);
   app.require_subcommand(1);
   app.set_version_flag("--version",
                        "outline " KEPOTL_VERSION " (embedded engine " KEPOTL_VERSION ")",

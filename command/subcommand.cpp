@@ -71,7 +71,7 @@ Subcommand& Subcommand::number(const char* name, size_t* value, const char* help
 Subcommand& Subcommand::choice(const char* name, std::string* value,
                                const std::vector<std::string>& words, const char* help) {
   app_->add_option(name, *value, help)
-      ->check(CLI::IsMember(words))
+      ->check(CLI::IsMember(words).description(""))
       ->type_name(fmt::format("{}", fmt::join(words, "|")));
   return *this;
 }

@@ -43,6 +43,9 @@ class Subcommand {
   CLI::App* app_;
 };
 
+// Has the help of a program and of the subcommands that it gets wrapped to the terminal's width.
+void wrap_help(CLI::App& app);
+
 // Adds a subcommand that only holds others.
 CLI::App& add_group(CLI::App& app, const char* name, const char* description);
 
