@@ -77,9 +77,9 @@ class Colours {
       if (by_uda) {
         legend[colour] = rest ? "other UDAs" : names[order[i]];
       } else if (by_ == "level") {
-        legend[colour] = fmt::format(rest ? "Level {} and above" : "Level {}", colour - 1);
+        legend[colour] = numbered("Level", colour - 1, i == 0, rest ? " and above" : "");
       } else {
-        legend[colour] = fmt::format(rest ? "Generation {} and below" : "Generation {}", colour);
+        legend[colour] = numbered("Generation", colour, i == 0, rest ? " and below" : "");
       }
     }
     return legend;
@@ -88,6 +88,11 @@ class Colours {
   uint8_t of(uint32_t place) const { return colours_[of_member_[place]]; }
 
  private:
+  // The kind is told once: "Generation 1", "2", "3 and below".
+  static std::string numbered(const char* kind, size_t number, bool first, const char* end) {
+    return fmt::format("{}{}{}{}", first ? kind : "", first ? " " : "", number, end);
+  }
+
   const std::string& by_;
   std::map<std::string, size_t> groups_;  // of UDAs
   std::vector<uint32_t> of_member_;       // the group, by place
@@ -104,9 +109,9 @@ void weigh_leaves(std::vector<IcicleMember>* members) {
 }
 
 std::string summary(const Icicle& icicle, size_t members, const PictureOptions& options) {
-  std::string text =
-      fmt::format("{} members in {} generations. Width: {}. Colour: {}.", members, icicle.depths,
-                  options.width, options.colour == "uda" ? "first UDA" : options.colour);
+  std::string text = fmt::format("{} members in {} generations. Width: {}. Colour: {}.",
+                                 grouped(members), icicle.depths, options.width,
+                                 options.colour == "uda" ? "first UDA" : options.colour);
   if (icicle.rows < icicle.depths) {
     text += fmt::format(" What lies below the first {} generations is not drawn.", icicle.rows);
   }

@@ -11,6 +11,8 @@ namespace {
 constexpr unsigned kRowHeight = 20;
 constexpr unsigned kTop = 104;      // where the blocks begin
 constexpr unsigned kTextWidth = 7;  // of a character, as a guess for the legend
+constexpr unsigned kLegendLine = 18;
+constexpr unsigned kNarrowWindow = 480;  // in which no line of the legend is cut
 // Percent of the whole width from which on a block bears its name, and is set apart by a line.
 constexpr double kLeastLabel = 3;
 constexpr double kLeastSeparated = .4;
@@ -43,16 +45,6 @@ std::string escaped(const std::string& text) {
   return result;
 }
 
-// A whole number with separators, for people.
-std::string grouped(uint64_t number) {
-  std::string digits = std::to_string(number);
-  for (size_t i = digits.size(); i > 3;) {
-    i -= 3;
-    digits.insert(i, ",");
-  }
-  return digits;
-}
-
 std::string counted(uint64_t number, const char* one, const std::string& many) {
   return grouped(number) + ' ' + (number == 1 ? one : many);
 }
@@ -81,15 +73,23 @@ size_t characters(const std::string& text) {
   }));
 }
 
-std::string legend(const std::vector<std::string>& meanings) {
+// In as many lines as a narrow window needs, which are added to `lines`.
+std::string legend(const std::vector<std::string>& meanings, unsigned* lines) {
   std::string page;
   unsigned x = 12;
   for (size_t colour = 0; colour < meanings.size(); ++colour) {
     if (meanings[colour].empty()) continue;
+    const unsigned width = 34 + static_cast<unsigned>(characters(meanings[colour])) * kTextWidth;
+    if (x > 12 && x + width > kNarrowWindow) {
+      x = 12;
+      ++*lines;
+    }
+    const unsigned y = 57 + *lines * kLegendLine;
     page += "<g" + attribute("class", "c" + std::to_string(colour)) + "><rect" +
-            attribute("x", std::to_string(x)) + R"( y="57" width="12" height="12"/></g>)";
-    page += text_element(x + 17, 68, "key", meanings[colour]);
-    x += 34 + static_cast<unsigned>(characters(meanings[colour])) * kTextWidth;
+            attribute("x", std::to_string(x)) + attribute("y", std::to_string(y)) +
+            R"( width="12" height="12"/></g>)";
+    page += text_element(x + 17, y + 11, "key", meanings[colour]);
+    x += width;
   }
   return page;
 }
@@ -102,7 +102,10 @@ class Page {
       : icicle_(icicle), caption_(caption), name_(name), colour_(colour) {}
 
   std::string svg() const {
-    const unsigned height = kTop + icicle_.rows * kRowHeight + 12;
+    unsigned lines = 0;  // of the legend, beyond the first
+    const std::string keys = legend(caption_.legend, &lines);
+    const unsigned shift = lines * kLegendLine;
+    const unsigned height = kTop + shift + icicle_.rows * kRowHeight + 12;
     std::string page =
         R"(<svg id="picture" xmlns="http://www.w3.org/2000/svg" role="img" width="100%")" +
         attribute("height", std::to_string(height)) +
@@ -110,9 +113,9 @@ class Page {
         "</style>\n";
     page += text_element(12, 26, "title", caption_.title);
     page += text_element(12, 46, "summary", caption_.summary);
-    page += legend(caption_.legend);
-    page += text_element(12, 92, "detail", "");
-    page += "<g id=\"blocks\">\n";
+    page += keys;
+    page += text_element(12, 92 + shift, "detail", "");
+    page += "<g id=\"blocks\" transform=\"translate(0 " + std::to_string(shift) + ")\">\n";
     for (const IcicleBlock& block : icicle_.blocks) append(block, &page);
     page += "</g>\n<script><![CDATA[";
     page += kPictureScript;
@@ -159,6 +162,15 @@ class Page {
 };
 
 }  // namespace
+
+std::string grouped(uint64_t number) {
+  std::string digits = std::to_string(number);
+  for (size_t i = digits.size(); i > 3;) {
+    i -= 3;
+    digits.insert(i, ",");
+  }
+  return digits;
+}
 
 std::string write_picture(const Icicle& icicle, const PictureCaption& caption, PictureFormat format,
                           const std::function<std::string(uint32_t)>& name,

@@ -29,4 +29,7 @@ std::string write_picture(const Icicle& icicle, const PictureCaption& caption, P
                           const std::function<std::string(uint32_t)>& name,
                           const std::function<uint8_t(uint32_t)>& colour);
 
+// A whole number with separators, for people.
+std::string grouped(uint64_t number);
+
 }  // namespace command
