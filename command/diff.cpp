@@ -1,4 +1,5 @@
 // diff: two outlines, or an outline and an exported file.
+#include <future>
 #include <memory>
 
 #include "command/commands.h"
@@ -78,9 +79,13 @@ void write_json(Output& out, const Difference& one, bool first) {
 int run(Session& session, const DiffOptions& options) {
   const Store store = session.open();
   const bool file = options.name.empty();
-  const Outline before = store.scratch(options.before.application, options.before.name);
+  // Reading takes longer than comparing: both at once.
+  auto reading = std::async(std::launch::async, [&] {
+    return store.scratch(options.before.application, options.before.name);
+  });
   const Outline after = file ? store.empty(options.before.application, options.before.name)
                              : store.scratch(options.second, options.name);
+  const Outline before = reading.get();
   bool whole = true;
   if (file) whole = load_for_comparison(session, options.second, after);
   if (options.as_edits) {

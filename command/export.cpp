@@ -81,7 +81,7 @@ class Exporter {
     for (PlaceWalk walk(outline_, top_); walk; walk.advance(details.record)) {
       reader_.read(walk.member(), &details);
       note_repeat(walk.member(), details);
-      const MemberInfoRecord defaults = defaults_of(walk, details);
+      const MemberInfoRecord& defaults = defaults_.at(walk, details.record);
       bool found = false;
       for (size_t i = 0; i < columns_.size(); ++i) {
         if (used[i] || !says_something(columns_[i], walk.member(), details, defaults)) continue;
@@ -127,7 +127,7 @@ class Exporter {
     for (PlaceWalk walk(outline_, top_); walk; walk.advance(details.record)) {
       reader_.read(walk.member(), &details);
       require_utf8(details);
-      const MemberInfoRecord defaults = defaults_of(walk, details);
+      const MemberInfoRecord& defaults = defaults_.at(walk, details.record);
       text = "{\"parent\":" + json_text(walk.parent()) + ",\"name\":" + json_text(details.name);
       for (const Column& column : columns_) {
         if (!says_something(column, walk.member(), details, defaults)) continue;
@@ -175,10 +175,6 @@ class Exporter {
     reader_.want(std::move(details));
   }
 
-  static MemberInfoRecord defaults_of(const PlaceWalk& walk, const Details& details) {
-    return default_record(details.record, walk.at_dimension(), walk.below_attribute());
-  }
-
   void note_repeat(Member member, const Details& details) {
     if (!repeats_) repeats_ = outline_.find(details.name) != member;
   }
@@ -221,6 +217,7 @@ class Exporter {
   Member top_;
   Output& out_;
   DetailsReader reader_;
+  DefaultRecords defaults_;
   std::vector<Column> columns_;
   bool chosen_ = false;
   bool repeats_ = false;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <set>
+#include <unordered_set>
 
 #include "command/compare/match.h"
 #include "command/layer/naming.h"
@@ -39,11 +40,15 @@ class Comparison {
         take_(take) {}
 
   void run() {
-    compare_order(after_.root());
-    for (const Member member : subtree(after_.root())) {
+    compare_children(after_.root());
+    for (auto at = subtree(after_.root()).begin(); at;) {
+      const Member member = *at;
+      const size_t depth = at.depth();
       compare_member(member);
-      compare_order(member);
+      ++at;
+      if (at && at.depth() > depth) compare_children(member);
     }
+    if (!match_.lacks_some()) return;
     for (const Member member : subtree(before_.root())) {
       if (!match_.after_of(member)) {
         take_({Change::kRemoved, path_of(before_, member), "", "", ""});
@@ -58,35 +63,42 @@ class Comparison {
       take_({Change::kAdded, path_of(after_, after), "", "", ""});
       return;
     }
-    const std::string old_name = before.name();
-    std::string new_name = after.name();
-    if (old_name != new_name) {
-      take_({Change::kRenamed, path_of(after_, after), "", old_name, new_name});
-    }
-    const Member old_parent = before.parent();
-    const Member new_parent = after.parent();
-    const bool moved =
-        new_parent ? match_.before_of(new_parent) != old_parent : static_cast<bool>(old_parent);
-    if (moved) {
+    const bool same = fields_.same(before, after);
+    if (!same) compare_name(before, after);
+    if (moved_.count(after.handle()) != 0) {
       take_({Change::kMoved, path_of(after_, after), "", path_of(before_, before),
              path_of(after_, after)});
     }
+    if (same) return;
     for (FieldChange& change : fields_.changes(before, after)) {
       take_({Change::kField, path_of(after_, after), change.field.header(),
              std::move(change.before), std::move(change.after)});
     }
   }
 
-  // Those of the children that were below the same parent and have to move for the new order.
-  void compare_order(Member after_parent) {
+  void compare_name(Member before, Member after) {
+    const std::string old_name = before.name();
+    const std::string new_name = after.name();
+    if (old_name != new_name) {
+      take_({Change::kRenamed, path_of(after_, after), "", old_name, new_name});
+    }
+  }
+
+  // Tells those of the children that were below another parent, and those that were below the same
+  // one and have to move for the new order.
+  void compare_children(Member after_parent) {
     const Member before_parent = after_parent ? match_.before_of(after_parent) : before_.root();
-    if (after_parent && !before_parent) return;
+    const bool is_new = after_parent && !before_parent;
     std::vector<Member> stayed;  // in the new order
     bool in_order = true;
     Member last;
     for (const Member child : children(after_parent)) {
       const Member before = match_.before_of(child);
-      if (!before || before.parent() != before_parent) continue;
+      if (!before) continue;
+      if (is_new || before.parent() != before_parent) {
+        moved_.insert(child.handle());
+        continue;
+      }
       // The common case: the next one that stayed is the one that follows.
       if (in_order) {
         Member expected = last ? last.next() : before_parent.first_child();
@@ -127,6 +139,7 @@ class Comparison {
   const Outline& after_;
   Match match_;
   FieldComparison fields_;
+  std::unordered_set<HMember> moved_;  // of the second outline; known from their parents
   const std::function<void(const Difference&)>& take_;
 };
 

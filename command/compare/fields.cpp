@@ -45,9 +45,10 @@ FieldComparison::FieldComparison(const Outline& before, const Outline& after)
 }
 
 std::vector<FieldChange> FieldComparison::changes(Member before, Member after) const {
+  std::vector<FieldChange> changes;
+  if (same(before, after)) return changes;
   before_.read(before, &before_details_);
   after_.read(after, &after_details_);
-  std::vector<FieldChange> changes;
   if (same_tables_ && before_details_.aliases == after_details_.aliases &&
       same_everything(before_details_, after_details_)) {
     return changes;

@@ -2,10 +2,9 @@
 #include "command/compare/match.h"
 
 #include <map>
-#include <unordered_map>
 
 #include "command/compare/fields.h"
-#include "command/layer/naming.h"
+#include "command/layer/text.h"
 
 namespace command {
 namespace {
@@ -16,29 +15,20 @@ void set(std::vector<HMember>* list, HMember at, HMember value) {
 }
 
 // The only member of a name, when it is not shared; false when there is none or several.
-Member sole_holder(const Outline& outline, const std::string& name, bool repeats) {
-  if (!repeats) {
-    const Member member = outline.find(name);
-    return member && !member.shared() ? member : Member();
-  }
+Member sole_holder(const Outline& outline, const std::string& name) {
   const std::vector<Member> holders = outline.holders(name);
   return holders.size() == 1 && !holders.front().shared() ? holders.front() : Member();
-}
-
-bool has_repeats(const Outline& outline) {
-  for (const Member member : subtree(outline.root())) {
-    if (outline.find(member.name()) != member) return true;
-  }
-  return false;
 }
 
 }  // namespace
 
 Match::Match(const Outline& before, const Outline& after)
     : before_outline_(before), after_outline_(after) {
-  pair_by_name();
-  pair_by_order();
-  pair_renamed();
+  for (const Member dimension : children(before.root())) {
+    before_dimensions_.insert(dimension.handle());
+  }
+  if (!pair_unique_names()) pair_repeated_names();
+  if (left_before_ > 0 && left_after_ > 0) pair_renamed();
 }
 
 void Match::pair(Member before, Member after) {
@@ -46,19 +36,48 @@ void Match::pair(Member before, Member after) {
   set(&before_, after.handle(), before.handle());
 }
 
-void Match::pair_by_name() {
-  const bool before_repeats = has_repeats(before_outline_);
-  const bool after_repeats = has_repeats(after_outline_);
-  for (const Member after : subtree(after_outline_.root())) {
-    const std::string name = after.name();
-    if (after_repeats && sole_holder(after_outline_, name, true) != after) continue;
-    if (!after_repeats && after.shared()) continue;
-    const Member before = sole_holder(before_outline_, name, before_repeats);
-    // A dimension stays one.
-    if (before && static_cast<bool>(before.parent()) == static_cast<bool>(after.parent())) {
-      pair(before, after);
+bool Match::pair_named(Member before, const Subtree::Iterator& after) {
+  const bool dimension = after.depth() == 0;
+  if (!before || (before_dimensions_.count(before.handle()) != 0) != dimension) return false;
+  pair(before, *after);
+  return true;
+}
+
+bool Match::pair_unique_names() {
+  MemberInfoRecord record;
+  for (auto at = subtree(after_outline_.root()).begin(); at; at.advance(record)) {
+    record = (*at).record();
+    const std::string name = outside(record.name);
+    const Member before = before_outline_.find(name);
+    // Of two members with a name the second finds the first one's match, or is not found itself.
+    const bool repeated =
+        before ? static_cast<bool>(after_of(before)) : after_outline_.find(name) != *at;
+    if (repeated) return false;
+    if (!pair_named(before, at)) ++left_after_;
+  }
+  // Of two members with a name one was not found by it, so one is left over.
+  for (const Member before : subtree(before_outline_.root())) {
+    if (after_of(before)) continue;
+    if (before_outline_.find(before.name()) != before) return false;
+    ++left_before_;
+  }
+  return true;
+}
+
+void Match::pair_repeated_names() {
+  after_.clear();
+  before_.clear();
+  for (auto at = subtree(after_outline_.root()).begin(); at; ++at) {
+    const std::string name = (*at).name();
+    if (sole_holder(after_outline_, name) == *at) {
+      pair_named(sole_holder(before_outline_, name), at);
     }
   }
+  pair_by_order();
+  left_before_ = left_after_ = 0;
+  for (const Member before : subtree(before_outline_.root()))
+    left_before_ += after_of(before) ? 0 : 1;
+  for (const Member after : subtree(after_outline_.root())) left_after_ += before_of(after) ? 0 : 1;
 }
 
 // Parents come before their children, so that theirs are matched by then.
@@ -107,7 +126,10 @@ void Match::pair_renamed() {
     const Member before_parent = parent ? before_of(parent) : before_outline_.root();
     if (parent && !before_parent) continue;
     const Member before = between_same_neighbours(after, before_parent);
-    if (before && !after_of(before) && fields.equal_but_name(before, after)) pair(before, after);
+    if (before && !after_of(before) && fields.equal_but_name(before, after)) {
+      pair(before, after);
+      --left_before_;
+    }
   }
 }
 

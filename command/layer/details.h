@@ -48,6 +48,10 @@ class DetailsReader {
   // Their names as people read them.
   const std::vector<std::string>& tables() const { return tables_; }
   void read(Member member, Details* details) const;
+  // True when two members have the same details and as many children, told without taking their
+  // texts over. False when they differ, or when only read() can tell: members with attributes. The
+  // alias tables of both outlines have to be the same ones in the same order.
+  bool same(Member member, const DetailsReader& others, Member other) const;
   // Says what read() asks for from now on; the rest is left empty. Everything at first.
   void want(WantedDetails wanted) { wanted_ = std::move(wanted); }
 

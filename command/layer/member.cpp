@@ -1,5 +1,6 @@
 // Members: walking, reading and changing one.
 #include <algorithm>
+#include <cstring>
 
 #include "api/olvotl.h"
 #include "browse/members.h"
@@ -97,6 +98,20 @@ std::vector<std::string> Member::udas() const {
                           [&](const char* uda) { udas.push_back(outside(uda)); }),
         "read user-defined attributes");
   return udas;
+}
+
+bool Member::has_udas_of(Member other) const {
+  kepotl::ApiArray<char, uint16_t> mine(kepotl::kNoInstance);
+  kepotl::ApiArray<char, uint16_t> theirs(kepotl::kNoInstance);
+  constexpr char kWhat[] = "read user-defined attributes";
+  check(mine.take(OlvOtlGetUserAttributes, outline_, handle_), kWhat);
+  check(theirs.take(OlvOtlGetUserAttributes, other.outline_, other.handle_), kWhat);
+  if (mine.size() != theirs.size()) return false;
+  for (size_t i = 0; i < mine.size(); ++i) {
+    const size_t at = i * kUdaStride;
+    if (std::strncmp(mine.begin() + at, theirs.begin() + at, kUdaStride) != 0) return false;
+  }
+  return true;
 }
 
 std::vector<Member> Member::attributes() const {

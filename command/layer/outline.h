@@ -59,6 +59,8 @@ class Member {
   std::string extended_comment() const;
   std::string alias(const char* table) const;
   std::vector<std::string> udas() const;
+  // True when another member, of this or another outline, has the same UDAs in the same order.
+  bool has_udas_of(Member other) const;
   // Attribute members of a member, attribute dimensions of a dimension.
   std::vector<Member> attributes() const;
 
@@ -128,6 +130,8 @@ class Subtree {
       step(true);
       return *this;
     }
+    // The same, sparing a call where the member's record tells that it has no children.
+    void advance(const MemberInfoRecord& record) { step(record.childCount > 0); }
     // Goes on behind the member's descendants.
     void skip_children() { step(false); }
     explicit operator bool() const { return static_cast<bool>(at_); }

@@ -126,14 +126,13 @@ std::string Property::choices() const {
 }
 
 std::string reserved_text(const MemberInfoRecord& record) {
-  std::string digits;
   bool any = false;
-  for_each_reserved_byte([&](auto field, size_t i) {
-    const unsigned byte = (record.*field)[i];
-    any = any || byte != 0;
-    digits += fmt::format("{:02x}", byte);
-  });
-  return any ? digits : std::string();
+  for_each_reserved_byte([&](auto field, size_t i) { any = any || (record.*field)[i] != 0; });
+  std::string digits;
+  if (!any) return digits;
+  for_each_reserved_byte(
+      [&](auto field, size_t i) { digits += fmt::format("{:02x}", (record.*field)[i]); });
+  return digits;
 }
 
 bool set_reserved(MemberInfoRecord* record, std::string_view digits) {

@@ -4,6 +4,8 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 #include "aliasfile/alias_file.h"
 #include "command/layer/formatting.h"
@@ -46,6 +48,16 @@ bool plain(std::string_view text) {
   });
 }
 
+// How many bytes of ASCII a text begins with, give or take seven: most texts are nothing else.
+size_t ascii_length(std::string_view text) {
+  size_t length = 0;
+  for (uint64_t bytes = 0; length + sizeof bytes <= text.size(); length += sizeof bytes) {
+    std::memcpy(&bytes, text.data() + length, sizeof bytes);
+    if ((bytes & 0x8080808080808080U) != 0) break;
+  }
+  return length;
+}
+
 bool control(int code) {
   return code >= 0 && (code < 0x20 || (code >= 0x7F && code < 0xA0));
 }
@@ -57,6 +69,7 @@ size_t width_of(int code) {
 }  // namespace
 
 bool is_utf8(std::string_view text) {
+  text.remove_prefix(ascii_length(text));
   bool valid = true;
   for_each_character(text, [&](int code, std::string_view) { return valid = code >= 0; });
   return valid;

@@ -6,14 +6,22 @@
 
 namespace command {
 
-MemberInfoRecord default_record(const MemberInfoRecord& record, bool dimension,
-                                bool below_attribute) {
-  MemberInfoRecord defaults;
+DefaultRecords::DefaultRecords() {
+  for (const bool dimension : {false, true}) {
+    for (const bool attribute : {false, true}) {
+      MemberInfoRecord& record = records_[dimension ? 1 : 0][attribute ? 1 : 0];
+      new_record(&record, dimension, attribute, "-");
+      if (dimension) record.dimensionCategory = kCategoryNone;
+    }
+  }
+}
+
+const MemberInfoRecord& DefaultRecords::at(const PlaceWalk& walk,
+                                           const MemberInfoRecord& record) const {
+  const bool dimension = walk.at_dimension();
   const bool attribute =
-      dimension ? record.dimensionCategory == kCategoryAttribute : below_attribute;
-  new_record(&defaults, dimension, attribute, "-");
-  if (dimension) defaults.dimensionCategory = kCategoryNone;
-  return defaults;
+      dimension ? record.dimensionCategory == kCategoryAttribute : walk.below_attribute();
+  return records_[dimension ? 1 : 0][attribute ? 1 : 0];
 }
 
 std::string value_of(const Field& field, size_t table, const Details& details) {
@@ -78,7 +86,7 @@ PlaceWalk::PlaceWalk(const Outline& outline, Member top)
 void PlaceWalk::advance(const MemberInfoRecord& record) {
   const Member left = *at_;
   const size_t depth = at_.depth();
-  ++at_;
+  at_.advance(record);
   if (!at_) return;
   path_.resize(std::min(path_.size(), at_.depth()));
   if (at_.depth() > depth) {

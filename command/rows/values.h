@@ -9,10 +9,6 @@
 
 namespace command {
 
-// The record of a new member at the place of one: what its cells need not say.
-MemberInfoRecord default_record(const MemberInfoRecord& record, bool dimension,
-                                bool below_attribute);
-
 // The text of a field; empty when there is nothing to say. `table` is the alias table's position.
 // Properties are given in words whatever they are.
 std::string value_of(const Field& field, size_t table, const Details& details);
@@ -50,6 +46,17 @@ class PlaceWalk {
   bool outer_attribute_ = false;
   std::string outer_reference_;
   std::vector<Above> path_;
+};
+
+// The records of new members: what the cells of a member need not say.
+class DefaultRecords {
+ public:
+  DefaultRecords();
+  // The one for the place that a walk is at, where the member has `record`.
+  const MemberInfoRecord& at(const PlaceWalk& walk, const MemberInfoRecord& record) const;
+
+ private:
+  MemberInfoRecord records_[2][2];  // of dimensions, of attributes
 };
 
 }  // namespace command
