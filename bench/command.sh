@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Loads, exports and compares tables with the outline command, beside what sqlite3 takes for the same
-# files: processor seconds of both, their ratio, memory, and the growth of the cost per row.
+# files: processor seconds of both, their ratio, memory, and the growth of the cost per row. Tells
+# first how long `info` takes on a small outline.
 # Usage: bench/command.sh [--smoke | --quick] OUTLINE...; the command with the words that start it
 set -euo pipefail
 
@@ -47,6 +48,16 @@ theirs=0 ours=0 load=0 opening=0
 
 ratio() { awk "BEGIN { if ($2 > 0) printf \"%.1f\", $1 / $2; else printf \"-\" }"; }
 
+# How long a person waits for the settings of a small outline: the median of many waits.
+make_table 100 >rows.csv
+"${outline[@]}" create Bench Small --quiet
+"${outline[@]}" load Bench Small rows.csv --quiet
+for _ in {1..41}; do
+  begun=$(date +%s%N)
+  "${outline[@]}" info Bench Small >/dev/null
+  echo $(( ($(date +%s%N) - begun) / 1000 ))
+done | sort -n | sed -n '21s/\(.*\)/info on an outline of 100 members: \1 us, median of 41/p'
+
 printf '%-9s  %-22s  %8s  %8s  %6s  %s\n' rows work outline sqlite3 ratio 'memory (MB)'
 for rows in "${sizes[@]}"; do
   make_table "$rows" >rows.csv
@@ -75,6 +86,11 @@ for rows in "${sizes[@]}"; do
   "${outline[@]}" save-as Bench A Bench C --quiet
   seconds ours "${outline[@]}" diff Bench A Bench C --quiet
   printf '%-9s  %-22s  %8s  %8s  %6s  %s\n' "$rows" 'diff, against a load' "$ours" "$load" \
+    "$(ratio "$ours" "$load")" "$peak"
+  tail -n +2 rows.csv | awk -F, 'NR % 100 == 50 { print "alias", $2, "German", "changed" }' >edits
+  "${outline[@]}" apply Bench C edits --quiet
+  seconds ours "${outline[@]}" diff Bench A Bench C --quiet
+  printf '%-9s  %-22s  %8s  %8s  %6s  %s\n' "$rows" 'diff, 1 % changed' "$ours" "$load" \
     "$(ratio "$ours" "$load")" "$peak"
   printf '%-9s  %-22s  %8s us a row\n' "$rows" 'load' "$(awk "BEGIN { printf \"%.2f\", $load / $rows * 1e6 }")"
 done

@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/command/process.h"
+#include <sstream>
+
+#include "tests/command/command_fixture.h"
 
 namespace command_test {
 namespace {
@@ -11,41 +13,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
-
-// Children before parents, shared and repeated names, quotes, and a character beyond the basic
-// plane.
-constexpr char kWorld[] =
-    "parent,name,alias,alias:French,uda,storage,category,attribute:Color,formula,repeat\n"
-    "Countries,JP,Japan 🗾,Japon,big;asia,,,Red,,\n"
-    "Geography,Countries,,,,,,,,\n"
-    ",Geography,World,,,,,,,\n"
-    "Countries,DE,Germany,Allemagne,\"x;\"\"a;b\"\"\",,,Blue,\"A+B, \"\"c\"\"\",\n"
-    "Geography,Asia,,,,,,,,\n"
-    "Asia,JP,,,,shared,,,,\n"
-    "Asia,JP,,,,shared,,,,\n"
-    "Asia,Twin,,,,,,,,yes\n"
-    "Countries,Twin,,,,,,,,yes\n"
-    "Geography/Asia/Twin,Below,,,,,,,,\n"
-    ",Color,,,,,attribute,,,\n"
-    "Color,Red,,,,,,,,\n"
-    "Color,Blue,,,,,,,,\n";
-
-class CommandTest : public testing::Test {
- protected:
-  // Makes the database Demo World.
-  void load_world() {
-    ASSERT_EQ(run({"create", "Demo", "World"}).code, 0);
-    const Ended loaded = run({"load", "Demo", "World", run.file("world.csv", kWorld)});
-    ASSERT_EQ(loaded.code, 0) << loaded.err;
-  }
-  std::string out(const std::vector<std::string>& words) {
-    const Ended ended = run(words);
-    EXPECT_EQ(ended.code, 0) << ended.err;
-    return ended.out;
-  }
-
-  CommandRun run;
-};
 
 TEST_F(CommandTest, LoadsRowsInAnyOrderAndPrintsTheTree) {
   load_world();
@@ -123,6 +90,18 @@ TEST_F(CommandTest, UpdatesAndReplaces) {
             "Geography\n├─ JP  Japon\n└─ Asia\n");
 }
 
+// Shared members, and children, that come before the member itself.
+TEST_F(CommandTest, PlacesChildrenBelowTheMemberItself) {
+  ASSERT_EQ(run({"create", "Demo", "World"}).code, 0);
+  const Ended loaded = run({"load", "Demo", "World", "-"},
+                           "parent,name,storage\nOnce,C1,\n,Top,\nTop,Once,shared\nTwice,C2,\n"
+                           "Top,Twice,shared\nTop,Twice,shared\nOnce,C3,\nTwice,C4,\n"
+                           ",Base,\nBase,Twice,\nBase,Once,\nOnce,C5,\n");
+  EXPECT_EQ(loaded.code, 0) << loaded.err;
+  EXPECT_THAT(out({"tree", "Demo", "World", "--member", "Base"}),
+              "Base\n├─ Twice\n│  ├─ C2\n│  └─ C4\n└─ Once\n   ├─ C1\n   ├─ C3\n   └─ C5\n");
+}
+
 TEST_F(CommandTest, LoadsLevels) {
   ASSERT_EQ(run({"create", "Demo", "World"}).code, 0);
   ASSERT_EQ(run({"load", "Demo", "World", "-"},
@@ -153,6 +132,7 @@ TEST_F(CommandTest, EditsAllOrNothing) {
   EXPECT_EQ(run({"rename", "Demo", "World", "NZ", "NZL"}).code, 0);
   EXPECT_EQ(run({"copy", "Demo", "World", "NZL", "NZ2", "--below", "Asia"}).code, 0);
   EXPECT_EQ(run({"set", "Demo", "World", "Geography/Asia/JP#2", "comment=again"}).code, 0);
+  EXPECT_EQ(run({"move", "Demo", "World", "DE", "--below", "Asia"}).code, 0);
   EXPECT_EQ(run({"delete", "Demo", "World", "DE"}).code, 0);
   EXPECT_EQ(run({"sort", "Demo", "World", "Countries", "--descending"}).code, 0);
   EXPECT_THAT(out({"tree", "Demo", "World", "--aliases", "Default"}),
@@ -257,54 +237,6 @@ TEST_F(CommandTest, TellsMisuseFromFailure) {
   EXPECT_THAT(out({"--version"}), HasSubstr("outline 1."));
 }
 
-TEST_F(CommandTest, WritesWhateverTheLocaleAndToWhateverEnd) {
-  load_world();
-  const std::string tree = out({"tree", "Demo", "World", "--aliases", "Default"});
-  EXPECT_EQ(run.shell("LC_ALL=C $outline tree Demo World --aliases Default").out, tree);
-  const Ended full = run.shell("$outline export Demo World >/dev/full");
-  EXPECT_EQ(full.code, 3);
-  EXPECT_THAT(full.err, HasSubstr("can't write to stdout"));
-  EXPECT_EQ(run({"export", "Demo", "World", "/dev/full"}).code, 3);
-  // yes: the reader goes first.
-  const Ended closed = run.shell("for i in 1 2 3; do $outline tree Demo World | true; done");
-  EXPECT_THAT(closed.err, IsEmpty());
-}
-
-std::string many_rows(int count) {
-  std::string rows;
-  for (int i = 0; i < count; ++i) rows += "Year,member number " + std::to_string(i) + "\n";
-  return rows;
-}
-
-TEST_F(CommandTest, LeavesTheOutlineWholeOnAFullDisk) {
-  run.file("many.csv", "parent,name\n" + many_rows(20'000));
-  const Ended full = run.shell(
-      "export outline; mkdir full\n"
-      "for how in -m -rm; do unshare $how true 2>/dev/null && exec unshare $how sh -c '\n"
-      "  mount -t tmpfs -o size=600k tmpfs full || exit 77; export OUTLINE_STORE=$PWD/full/store\n"
-      "  $outline create A B; printf \"parent,name\\n,Year\\n\" | $outline load A B -\n"
-      "  $outline load A B many.csv; echo \"code $?\"; $outline tree A B; ls full/store/A/B'\n"
-      "done; exit 77");
-  EXPECT_EQ(full.code, 0) << "no mount name space to be had: " << full.err;
-  EXPECT_EQ(full.out, "code 3\nYear\nB.otl\n");
-  EXPECT_THAT(full.err, HasSubstr("The disk is full"));
-}
-
-// Each piece of progress fits a terminal of 60 columns, and is gone in the end.
-TEST_F(CommandTest, CutsProgressToTheTerminal) {
-  ASSERT_EQ(run({"create", "Demo", "World"}).code, 0);
-  run.file("head.csv", "parent,name\n,Year\n");
-  run.file("tail.csv", many_rows(5'000));
-  run.file("slow.sh", "(cat head.csv; sleep 1.2; cat tail.csv) | $outline load Demo World -");
-  const Ended shown = run.shell("export outline; script -qec 'stty cols 60; sh slow.sh' /dev/null");
-  EXPECT_EQ(shown.code, 0) << shown.out;
-  EXPECT_THAT(shown.out, HasSubstr("\rloading: "));
-  EXPECT_THAT(shown.out, HasSubstr("\r\x1b[K"));
-  for (size_t at = 0; (at = shown.out.find("\rloading", at)) != std::string::npos; ++at) {
-    EXPECT_LE(shown.out.find('\x1b', at) - at, 60U);
-  }
-}
-
 // Every tree of a chain goes without recursion, and none grows with the square of the depth.
 TEST_F(CommandTest, DrawsAPictureOfAnySize) {
   load_world();
@@ -361,6 +293,47 @@ TEST_F(CommandTest, BearsAChainOfAHundredThousand) {
   ASSERT_EQ(run({"export", "Demo", "Deep", "deep.csv"}).code, 0);
   EXPECT_EQ(run({"diff", "Demo", "Deep", "deep.csv"}).code, 0);
 }
+
+TEST_F(CommandTest, DerivesTheCurrencyOutline) {
+  ASSERT_EQ(run({"create", "Demo", "World"}).code, 0);
+  ASSERT_EQ(run({"load", "Demo", "World", "-"},
+                "parent,name,category,currency\n,Year,time,\nYear,Jan,,\n,Market,country,\n"
+                "Market,Japan,,JPY\n,Measures,accounts,\nMeasures,Sales,,Plan rate\n")
+                .code,
+            0);
+  EXPECT_EQ(run({"currency", "Demo", "World", "Demo", "Rates"}).code, 0);
+  EXPECT_EQ(out({"tree", "Demo", "Rates"}),
+            "Year\n└─ Jan\nMarket\n└─ Japan\nCurrency Category\n└─ Plan rate\nCurrency Type\n");
+  // What is there is replaced only after a question.
+  const Ended again = run({"currency", "Demo", "World", "Demo", "Rates"});
+  EXPECT_EQ(again.code, 3);
+  EXPECT_THAT(again.err, HasSubstr("The outline of Demo Rates would be replaced"));
+  EXPECT_EQ(run({"create", "Demo", "Bare"}).code, 0);
+  EXPECT_EQ(run({"currency", "Demo", "Bare", "Demo", "None"}).code, 3);
+  EXPECT_THAT(out({"list"}), Not(HasSubstr("None")));
+}
+
+// When all tests have run, so has every subcommand of the help.
+class EverySubcommandIsTested : public testing::Environment {
+ public:
+  void TearDown() override {
+    if (GTEST_FLAG_GET(filter) != "*") return;
+    std::istringstream help(CommandRun().shell("$outline help").out);
+    std::string line;
+    while (line != "Subcommands:" && std::getline(help, line)) continue;
+    size_t count = 0;
+    while (std::getline(help, line)) {
+      const size_t begin = line.find_first_not_of(' ');
+      if (begin != 2) continue;  // a description that goes on
+      const std::string name = line.substr(begin, line.find(' ', begin) - begin);
+      ++count;
+      EXPECT_EQ(CommandRun::tried().count(name), 1U) << "no test runs outline " << name;
+    }
+    EXPECT_GT(count, 20U);
+  }
+};
+const auto* const kEverySubcommand =
+    testing::AddGlobalTestEnvironment(new EverySubcommandIsTested);  // owned by GoogleTest
 
 }  // namespace
 }  // namespace command_test

@@ -25,7 +25,26 @@ std::string quoted(const std::string& word) {
   return text + "'";
 }
 
+std::set<std::string>& all_tried() {
+  static std::set<std::string> tried;
+  return tried;
+}
+
+// Notes the words that stand behind "$outline" in a line of a shell.
+void note_tried(const std::string& line) {
+  static const std::string kCommand = "$outline ";
+  for (size_t at = 0; (at = line.find(kCommand, at)) != std::string::npos;) {
+    at = line.find_first_not_of("'", at + kCommand.size());
+    if (at == std::string::npos) return;
+    all_tried().insert(line.substr(at, line.find_first_of(" '|;\n", at) - at));
+  }
+}
+
 }  // namespace
+
+const std::set<std::string>& CommandRun::tried() {
+  return all_tried();
+}
 
 CommandRun::CommandRun() {
   std::string name = (std::filesystem::temp_directory_path() / "outline_test.XXXXXX").string();
@@ -50,6 +69,7 @@ Ended CommandRun::operator()(const std::vector<std::string>& words,
 }
 
 Ended CommandRun::shell(const std::string& line, const std::string& input) const {
+  note_tried(line);
   const std::string in = file("stdin", input);
   const std::string script =
       file("script", "outline=\"" OUTLINE_COMMAND "\"\nexport OUTLINE_STORE=" +

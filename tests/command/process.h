@@ -1,6 +1,7 @@
 // Runs the outline command as its users do.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ class CommandRun {
   // Writes a file into the test's folder and answers its path.
   std::string file(const std::string& name, const std::string& content) const;
   const std::string& folder() const { return folder_; }
+
+  // The subcommands that any test of this program has run.
+  static const std::set<std::string>& tried();
 
  private:
   std::string folder_;
