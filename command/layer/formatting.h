@@ -1,4 +1,4 @@
-// fmt as this command uses it: in the program itself, so that nothing has to be installed beside it.
+// fmt as this command uses it: in the program itself, so that nothing is to be installed beside it.
 #pragma once
 
 #pragma GCC diagnostic push
