@@ -1,0 +1,163 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Member;
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.List;
+
+/**
+ * The shape of an outline in a few bytes a member, and its layout as an icicle: columns from left
+ * to right, each member a block as high as its share of the outline. Filled on the work thread and
+ * then only read. Members are told by their place in pre-order.
+ */
+final class Picture {
+  /** Blocks that would be lower are merged with their neighbours. */
+  private static final double LEAST = 1.5;
+
+  /** A member, or siblings one behind the other that are too small to be seen. */
+  static final class Block {
+    /** The member, or the first of the siblings. */
+    final int first;
+    final int column;
+    final double start;
+    int siblings = 1;
+    double length;
+    byte key;
+
+    Block(int first, int column, double start, double length, byte key) {
+      this.first = first;
+      this.column = column;
+      this.start = start;
+      this.length = length;
+      this.key = key;
+    }
+  }
+
+  private int count;
+  private int[] handles = new int[1024];
+  private int[] parents = new int[1024];
+  private byte[] keys = new byte[1024];
+  private int[] sizes;
+  private int[] leaves;
+  /** The last member so far of each generation. */
+  private int[] path = new int[16];
+
+  /** Adds the next member in pre-order, with what tells its colour. */
+  void add(Member member, int key) {
+    if (count == handles.length) {
+      handles = Arrays.copyOf(handles, 2 * count);
+      parents = Arrays.copyOf(parents, 2 * count);
+      keys = Arrays.copyOf(keys, 2 * count);
+    }
+    int generation = member.generation();
+    if (generation >= path.length) {
+      path = Arrays.copyOf(path, 2 * generation);
+    }
+    path[generation] = count;
+    parents[count] = generation <= 1 ? -1 : path[generation - 1];
+    keys[count] = (byte) key;
+    handles[count++] = member.handle();
+  }
+
+  /** Measures the subtrees, when all members have been added. */
+  void finish() {
+    sizes = new int[count];
+    leaves = new int[count];
+    for (int i = count - 1; i >= 0; i--) {
+      sizes[i]++;
+      leaves[i] = Math.max(1, leaves[i]);
+      if (parents[i] >= 0) {
+        sizes[parents[i]] += sizes[i];
+        leaves[parents[i]] += leaves[i];
+      }
+    }
+  }
+
+  /** Makes members stand out whose handles are marked with 2, and with 1 what they are below. */
+  void mark(java.util.Set<Integer> marked) {
+    for (int i = count - 1; i >= 0; i--) {
+      keys[i] = marked.contains(handles[i]) ? 2 : keys[i];
+      if (parents[i] >= 0 && keys[i] > 0) {
+        keys[parents[i]] = (byte) Math.max(1, keys[parents[i]]);
+      }
+    }
+  }
+
+  int count() {
+    return count;
+  }
+
+  int handle(int member) {
+    return handles[member];
+  }
+
+  /** The parent of a member, -1 of a dimension. */
+  int parent(int member) {
+    return parents[member];
+  }
+
+  /** The number of members of a subtree. */
+  int size(int member) {
+    return sizes[member];
+  }
+
+  /** The place of a member, -1 where there is none of this handle. */
+  int find(int handle) {
+    for (int i = 0; i < count; i++) {
+      if (handles[i] == handle) {
+        return i;
+      }
+    }
+    return -1;
+  }
+
+  /**
+   * Lays out a subtree, or with -1 the whole outline.
+   *
+   * @param height the height of it all
+   * @param byLeaves whether leaves count, and not all members
+   * @param columns the number of generations that are drawn
+   * @return the blocks, parents before their children
+   */
+  List<Block> layOut(int root, double height, boolean byLeaves, int columns) {
+    List<Block> blocks = new ArrayList<>();
+    int[] weights = byLeaves ? leaves : sizes;
+    int begin = Math.max(root, 0);
+    int end = root < 0 ? count : root + sizes[root];
+    long all = 0;
+    for (int i = begin; i < end; i += sizes[i]) {
+      all += weights[i];
+    }
+    if (all > 0) {
+      place(blocks, weights, height / all, begin, end, 0, 0, columns);
+    }
+    return blocks;
+  }
+
+  private void place(List<Block> blocks, int[] weights, double unit, int begin, int end,
+      int column, double start, int columns) {
+    Block run = null;
+    double at = start;
+    for (int i = begin; i < end; i += sizes[i]) {
+      double length = weights[i] * unit;
+      if (length >= LEAST || run == null) {
+        run = new Block(i, column, at, length, keys[i]);
+        blocks.add(run);
+        if (length >= LEAST) {
+          run = null;
+          if (column + 1 < columns && sizes[i] > 1) {
+            place(blocks, weights, unit, i + 1, i + sizes[i], column + 1, at, columns);
+          }
+        }
+      } else {
+        run.siblings++;
+        run.length += length;
+        run.key = (byte) Math.max(run.key, keys[i]);
+        if (run.length >= LEAST) {
+          run = null;
+        }
+      }
+      at += length;
+    }
+  }
+}
