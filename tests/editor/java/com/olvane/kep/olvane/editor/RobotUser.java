@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.editor;
 import java.awt.AWTException;
 import java.awt.Component;
 import java.awt.Container;
+import java.awt.MouseInfo;
 import java.awt.Point;
 import java.awt.Rectangle;
 import java.awt.Robot;
@@ -151,26 +152,32 @@ final class RobotUser {
   // ---- The mouse ----
 
   /** The middle of a part of a component, on the screen; null for all that is visible of it. */
-  private Point middle(Component component, Rectangle part) {
-    return onEventThread(() -> {
-      Rectangle seen = part;
-      if (component instanceof JComponent) {
-        if (part != null) {
-          ((JComponent) component).scrollRectToVisible(part);
-        }
-        Rectangle visible = ((JComponent) component).getVisibleRect();
-        seen = part == null ? visible : visible.intersection(part);
-      } else if (part == null) {
-        seen = new Rectangle(component.getSize());
+  private static Point middle(Component component, Rectangle part) {
+    Rectangle seen = part == null ? new Rectangle(component.getSize()) : part;
+    if (component instanceof JComponent) {
+      if (part != null) {
+        ((JComponent) component).scrollRectToVisible(part);
       }
-      Point at = component.getLocationOnScreen();
-      at.translate((int) seen.getCenterX(), (int) seen.getCenterY());
-      return at;
-    });
+      seen = ((JComponent) component).getVisibleRect().intersection(seen);
+    }
+    Point at = component.getLocationOnScreen();
+    at.translate((int) seen.getCenterX(), (int) seen.getCenterY());
+    return at;
   }
 
   private void moveTo(Point point) {
     robot.mouseMove(point.x, point.y);
+    robot.waitForIdle();
+  }
+
+  /** Moves to a part of a component, as soon as its window is where it is going to be. */
+  private void moveTo(Component component, Rectangle part) {
+    waitFor("the mouse over " + component, () -> {
+      Point point = middle(component, part);
+      robot.mouseMove(point.x, point.y);
+      return (component instanceof Container
+          ? ((Container) component).getMousePosition(true) : component.getMousePosition()) != null;
+    });
     robot.waitForIdle();
   }
 
@@ -188,17 +195,17 @@ final class RobotUser {
 
   /** Clicks in the middle of a part of a component, in its own coordinates. */
   void click(Component component, Rectangle part) {
-    moveTo(middle(component, part));
+    moveTo(component, part);
     press(InputEvent.BUTTON1_DOWN_MASK, 1);
   }
 
   void doubleClick(Component component, Rectangle part) {
-    moveTo(middle(component, part));
+    moveTo(component, part);
     press(InputEvent.BUTTON1_DOWN_MASK, 2);
   }
 
   void rightClick(Component component, Rectangle part) {
-    moveTo(middle(component, part));
+    moveTo(component, part);
     press(InputEvent.BUTTON3_DOWN_MASK, 1);
   }
 
@@ -212,9 +219,9 @@ final class RobotUser {
 
   /** Drags from one part of a component to one of another, as slowly as a hand. */
   void drag(Component from, Rectangle fromPart, Component to, Rectangle toPart) {
-    Point start = middle(from, fromPart);
-    Point end = middle(to, toPart);
-    moveTo(start);
+    moveTo(from, fromPart);
+    Point start = MouseInfo.getPointerInfo().getLocation();
+    Point end = onEventThread(() -> middle(to, toPart));
     robot.mousePress(InputEvent.BUTTON1_DOWN_MASK);
     robot.delay(50);
     int steps = 12;
@@ -232,7 +239,7 @@ final class RobotUser {
   }
 
   void wheel(Component component, int notches) {
-    moveTo(middle(component, null));
+    moveTo(component, null);
     robot.mouseWheel(notches);
     robot.waitForIdle();
   }

@@ -39,7 +39,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   private final transient Workspace workspace;
   private final JLabel title = new JLabel(" ");
   private final JLabel path = new JLabel(" ");
-  private final RowGrid properties = new RowGrid("Properties", 44, 9);
+  private final RowGrid properties = new RowGrid("Properties", 39, 9);
   private final RowGrid aliases = new RowGrid("Aliases", 34, 5);
   private final RowGrid attributes = new RowGrid("Attributes", 34, 4);
   private final List<TextPart> texts;

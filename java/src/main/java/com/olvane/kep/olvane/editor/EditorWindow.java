@@ -88,6 +88,7 @@ final class EditorWindow {
     tree.onComplaint(status::say);
     addPane("Details", new DetailsPane(workspace));
     addPane("Dimension", new DimensionPane(workspace));
+    addPane("Picture", new PicturePane(workspace));
     addPane("Settings", new SettingsPane(workspace));
     addPane("Hits", new HitsPane(workspace, search));
     addPane("Findings", findings);

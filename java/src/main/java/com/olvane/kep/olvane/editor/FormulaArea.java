@@ -4,6 +4,7 @@ import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.Member;
 import java.awt.Color;
 import java.awt.Dimension;
+import java.awt.Insets;
 import org.fife.ui.rsyntaxtextarea.AbstractTokenMakerFactory;
 import org.fife.ui.rsyntaxtextarea.RSyntaxTextArea;
 import org.fife.ui.rsyntaxtextarea.Style;
@@ -28,6 +29,7 @@ final class FormulaArea extends RSyntaxTextArea {
     setTabsEmulated(true);
     setHighlightCurrentLine(false);
     setPopupMenu(null);
+    setMargin(new Insets(4, 6, 4, 6));
     setToolTipText("Ctrl+Space completes a name, Ctrl+Enter applies the formula");
     getAccessibleContext().setAccessibleName("Formula");
   }

@@ -6,6 +6,7 @@ import java.util.Arrays;
 import java.util.Collections;
 import java.util.LinkedHashSet;
 import java.util.List;
+import java.util.Locale;
 import java.util.Set;
 import java.util.function.Function;
 import java.util.stream.Collectors;
@@ -48,8 +49,9 @@ final class TextPart extends JPanel {
     commit = new TextCommit(field, complaint,
         TextCommit.accordingTo(text -> members.forEach(change.apply(text)::apply)),
         text -> workspace.edit(MemberEdits.change(
-            MemberEdits.title("Set the " + title.toLowerCase(java.util.Locale.ROOT) + " of",
-                members), members, change.apply(text))));
+            MemberEdits.title("Set the "
+                + title.toLowerCase(Locale.ROOT).replaceAll(" \\(.*", "") + " of", members),
+            members, change.apply(text))));
   }
 
   /** A part for plain text of so many lines. */
@@ -71,7 +73,7 @@ final class TextPart extends JPanel {
    */
   static TextPart udas(Workspace workspace) {
     Set<String> before = new LinkedHashSet<>();
-    return plain(workspace, "User-defined attributes", 3, members -> {
+    return plain(workspace, "User-defined attributes (one a line)", 3, members -> {
       before.clear();
       before.addAll(members.get(0).udas());
       members.forEach(member -> before.retainAll(member.udas()));
