@@ -44,6 +44,12 @@ kepotl_program(outline-editor com.olvane.kep.olvane.editor.EditorMain "${editor_
   "picocli;miglayout-core;miglayout-swing;rsyntaxtextarea;autocomplete")
 add_custom_target(editor_jar ALL DEPENDS ${build_root}/outline-editor.jar)
 add_dependencies(editor_jar kepotl_jar)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/outline-editor.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+  COMPONENT java)
+install(FILES ${PROJECT_SOURCE_DIR}/desktop/outline-editor.desktop
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/applications COMPONENT java)
+install(FILES ${PROJECT_SOURCE_DIR}/desktop/outline-editor.svg
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/icons/hicolor/scalable/apps COMPONENT java)
 
 # What tests and benchmarks put on their class paths.
 set(KEPOTL_CLASS_PATH ${kepotl-demo_class_path} PARENT_SCOPE)

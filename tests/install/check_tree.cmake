@@ -38,7 +38,9 @@ foreach(program "${outline}" ${tree}/bin/outline-demo ${tree}/bin/outline-editor
     message(SEND_ERROR "${program} --version (${result}): ${output}")
   endif()
 endforeach()
-foreach(file man/man1/outline.1 man/man1/outline-demo.1 bash-completion/completions/outline
+foreach(file man/man1/outline.1 man/man1/outline-demo.1 man/man1/outline-editor.1
+    applications/outline-editor.desktop icons/hicolor/scalable/apps/outline-editor.svg
+    bash-completion/completions/outline
     zsh/site-functions/_outline)
   file(SIZE ${tree}/share/${file} size)
   if(size EQUAL 0)

@@ -129,8 +129,9 @@ public final class Screenshots {
   private void take(String name) throws IOException {
     settle();
     BufferedImage image = RobotUser.onEventThread(() -> {
-      Rectangle all = new Rectangle();
+      Rectangle all = new Rectangle(-1, -1);
       for (Window one : Window.getWindows()) {
+        // A rectangle of a negative size takes up no room in a union.
         all = one.isShowing() ? all.union(one.getBounds()) : all;
       }
       BufferedImage drawn = new BufferedImage(
