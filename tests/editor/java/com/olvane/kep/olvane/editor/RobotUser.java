@@ -170,15 +170,23 @@ final class RobotUser {
     robot.waitForIdle();
   }
 
-  /** Moves to a part of a component, as soon as its window is where it is going to be. */
+  /**
+   * Moves to a part of a component. A window that has just come may still move: the component is
+   * followed until the mouse is over it, for a while, as another window may lie above.
+   */
   private void moveTo(Component component, Rectangle part) {
-    waitFor("the mouse over " + component, () -> {
-      Point point = middle(component, part);
-      robot.mouseMove(point.x, point.y);
-      return (component instanceof Container
-          ? ((Container) component).getMousePosition(true) : component.getMousePosition()) != null;
-    });
-    robot.waitForIdle();
+    long end = System.nanoTime() + 3_000_000_000L;
+    boolean over = false;
+    while (!over && System.nanoTime() < end) {
+      over = onEventThread(() -> {
+        Point point = middle(component, part);
+        robot.mouseMove(point.x, point.y);
+        return (component instanceof Container
+            ? ((Container) component).getMousePosition(true)
+            : component.getMousePosition()) != null;
+      });
+      robot.waitForIdle();
+    }
   }
 
   private void press(int buttons, int times) {

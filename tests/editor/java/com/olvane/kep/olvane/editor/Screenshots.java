@@ -1,5 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.outline.Changes;
+import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Store;
 import java.awt.Graphics2D;
 import java.awt.Rectangle;
@@ -9,13 +11,16 @@ import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.Paths;
+import java.util.Arrays;
 import java.util.Collections;
+import java.util.stream.Collectors;
 import javax.imageio.ImageIO;
 import javax.swing.JComponent;
 import javax.swing.JTabbedPane;
-import javax.swing.JTree;
+import javax.swing.JTable;
 import javax.swing.RootPaneContainer;
 import javax.swing.SwingUtilities;
+import javax.swing.text.JTextComponent;
 
 /** Takes pictures of each view of the editor, on a copy of the demonstration's outline. */
 public final class Screenshots {
@@ -75,8 +80,18 @@ public final class Screenshots {
   private void takeAll() throws IOException {
     select("JP");
     take("window");
+    select("JP", "FR", "DE");
+    take("several");
     select("Profit");
+    JTextComponent formula = user.find(JTextComponent.class, "Formula");
+    user.click(formula);
+    user.key("ctrl END");
+    user.type(" /* checked */ @ROUND(\"Profit\", 2) - Co");
+    user.key("ctrl SPACE");
+    user.waitFor("the list of names", () -> Window.getWindows().length > 2);
     take("formula");
+    user.key("ESCAPE");
+    user.key("ESCAPE");
     pane("Dimension");
     select("Year");
     take("dimension");
@@ -85,21 +100,80 @@ public final class Screenshots {
     take("picture");
     pane("Settings");
     take("settings");
+    takeSearch();
+    takeEdits();
+    takeAliasTables();
+  }
+
+  private void takeSearch() throws IOException {
+    user.key("ctrl F");
+    user.type("north");
+    pane("Hits");
+    JTable hits = user.find(JTable.class, "hits");
+    user.waitFor("hits", () -> hits.getRowCount() > 3);
+    take("search");
+    user.key("ESCAPE");
+  }
+
+  private void takeEdits() throws IOException {
+    select("JP");
+    edit(MemberEdits.rename(member("JP"), "Japan"));
+    edit(MemberEdits.change(Collections.singletonList(member("Japan")),
+        new Changes().formula("@SUM(@CHILDREN(\"Japan\"));").uda("Island")));
+    edit(MemberEdits.move(Collections.singletonList(member("JE")),
+        Target.before(Ref.to(member("JM")))));
+    edit(MemberEdits.delete(Collections.singletonList(member("JO"))));
+    pane("History");
+    take("history");
+    // Two members of one alias in a table: something to be found.
+    edit(MemberEdits.change(Collections.singletonList(member("FR")),
+        new Changes().alias("French", "Japon")));
+    RobotUser.onEventThread(() -> {
+      window.commands().get("verify").actionPerformed(null);
+      return null;
+    });
+    pane("Findings");
+    take("findings");
+  }
+
+  private void takeAliasTables() throws IOException {
     // A dialog holds the call that opens it until it closes.
     SwingUtilities.invokeLater(
         () -> window.commands().get("alias-tables").actionPerformed(null));
     user.find(JComponent.class, "Alias tables");
     take("alias-tables");
     user.key("ESCAPE");
+    Path path = Files.write(folder.resolve("french.alt"), Arrays.asList("$ALT_NAME  'French'",
+        "\"DE\"   \"Allemagne\"", "\"FR\"   \"France\"", "\"JM\"   \"La Jama\u00efque\"",
+        "\"Atlantis\"   \"Atlantide\"", "lonely", "$END"));
+    AliasFile file = AliasFile.read(path);
+    SwingUtilities.invokeLater(
+        () -> AliasImportDialog.ask(window.frame(), workspace, path, file));
+    user.find(JTable.class, "Lines");
+    take("import");
+    user.key("ESCAPE");
+    Files.delete(path);
   }
 
-  /** Selects a member and waits until the panes show it. */
-  private void select(String name) {
-    JTree tree = window.tree();
-    workspace.read(() -> Collections.singletonList(workspace.outline().find(name).get()),
+  private Member member(String name) {
+    return workspace.outline().find(name).get();
+  }
+
+  private void edit(Edit edit) {
+    RobotUser.onEventThread(() -> {
+      workspace.edit(edit);
+      return null;
+    });
+    user.waitFor(edit.title(), () -> workspace.history().toUndo() == edit);
+  }
+
+  /** Selects members and waits until the panes show them. */
+  private void select(String... names) {
+    workspace.read(() -> Arrays.stream(names).map(this::member).collect(Collectors.toList()),
         workspace::select);
-    user.waitFor(name + " to be selected", () -> workspace.selection().size() == 1
-        && workspace.selection().get(0).name().equals(name) && tree.isShowing());
+    user.waitFor(names[0] + " to be selected", () -> !workspace.selection().isEmpty()
+        && workspace.selection().get(0).name().equals(names[0])
+        && workspace.selection().size() == names.length);
     settle();
   }
 
