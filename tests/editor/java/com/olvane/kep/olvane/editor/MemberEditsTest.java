@@ -8,11 +8,15 @@ import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.Consolidation;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NewMember;
+import com.olvane.kep.olvane.outline.Place;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
 import java.util.List;
 import java.util.Random;
+import java.util.concurrent.CancellationException;
+import java.util.stream.IntStream;
 import java.util.stream.Stream;
 import org.junit.Rule;
 import org.junit.Test;
@@ -78,6 +82,27 @@ public class MemberEditsTest {
       } catch (RuntimeException e) {
         assertEquals(edit.title(), before, sample.everything());
       }
+    }
+  }
+
+  @Test
+  public void aCopyThatIsGivenUpLeavesNothing() {
+    sample.outline.build(Place.firstBelow(sample.find("Food")), () -> IntStream.range(0, 5000)
+        .mapToObj(i -> new NewMember("Food " + i)).iterator());
+    String before = sample.everything();
+    long[] done = {0};
+    sample.context.begin((copied, total) -> {
+      assertEquals(5002, total);
+      done[0] = copied;
+      return copied < 1000;
+    });
+    try {
+      MemberEdits.copy(sample.some("Food"), Target.lastBelow(Ref.to(sample.find("Drinks"))))
+          .apply(sample.context);
+      throw new AssertionError("not given up");
+    } catch (CancellationException e) {
+      assertTrue("in the middle: " + done[0], done[0] >= 1000 && done[0] < 5000);
+      assertEquals(before, sample.everything());
     }
   }
 

@@ -5,10 +5,6 @@ import static org.junit.Assert.assertEquals;
 import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.List;
-import javax.swing.JButton;
-import javax.swing.JMenu;
-import javax.swing.JMenuItem;
-import javax.swing.JTextField;
 import org.junit.Rule;
 import org.junit.Test;
 import org.junit.rules.RuleChain;
@@ -28,20 +24,8 @@ public class TreeEditingTest {
     states.add(shape);
   }
 
-  private void menu(String menu, String item) {
-    user.click(user.find(JMenu.class, menu, one -> one.getText().equals(menu)));
-    user.click(user.find(JMenuItem.class, item, one -> one.getText().equals(item)));
-  }
-
-  /** Types a name over the one that is proposed. */
   private void name(String name) {
-    JTextField field = user.find(JTextField.class, "name");
-    user.waitFor("the keyboard in the name",
-        () -> field.isFocusOwner() && field.getSelectedText() != null);
-    user.type(name);
-    user.key("ENTER");
-    user.waitFor("the name to be taken", () -> !field.isShowing());
-    user.waitFor("the keyboard back in the tree", () -> open.tree.isFocusOwner());
+    open.name(user, name);
   }
 
   private void select(String member) {
@@ -72,7 +56,7 @@ public class TreeEditingTest {
   public void anOutlineIsBuiltChangedUndoneAndSaved() throws Exception {
     open.open(user);
     expect("");
-    menu("Edit", "Add Dimension");
+    open.menu(user, "Edit", "Add Dimension");
     name("Product");
     expect("Product");
     user.key("ctrl shift N");
@@ -114,11 +98,11 @@ public class TreeEditingTest {
     user.key("ctrl V");
     expect("Product(Drinks(Tea) Food(Cola Drinks(Tea)))");
     select("Food");
-    menu("Edit", "Sort Children Z to A");
+    open.menu(user, "Edit", "Sort Children Z to A");
     expect("Product(Drinks(Tea) Food(Drinks(Tea) Cola))");
     select("Food");
     user.key("DELETE");
-    user.click(user.find(JButton.class, "Delete", one -> one.getText().equals("Delete")));
+    open.press(user, "Delete");
     expect("Product(Drinks(Tea))");
     // Nobody manages the windows here, so the keyboard goes where the mouse clicks.
     select("Drinks");

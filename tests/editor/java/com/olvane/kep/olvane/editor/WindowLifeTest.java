@@ -18,9 +18,7 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
 import java.util.stream.IntStream;
-import javax.swing.JButton;
 import javax.swing.JLabel;
-import javax.swing.JTextField;
 import javax.swing.SwingUtilities;
 import org.junit.Rule;
 import org.junit.Test;
@@ -37,29 +35,9 @@ public class WindowLifeTest {
 
   private final RobotUser user = screen.user;
 
-  private void press(String button) throws InterruptedException {
-    JButton found =
-        user.find(JButton.class, button, one -> button.equals(one.getText()));
-    // Nobody manages windows here, and one that has just come may not hear of the first click.
-    for (int i = 0; i < 3 && RobotUser.onEventThread(found::isShowing); i++) {
-      user.click(found);
-      for (int wait = 0; wait < 50 && RobotUser.onEventThread(found::isShowing); wait++) {
-        Thread.sleep(20);
-      }
-    }
-  }
-
   private String dialogText(String part) {
     return user.find(JLabel.class, "a sentence with " + part,
         one -> one.getText() != null && one.getText().contains(part)).getText();
-  }
-
-  /** Types a name over the one that is proposed. */
-  private void name(String name) {
-    JTextField field = user.find(JTextField.class, "name");
-    user.waitFor("the name to type over", () -> field.getSelectedText() != null);
-    user.type(name);
-    user.key("ENTER");
   }
 
   /** Makes the outline before a window has it: one dimension with so many members. */
@@ -141,8 +119,17 @@ public class WindowLifeTest {
     user.key("shift F3");
     user.key("shift F3");
     user.waitFor("the last one", () -> selected().equals("Member 56789"));
-    assertEquals("Member 56789", RobotUser.onEventThread(
-        () -> open.tree.getSelectionPath().getLastPathComponent().toString()));
+    assertTrue("the hit in view", isSelectionInView());
+    user.wheel(open.tree, -100);
+    user.waitFor("the selection out of view", () -> !isSelectionInView());
+    user.key("ctrl J");
+    user.waitFor("the selection in view again", this::isSelectionInView);
+  }
+
+  private boolean isSelectionInView() {
+    return open.tree.getSelectionPath().getLastPathComponent().toString().equals(selected())
+        && open.tree.getVisibleRect().intersects(
+            open.tree.getPathBounds(open.tree.getSelectionPath()));
   }
 
   private String selected() {
@@ -163,7 +150,7 @@ public class WindowLifeTest {
 
     open.openBy(user, () -> {
       assertThat(dialogText("unsaved work"), containsString("Test.Test"));
-      press("Restore");
+      open.press(user, "Restore");
       return null;
     });
     open.expect(user, "Product(Member 0 Member 1 Member 2 Precious)");
@@ -172,7 +159,7 @@ public class WindowLifeTest {
     user.key("RIGHT");
     user.click(open.tree, user.row(open.tree, "Precious"));
     user.key("ctrl N");
-    name("More");
+    open.name(user, "More");
     open.expect(user, "Product(Member 0 Member 1 Member 2 Precious More)");
     user.key("ctrl S");
     user.waitFor("it to be saved", () -> !open.workspace.dirty());
@@ -193,7 +180,7 @@ public class WindowLifeTest {
     assertTrue(peer.getInputStream().read() >= 0);
     open.openBy(user, () -> {
       assertThat(dialogText("is being edited by somebody else"), containsString("Test.Test"));
-      press("Open to Read");
+      open.press(user, "Open to Read");
       return null;
     });
     open.expect(user, "Product(Member 0 Member 1)");
@@ -213,7 +200,7 @@ public class WindowLifeTest {
     open.open(user);
     user.click(open.tree, user.row(open.tree, "Product"));
     user.key("ctrl shift N");
-    name("New");
+    open.name(user, "New");
     user.waitFor("the new member", () -> open.workspace.members() == 2002);
     limitFileSize("16384");
     try {
@@ -222,7 +209,7 @@ public class WindowLifeTest {
     } finally {
       limitFileSize("unlimited");
     }
-    press("OK");
+    open.press(user, "OK");
     assertTrue(open.workspace.dirty());
     user.click(open.tree, user.row(open.tree, "Product"));
     user.key("ctrl S");

@@ -11,6 +11,10 @@ import com.olvane.kep.olvane.outline.Store;
 import java.util.ConcurrentModificationException;
 import java.util.concurrent.Callable;
 import java.util.stream.Collectors;
+import javax.swing.JButton;
+import javax.swing.JMenu;
+import javax.swing.JMenuItem;
+import javax.swing.JTextField;
 import javax.swing.JTree;
 import javax.swing.SwingUtilities;
 import javax.swing.tree.TreePath;
@@ -58,6 +62,41 @@ final class WindowOutline extends ExternalResource {
     tree = window.tree();
     user.waitFor("the tree", () -> workspace.members() == 0 || tree.getRowCount() > 0);
   }
+
+  // ---- What users do in more than one test ----
+
+  /** Chooses a command from a menu. */
+  void menu(RobotUser user, String menu, String item) {
+    user.click(user.find(JMenu.class, menu, one -> one.getText().equals(menu)));
+    user.click(user.find(JMenuItem.class, item, one -> one.getText().equals(item)));
+  }
+
+  /** Presses a button until it is gone. */
+  void press(RobotUser user, String button) throws InterruptedException {
+    JButton found = user.find(JButton.class, button, one -> button.equals(one.getText())
+        && !"cancel".equals(one.getName()));
+    // Nobody manages windows here, and one that has just come may not hear of a click yet.
+    for (int i = 0; i < 3 && RobotUser.onEventThread(found::isShowing); i++) {
+      Thread.sleep(150);
+      user.click(found);
+      for (int wait = 0; wait < 50 && RobotUser.onEventThread(found::isShowing); wait++) {
+        Thread.sleep(20);
+      }
+    }
+  }
+
+  /** Types a name over the one that is proposed. */
+  void name(RobotUser user, String name) {
+    JTextField field = user.find(JTextField.class, "name");
+    user.waitFor("the keyboard in the name",
+        () -> field.isFocusOwner() && field.getSelectedText() != null);
+    user.type(name);
+    user.key("ENTER");
+    user.waitFor("the name to be taken", () -> !field.isShowing());
+    user.waitFor("the keyboard back in the tree", () -> tree.isFocusOwner());
+  }
+
+  // ---- What there is to see ----
 
   /**
    * The outline in one line, "Product(Drinks(Cola Tea) Food)", as the tree shows it; what is below

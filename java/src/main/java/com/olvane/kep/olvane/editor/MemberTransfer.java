@@ -22,6 +22,8 @@ final class MemberTransfer extends TransferHandler {
   private final transient Workspace workspace;
   private final Timer opening;
   private transient TreePath under;
+  /** Whether dimensions are dragged, which only go between dimensions. */
+  private boolean dimensions;
 
   MemberTransfer(OutlineTree tree, Workspace workspace) {
     this.tree = tree;
@@ -42,6 +44,7 @@ final class MemberTransfer extends TransferHandler {
   @Override
   protected Transferable createTransferable(JComponent component) {
     List<Member> members = topMost(tree.selectedNodes());
+    dimensions = members.stream().anyMatch(Member::isDimension);
     return members.isEmpty() ? null : new Clip(workspace, members);
   }
 
@@ -88,12 +91,18 @@ final class MemberTransfer extends TransferHandler {
   }
 
   /** Where members go that are dropped; null where none can go. */
-  private static Target target(JTree.DropLocation to) {
+  private Target target(JTree.DropLocation to) {
     if (to.getPath() == null) {
       return null;
     }
     MemberNode parent = (MemberNode) to.getPath().getLastPathComponent();
     int index = to.getChildIndex();
+    if (dimensions && !parent.isRoot()) {
+      return null;
+    }
+    if (!dimensions && parent.isRoot()) {
+      return behindRowAbove(index);
+    }
     if (index < 0) {
       return parent.member == null ? null : Target.lastBelow(Ref.to(parent.member));
     }
@@ -103,6 +112,20 @@ final class MemberTransfer extends TransferHandler {
     MemberNode[] page = parent.pages.get((index - 1) / PagedTreeModel.PAGE);
     MemberNode before = page == null ? null : page[(index - 1) % PagedTreeModel.PAGE];
     return before == null || before.member == null ? null : Target.behind(Ref.to(before.member));
+  }
+
+  /** Between two dimensions, members go behind what stands above the gap. */
+  private Target behindRowAbove(int dimension) {
+    MemberNode root = tree.pagedModel().getRoot();
+    int below = dimension < root.childCount
+        ? tree.getRowForPath(tree.pagedModel().child(root, dimension).path()) : tree.getRowCount();
+    if (below < 1) {
+      return null;
+    }
+    MemberNode above = (MemberNode) tree.getPathForRow(below - 1).getLastPathComponent();
+    return above.member == null ? null
+        : above.member.isDimension() ? Target.lastBelow(Ref.to(above.member))
+            : Target.behind(Ref.to(above.member));
   }
 
   @Override

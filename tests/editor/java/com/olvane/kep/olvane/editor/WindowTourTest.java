@@ -1,0 +1,142 @@
+package com.olvane.kep.olvane.editor;
+
+import static org.hamcrest.CoreMatchers.containsString;
+import static org.hamcrest.MatcherAssert.assertThat;
+import static org.junit.Assert.assertEquals;
+
+import com.olvane.kep.olvane.outline.Changes;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NewMember;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Place;
+import java.awt.Rectangle;
+import java.awt.event.KeyEvent;
+import javax.swing.JLabel;
+import javax.swing.JTable;
+import javax.swing.SwingUtilities;
+import org.junit.Rule;
+import org.junit.Test;
+import org.junit.rules.RuleChain;
+
+/** Databases from the list to the closed window: what is around editing. */
+public class WindowTourTest {
+  private final WindowRule screen = new WindowRule();
+  private final WindowOutline open = new WindowOutline();
+  @Rule public final RuleChain rules = RuleChain.outerRule(screen).around(open);
+
+  private final RobotUser user = screen.user;
+
+  private void fill() {
+    try (Outline outline = open.store.edit("Test", "Test")) {
+      outline.create(Place.firstDimension(), new NewMember("Product"));
+      Member product = outline.find("Product").get();
+      for (String name : new String[] {"A", "B", "C", "D"}) {
+        outline.create(Place.lastBelow(product),
+            new NewMember(name, new Changes().alias("Default", "(" + name)));
+      }
+      outline.save();
+    }
+  }
+
+  private void expectSaved(String database, String shape) {
+    try (Outline saved = open.store.browse("Test", database)) {
+      assertEquals(shape, WindowOutline.shape(saved));
+    }
+  }
+
+  private void status(String sentence) {
+    user.waitFor(sentence, () -> RobotUser.showing(JLabel.class, one ->
+        "message".equals(one.getName()) && one.getText().contains(sentence)) != null);
+  }
+
+  @Test
+  public void severalMembersAreDraggedBetweenOthersAndCopiedWithControl() throws Exception {
+    fill();
+    open.open(user);
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("RIGHT");
+    user.click(open.tree, user.row(open.tree, "A"));
+    user.clickWith(KeyEvent.VK_CONTROL, open.tree, user.row(open.tree, "C"));
+    user.waitFor("two members", () -> open.workspace.selection().size() == 2);
+    Rectangle end = user.row(open.tree, "D");
+    end.translate(0, end.height - 6);
+    end.height = 4;
+    user.drag(open.tree, user.row(open.tree, "A"), open.tree, end);
+    open.expect(user, "Product(B D A C)");
+    assertEquals("both stay selected", 2, open.workspace.selection().size());
+    user.key("ctrl Z");
+    open.expect(user, "Product(A B C D)");
+    user.key("alt DOWN");
+    open.expect(user, "Product(B D A C)");
+    user.key("ctrl Z");
+    user.key("ctrl 1");
+    user.waitFor("all closed", () -> open.tree.getRowCount() == 1);
+    user.key("ctrl 2");
+    user.waitFor("generation 2", () -> open.tree.getRowCount() == 5);
+  }
+
+  @Test
+  public void anOutlineIsVerifiedSavedAsAnotherRestructuredAndClosed() throws Exception {
+    fill();
+    open.open(user);
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("ctrl shift N");
+    open.name(user, "Last");
+    open.expect(user, "Product(A B C D Last)");
+
+    user.key("F7");
+    JTable findings = user.find(JTable.class, "findings");
+    user.waitFor("the findings", () -> findings.getRowCount() == 4);
+    user.click(findings, RobotUser.onEventThread(() -> findings.getCellRect(2, 0, true)));
+    user.waitFor("its member", () -> open.workspace.selection().get(0).name().equals("C"));
+    user.click(open.tree, user.row(open.tree, "C"));
+
+    user.key("ctrl shift S");
+    user.waitFor("the keyboard in the dialog",
+        () -> RobotUser.showing(javax.swing.JTextField.class,
+            one -> "database".equals(one.getName())) != null);
+    user.click(user.find(javax.swing.JTextField.class, "database"));
+    user.type("Other");
+    user.key("ENTER");
+    status("Saved as Test.Other");
+    expectSaved("Other", "Product(A B C D Last)");
+    expectSaved("Test", "Product(A B C D)");
+
+    open.menu(user, "Outline", "Restructure \u2026");
+    open.press(user, "Save and Restructure");
+    status("Restructured Test.Test");
+    expectSaved("Test", "Product(A B C D Last)");
+
+    user.click(open.tree, user.row(open.tree, "Last"));
+    user.key("DELETE");
+    open.expect(user, "Product(A B C D)");
+    user.key("ctrl W");
+    open.press(user, "Cancel");
+    user.click(open.tree, user.row(open.tree, "D"));
+    user.key("ctrl W");
+    open.press(user, "Save");
+    user.waitFor("the window to close", () -> !open.window.frame().isDisplayable());
+  }
+
+  @Test
+  public void aNewDatabaseComesFromTheListAndDiscardedWorkDoesNotStay() throws Exception {
+    RobotUser.onEventThread(() -> open.editor = new Editor(open.store));
+    SwingUtilities.invokeLater(() -> open.editor.choose());
+    open.press(user, "New \u2026");
+    user.click(user.find(javax.swing.JTextField.class, "database"));
+    user.type("Fresh");
+    user.key("ENTER");
+    user.waitFor("the window", () -> open.editor.windows().size() == 1
+        && open.editor.windows().get(0).frame().isShowing());
+    open.window = open.editor.windows().get(0);
+    open.tree = open.window.tree();
+    open.workspace = open.window.workspace();
+    assertThat(open.workspace.name(), containsString("Test.Fresh"));
+    open.menu(user, "Edit", "Add Dimension");
+    open.name(user, "Year");
+    open.expect(user, "Year");
+    user.key("ctrl W");
+    open.press(user, "Discard");
+    user.waitFor("the window to close", () -> !open.window.frame().isDisplayable());
+  }
+}
