@@ -90,7 +90,9 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
     button.setMnemonic(text.charAt(0));
     button.addActionListener(event -> action.accept(list.getSelectedValue()));
     buttons.add(button);
-    if (needsTable) {
+    boolean possible = workspace.isEditable() || text.startsWith("Export");
+    button.setEnabled(possible);
+    if (needsTable && possible) {
       onOne.add(button);
     }
     return button;
@@ -99,7 +101,7 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   private void enableButtons() {
     boolean one = list.getSelectedIndex() >= 0;
     onOne.forEach(button -> button.setEnabled(one));
-    delete.setEnabled(list.getSelectedIndex() > 0);
+    delete.setEnabled(list.getSelectedIndex() > 0 && workspace.isEditable());
     delete.setToolTipText(list.getSelectedIndex() == 0 ? "The default table stays" : null);
   }
 

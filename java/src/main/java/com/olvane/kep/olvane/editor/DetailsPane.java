@@ -13,6 +13,7 @@ import java.util.Map;
 import java.util.stream.Collectors;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
+import javax.swing.JScrollPane;
 import net.miginfocom.swing.MigLayout;
 
 /**
@@ -37,11 +38,13 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   }
 
   private final transient Workspace workspace;
+  private final JLabel none = new JLabel("Select a member in the tree to see what it has.");
+  private final JScrollPane scroll;
   private final JLabel title = new JLabel(" ");
   private final JLabel path = new JLabel(" ");
-  private final RowGrid properties = new RowGrid("Properties", 39, 9);
-  private final RowGrid aliases = new RowGrid("Aliases", 34, 5);
-  private final RowGrid attributes = new RowGrid("Attributes", 34, 4);
+  private final RowGrid properties;
+  private final RowGrid aliases;
+  private final RowGrid attributes;
   private final List<TextPart> texts;
   private final Form form = new Form("insets 12, fillx, wrap 2, gapy 8, hidemode 3",
       "[grow 50,fill,:200:]20[grow 50,fill,:200:]");
@@ -51,6 +54,9 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   DetailsPane(Workspace workspace) {
     super(new BorderLayout());
     this.workspace = workspace;
+    properties = new RowGrid("Properties", workspace.isEditable(), 39, 9);
+    aliases = new RowGrid("Aliases", workspace.isEditable(), 34, 5);
+    attributes = new RowGrid("Attributes", workspace.isEditable(), 34, 4);
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));
     path.setEnabled(false);
     TextPart udas = TextPart.udas(workspace);
@@ -74,9 +80,18 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     for (TextPart part : Arrays.asList(formula, comment, extended)) {
       form.add(part, "span, growx, wmin 0");
     }
-    add(form.scrolled());
-    form.setVisible(false);
+    none.setEnabled(false);
+    none.setBorder(Theme.space(24, 24));
+    add(none, BorderLayout.NORTH);
+    scroll = form.scrolled();
+    add(scroll);
+    showForm(false);
     workspace.addListener(this);
+  }
+
+  private void showForm(boolean any) {
+    none.setVisible(!any);
+    scroll.setVisible(any);
   }
 
   @Override
@@ -85,7 +100,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     if (members.isEmpty()) {
       flush();
       shown = members;
-      form.setVisible(false);
+      showForm(false);
       return;
     }
     int[] handles = members.stream().mapToInt(Member::handle).toArray();
@@ -111,7 +126,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     attributes.show(MemberRows.attributes(workspace, members, read.attributes));
     attributes.setVisible(!read.attributes.isEmpty());
     texts.forEach(text -> text.show(members, again));
-    form.setVisible(true);
+    showForm(true);
   }
 
   private static String describe(Member member, List<Member> above) {

@@ -16,6 +16,7 @@ import java.util.Map;
 import java.util.TreeMap;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
+import javax.swing.JScrollPane;
 
 /** What the dimension of the selected member has: kind, attributes, named generations, series. */
 final class DimensionPane extends JPanel implements WorkspaceListener {
@@ -30,23 +31,31 @@ final class DimensionPane extends JPanel implements WorkspaceListener {
   private final JLabel title = new JLabel(" ");
   private final Form form = new Form("insets 12, fillx, wrap 2, gapy 10, hidemode 3",
       "[grow 50,fill,:200:]20[grow 50,fill,:200:]");
-  private final RowGrid kind = new RowGrid("Dimension", 50, 8);
-  private final RowGrid series = new RowGrid("Dynamic time series", 50, 8);
-  private final RowGrid generations = new RowGrid("Generations", 25, 8);
-  private final RowGrid levels = new RowGrid("Levels", 25, 8);
-  private final List<RowGrid> grids = Arrays.asList(kind, generations, levels, series);
+  private final RowGrid kind;
+  private final RowGrid series;
+  private final RowGrid generations;
+  private final RowGrid levels;
+  private final List<RowGrid> grids;
+  private final JScrollPane scroll = form.scrolled();
   private int handle;
 
   DimensionPane(Workspace workspace) {
     super(new BorderLayout());
     this.workspace = workspace;
+    boolean editable = workspace.isEditable();
+    kind = new RowGrid("Dimension", editable, 50, 8);
+    series = new RowGrid("Dynamic time series", editable, 50, 8);
+    generations = new RowGrid("Generations", editable, 25, 8);
+    levels = new RowGrid("Levels", editable, 25, 8);
+    // In two columns.
+    grids = Arrays.asList(kind, generations, series, levels);
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));
-    form.add(title, "span, growx, wmin 0");
-    for (RowGrid grid : Arrays.asList(kind, generations, series, levels)) {
-      form.add(grid, "aligny top, wmin 0");
+    form.add(title, "cell 0 0 2 1, growx, wmin 0");
+    for (int i = 0; i < grids.size(); i++) {
+      form.add(grids.get(i), "cell " + i % 2 + " " + (1 + i / 2) + ", aligny top, wmin 0");
     }
-    add(form.scrolled());
-    form.setVisible(false);
+    add(scroll);
+    scroll.setVisible(false);
     workspace.addListener(this);
   }
 
@@ -134,7 +143,7 @@ final class DimensionPane extends JPanel implements WorkspaceListener {
       flush();
     }
     handle = next;
-    form.setVisible(handle != 0);
+    scroll.setVisible(handle != 0);
     if (handle != 0) {
       workspace.read(() -> new Reading(workspace.outline(), next), this::show);
     }

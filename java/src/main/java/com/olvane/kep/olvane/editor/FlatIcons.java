@@ -6,7 +6,6 @@ import java.awt.Component;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
 import java.awt.RenderingHints;
-import java.awt.geom.Ellipse2D;
 import java.awt.geom.Path2D;
 import javax.swing.AbstractButton;
 import javax.swing.Icon;
@@ -56,8 +55,7 @@ final class FlatIcons {
   static void putAll(UIDefaults defaults, Palette palette) {
     defaults.put("Tree.expandedIcon", arrow(12, true, palette.faint));
     defaults.put("Tree.collapsedIcon", arrow(12, false, palette.faint));
-    defaults.put("CheckBox.icon", new Drawn(16, (g, on) -> box(g, on, palette, 8)));
-    defaults.put("RadioButton.icon", new Drawn(16, (g, on) -> box(g, on, palette, 16)));
+    defaults.put("CheckBox.icon", new Drawn(16, (g, on) -> box(g, (AbstractButton) on, palette)));
     Icon tick = new Drawn(12, (g, on) -> {
       if (((AbstractButton) on).isSelected()) {
         g.setColor(palette.text);
@@ -100,33 +98,15 @@ final class FlatIcons {
     });
   }
 
-  /** A box or, with a large {@code arc}, a circle that can be chosen. */
-  private static void box(Graphics2D g, Component on, Palette palette, int arc) {
-    AbstractButton button = (AbstractButton) on;
-    boolean enabled = button.isEnabled();
+  private static void box(Graphics2D g, AbstractButton button, Palette palette) {
     boolean chosen = button.isSelected();
-    Color face = chosen && enabled ? palette.accent : palette.content;
-    Color edge = button.isFocusOwner() || chosen && enabled ? palette.accent : palette.border;
-    java.awt.geom.RoundRectangle2D shape = new java.awt.geom.RoundRectangle2D.Float(
-        1.5f, 1.5f, 13, 13, Math.min(arc, 13), Math.min(arc, 13));
-    g.setColor(face);
-    g.fill(shape);
-    g.setColor(enabled ? edge : palette.line);
-    g.setStroke(new BasicStroke(button.isFocusOwner() ? 2 : 1));
-    g.draw(shape);
-    if (button.isFocusOwner() && chosen) {
-      g.setStroke(new BasicStroke(1));
-      g.setColor(palette.text);
-      g.draw(new java.awt.geom.RoundRectangle2D.Float(0.5f, 0.5f, 15, 15, Math.min(arc, 15) + 1,
-          Math.min(arc, 15) + 1));
-    }
-    if (!chosen) {
-      return;
-    }
-    g.setColor(enabled ? palette.onAccent : palette.faint);
-    if (arc > 8) {
-      g.fill(new Ellipse2D.Float(5, 5, 6, 6));
-    } else {
+    boolean filled = chosen && button.isEnabled();
+    FlatBorder.paint(g, 1, 1, 14, 14, filled ? palette.accent : palette.content,
+        button.isFocusOwner() ? filled ? palette.text : palette.accent
+            : filled ? palette.accent : button.isEnabled() ? palette.border : palette.line,
+        button.isFocusOwner() ? 2 : 1);
+    if (chosen) {
+      g.setColor(filled ? palette.onAccent : palette.faint);
       line(g, 1.8f, 4.5f, 8.5f, 7, 11, 11.5f, 5.5f);
     }
   }

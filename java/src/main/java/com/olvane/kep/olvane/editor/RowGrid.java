@@ -72,6 +72,7 @@ final class RowGrid extends JPanel {
     }
   }
 
+  private final boolean editable;
   private final int mostRows;
   private final Model model = new Model();
   private final Table table = new Table();
@@ -82,11 +83,13 @@ final class RowGrid extends JPanel {
   /**
    * Makes an empty grid.
    *
+   * @param editable whether the values can be changed
    * @param labelWidth the share of the label's column
    * @param mostRows the number of rows from which on the grid scrolls
    */
-  RowGrid(String title, int labelWidth, int mostRows) {
+  RowGrid(String title, boolean editable, int labelWidth, int mostRows) {
     super(new MigLayout("insets 0, fillx, wrap 1, hidemode 3", "[grow,fill]"));
+    this.editable = editable;
     this.mostRows = mostRows;
     Theme.style(table);
     table.setName(title);
@@ -144,7 +147,7 @@ final class RowGrid extends JPanel {
 
     @Override
     public boolean isCellEditable(int row, int column) {
-      return column == 1;
+      return column == 1 && editable;
     }
 
     @Override

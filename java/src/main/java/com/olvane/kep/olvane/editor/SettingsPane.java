@@ -22,12 +22,14 @@ final class SettingsPane extends JPanel implements WorkspaceListener {
   private static final int NAME_LIMIT = 80;
 
   private final transient Workspace workspace;
-  private final RowGrid general = new RowGrid("Outline", 60, 2);
-  private final RowGrid attributes = new RowGrid("Attributes", 60, 13);
+  private final RowGrid general;
+  private final RowGrid attributes;
 
   SettingsPane(Workspace workspace) {
     super(new BorderLayout());
     this.workspace = workspace;
+    general = new RowGrid("Outline", workspace.isEditable(), 60, 2);
+    attributes = new RowGrid("Attributes", workspace.isEditable(), 60, 13);
     Form form = new Form("insets 12, fillx, wrap 1, gapy 10", "[grow,fill,:100:560]");
     form.add(general);
     form.add(attributes);

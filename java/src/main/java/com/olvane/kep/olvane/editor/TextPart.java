@@ -42,6 +42,7 @@ final class TextPart extends JPanel {
     this.read = read;
     heading = Form.heading(title, field);
     field.setName(title);
+    field.setEditable(workspace.isEditable());
     JLabel complaint = new JLabel();
     add(heading);
     add(view);

@@ -8,8 +8,6 @@ import java.awt.Insets;
 import java.awt.RenderingHints;
 import java.awt.Toolkit;
 import java.awt.Window;
-import java.util.ArrayList;
-import java.util.List;
 import java.util.Map;
 import javax.swing.BorderFactory;
 import javax.swing.JLabel;
@@ -22,7 +20,6 @@ import javax.swing.UnsupportedLookAndFeelException;
 import javax.swing.border.Border;
 import javax.swing.plaf.BorderUIResource;
 import javax.swing.plaf.ColorUIResource;
-import javax.swing.plaf.DimensionUIResource;
 import javax.swing.plaf.FontUIResource;
 import javax.swing.plaf.InsetsUIResource;
 import javax.swing.plaf.metal.DefaultMetalTheme;
@@ -33,7 +30,6 @@ import javax.swing.table.TableCellRenderer;
 final class Theme {
   private static final int TEXT_SIZE = 12;
 
-  private static final List<Runnable> listeners = new ArrayList<>();
   private static Palette palette = Palette.LIGHT;
 
   private Theme() {}
@@ -52,16 +48,6 @@ final class Theme {
     return palette;
   }
 
-  /** Adds somebody who has more to do than to be repainted when the colours change. */
-  static void onChange(Runnable listener) {
-    listeners.add(listener);
-  }
-
-  /** Takes a listener off the list. */
-  static void forget(Runnable listener) {
-    listeners.remove(listener);
-  }
-
   /** Gives this look to all windows, open ones too. Called on the event thread. */
   static void install(Palette colours) {
     palette = colours;
@@ -78,9 +64,6 @@ final class Theme {
     FlatIcons.putAll(defaults, colours);
     for (Window window : Window.getWindows()) {
       SwingUtilities.updateComponentTreeUI(window);
-    }
-    for (Runnable listener : new ArrayList<>(listeners)) {
-      listener.run();
     }
   }
 
@@ -121,13 +104,11 @@ final class Theme {
   private static void putControls(UIDefaults defaults) {
     defaults.put("ClassLoader", Theme.class.getClassLoader());
     String own = "com.olvane.kep.olvane.editor.Flat";
-    for (String one : new String[] {"CheckBox", "RadioButton", "ToolBar", "SplitPane",
-      "ProgressBar", "Tree", "MenuBar", "ToolTip", "ScrollPane", "Separator", "PopupMenuSeparator",
-      "ToolBarSeparator"}) {
+    for (String one : new String[] {"CheckBox", "SplitPane", "ProgressBar", "Tree",
+      "MenuBar", "ToolTip", "ScrollPane", "Separator", "PopupMenuSeparator"}) {
       defaults.put(one + "UI", "javax.swing.plaf.basic.Basic" + one + "UI");
     }
-    defaults.put("ButtonUI", own + "Buttons$Plain");
-    defaults.put("ToggleButtonUI", own + "Buttons$Toggle");
+    defaults.put("ButtonUI", own + "Button");
     defaults.put("ComboBoxUI", own + "Controls$ComboBox");
     defaults.put("ScrollBarUI", own + "Controls$ScrollBar");
     defaults.put("TabbedPaneUI", own + "Controls$Tabs");
@@ -152,8 +133,8 @@ final class Theme {
     putColours(defaults, "Tree Table List TextField TextArea TextPane EditorPane PasswordField "
         + "FormattedTextField Viewport ComboBox MenuItem CheckBoxMenuItem RadioButtonMenuItem "
         + "PopupMenu", palette.content, palette.text, palette.faint);
-    putColours(defaults, "Panel OptionPane TabbedPane SplitPane ScrollPane MenuBar ToolBar "
-        + "CheckBox RadioButton Label FileChooser Menu ScrollBar", palette.surface, palette.text,
+    putColours(defaults, "Panel OptionPane TabbedPane SplitPane ScrollPane MenuBar "
+        + "CheckBox Label FileChooser Menu ScrollBar", palette.surface, palette.text,
         palette.faint);
     putColours(defaults, "Button ToggleButton ToolTip", palette.raised, palette.text,
         palette.faint);
@@ -178,9 +159,7 @@ final class Theme {
     put(defaults, new FlatBorder(new Insets(5, 6, 5, 6)), "TextField.border", "ComboBox.border",
         "FormattedTextField.border", "PasswordField.border");
     put(defaults, space(4, 12), "Button.border", "ToggleButton.border");
-    put(defaults, space(5, 8), "ToolBar.rolloverBorder",
-        "ToolBar.nonrolloverBorder", "ToolBar.nonrolloverToggleBorder");
-    put(defaults, space(0, 0), "SplitPane.border", "SplitPaneDivider.border", "ToolBar.border",
+    put(defaults, space(0, 0), "SplitPane.border", "SplitPaneDivider.border",
         "TableHeader.border", "ProgressBar.border");
     put(defaults, line, "ScrollPane.border", "Table.scrollPaneBorder");
     put(defaults, BorderFactory.createCompoundBorder(line, space(4, 0)), "PopupMenu.border");
@@ -196,7 +175,6 @@ final class Theme {
     put(defaults, space(4, 4), "Menu.border", "MenuItem.border", "CheckBoxMenuItem.border",
         "RadioButtonMenuItem.border");
     defaults.put("CheckBox.margin", new InsetsUIResource(3, 0, 3, 2));
-    defaults.put("RadioButton.margin", new InsetsUIResource(3, 0, 3, 2));
     defaults.put("TabbedPane.contentBorderInsets", new InsetsUIResource(1, 0, 0, 0));
     defaults.put("TabbedPane.tabInsets", new InsetsUIResource(6, 12, 6, 12));
     defaults.put("TabbedPane.tabAreaInsets", new InsetsUIResource(0, 4, 0, 0));
@@ -204,7 +182,6 @@ final class Theme {
     defaults.put("TabbedPane.tabsOverlapBorder", false);
     defaults.put("SplitPane.dividerSize", 5);
     defaults.put("ScrollBar.width", 13);
-    defaults.put("ToolBar.separatorSize", new DimensionUIResource(12, 12));
     defaults.put("Tree.paintLines", false);
     defaults.put("Tree.drawsFocusBorderAroundIcon", false);
     defaults.put("Tree.rowHeight", 22);
