@@ -9,6 +9,8 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Place;
 import com.olvane.kep.olvane.outline.Search;
 import com.olvane.kep.olvane.outline.Store;
+import java.awt.Component;
+import java.awt.Container;
 import java.io.IOException;
 import java.lang.management.ManagementFactory;
 import java.lang.management.ThreadMXBean;
@@ -28,7 +30,7 @@ import javax.swing.tree.TreePath;
 /**
  * The editor's window on an outline whose members all lie under one parent: the first tree beside
  * opening the outline, the first page of the children, a search beside {@code findRequest}, and the
- * heap after scrolling through all of them.
+ * heap after scrolling through all of them; and the picture of them all.
  */
 public final class EditorBench {
   private static final String APPLICATION = "Bench";
@@ -119,7 +121,39 @@ public final class EditorBench {
     report("until the first page of children is shown", page, null);
     search();
     scroll();
+    picture();
     close();
+  }
+
+  private static <T extends Component> T find(Container in, Class<T> type) {
+    for (Component component : in.getComponents()) {
+      T found = type.isInstance(component) ? type.cast(component)
+          : component instanceof Container ? find((Container) component, type) : null;
+      if (found != null) {
+        return found;
+      }
+    }
+    return null;
+  }
+
+  /** Reads all members and draws them, and draws them once more. */
+  private void picture() throws Exception {
+    PicturePane pane = find(window.frame(), PicturePane.class);
+    PictureView view = find(pane, PictureView.class);
+    double[] read = {millis(() -> {
+      onEventThread(() -> {
+        window.showPane(pane);
+        return null;
+      });
+      await(() -> view.picture().count() == size + 1);
+    })};
+    double[] drawn = {millis(() -> onEventThread(() -> {
+      view.zoom(-1);
+      view.paintImmediately(view.getVisibleRect());
+      return null;
+    }))};
+    report("until all members are read for the picture", read, null);
+    report("lay the picture out and draw it", drawn, null);
   }
 
   private interface Work {
