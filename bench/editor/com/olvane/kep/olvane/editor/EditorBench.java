@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.editor;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.FindRequest;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
@@ -245,7 +246,7 @@ public final class EditorBench {
       double one = millis(() -> hits[0] = find(outline));
       double two = millis(() -> {
         onEventThread(() -> {
-          task[0].start(new Search(TEXT).aliases());
+          task[0].start(new Search(TEXT).aliases(), Details.NONE);
           return null;
         });
         await(() -> !task[0].isRunning());

@@ -1,15 +1,11 @@
 package com.olvane.kep.olvane.editor;
 
 import java.awt.BorderLayout;
-import java.awt.Component;
-import java.awt.event.MouseAdapter;
-import java.awt.event.MouseEvent;
+import java.util.Arrays;
 import java.util.List;
-import javax.swing.BorderFactory;
-import javax.swing.DefaultListCellRenderer;
-import javax.swing.DefaultListModel;
+import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 import javax.swing.JLabel;
-import javax.swing.JList;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 
@@ -18,75 +14,47 @@ final class HistoryPane extends JPanel {
   private static final long serialVersionUID = 1;
 
   private final transient Workspace workspace;
-  private final DefaultListModel<String> steps = new DefaultListModel<>();
-  private final JList<String> list = new JList<>(steps);
+  private transient List<String> titles;
+  /** Steps by number; 0 stands for the outline as it was opened. */
+  private final transient Listing<Integer> listing = new Listing<>("history",
+      new String[] {"Step", "State"}, new int[] {480, 120}, Arrays.asList(
+          step -> step == 0 ? "Opened" : titles.get(step - 1), this::state));
 
   HistoryPane(Workspace workspace) {
     super(new BorderLayout());
     this.workspace = workspace;
-    list.setName("history");
-    list.getAccessibleContext().setAccessibleName("History");
-    JLabel hint = new JLabel(
-        "Double-click a step to go back to it, or forth. Undone steps stand back.");
-    hint.setBorder(BorderFactory.createEmptyBorder(8, 10, 8, 10));
+    JLabel hint = new JLabel("Double-click a step to go back to it, or forth.");
+    hint.setBorder(Theme.space(8, 10));
+    JScrollPane scroll = new JScrollPane(listing);
+    scroll.setBorder(Theme.space(0, 0));
     add(hint, BorderLayout.NORTH);
-    JScrollPane scroll = new JScrollPane(list);
-    scroll.setBorder(BorderFactory.createEmptyBorder());
     add(scroll);
-    list.setCellRenderer(new DefaultListCellRenderer() {
-      private static final long serialVersionUID = 1;
-
-      @Override
-      public Component getListCellRendererComponent(
-          JList<?> shown, Object value, int index, boolean selected, boolean focused) {
-        super.getListCellRendererComponent(shown, value, index, selected, focused);
-        setBorder(BorderFactory.createEmptyBorder(3, 10, 3, 10));
-        if (index > workspace.history().position()) {
-          setForeground(Theme.palette().faint);
-        }
-        return this;
-      }
-    });
-    list.addMouseListener(new MouseAdapter() {
-      @Override
-      public void mouseClicked(MouseEvent event) {
-        if (event.getClickCount() == 2 && list.getSelectedIndex() >= 0) {
-          go(list.getSelectedIndex());
-        }
-      }
-    });
-    list.getInputMap().put(javax.swing.KeyStroke.getKeyStroke("ENTER"), "go");
-    list.getActionMap().put("go", new javax.swing.AbstractAction() {
-      private static final long serialVersionUID = 1;
-
-      @Override
-      public void actionPerformed(java.awt.event.ActionEvent event) {
-        if (list.getSelectedIndex() >= 0) {
-          go(list.getSelectedIndex());
-        }
-      }
-    });
+    listing.onChoice(2, this::go);
     workspace.addListener(new WorkspaceListener() {
       @Override
       public void historyChanged() {
-        show(workspace.history().titles());
+        showSteps();
       }
     });
-    show(workspace.history().titles());
+    showSteps();
   }
 
-  private void show(List<String> titles) {
-    steps.clear();
-    steps.addElement("Opened");
-    titles.forEach(steps::addElement);
-    int position = workspace.history().position();
-    list.setSelectedIndex(position);
-    list.ensureIndexIsVisible(position);
+  private String state(int step) {
+    int now = workspace.history().position();
+    return step == now ? "now" : step > now ? "undone" : "";
   }
 
-  /** Undoes or does again until a step is the last one done; 0 for none. */
-  private void go(int position) {
-    int steps = position - workspace.history().position();
+  private void showSteps() {
+    titles = workspace.history().titles();
+    listing.show(IntStream.rangeClosed(0, titles.size()).boxed().collect(Collectors.toList()));
+    int now = Math.min(workspace.history().position(), titles.size());
+    listing.setRowSelectionInterval(now, now);
+    listing.scrollRectToVisible(listing.getCellRect(now, 0, true));
+  }
+
+  /** Undoes or does again until a step is the last one done. */
+  private void go(int step) {
+    int steps = step - workspace.history().position();
     for (int i = 0; i < Math.abs(steps); i++) {
       if (steps < 0) {
         workspace.undo();

@@ -5,129 +5,95 @@ import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import java.awt.BorderLayout;
-import java.awt.event.MouseAdapter;
-import java.awt.event.MouseEvent;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.Collections;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.stream.Collectors;
-import javax.swing.BorderFactory;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
-import javax.swing.JTable;
-import javax.swing.ListSelectionModel;
-import javax.swing.table.AbstractTableModel;
 
 /** The members that a search found, with their paths, which are read when they come into view. */
 final class HitsPane extends JPanel {
   private static final long serialVersionUID = 1;
-  private static final int PATHS_AT_ONCE = 100;
+  private static final String TO_COME = "\u2026";
 
   private final transient Workspace workspace;
   private final transient SearchTask search;
   private final transient Map<Integer, String> paths = new HashMap<>();
   private final transient List<Member> asked = new ArrayList<>();
-  private final JTable table;
+  private final transient Listing<Member> listing = new Listing<>("hits",
+      new String[] {"Member", "Alias", "Path"}, new int[] {160, 200, 360},
+      Arrays.asList(Member::name, HitsPane::alias, this::path));
   private int shown;
-  private final AbstractTableModel model = new AbstractTableModel() {
-    private static final long serialVersionUID = 1;
-
-    @Override
-    public int getRowCount() {
-      return search.hits().size();
-    }
-
-    @Override
-    public int getColumnCount() {
-      return 2;
-    }
-
-    @Override
-    public String getColumnName(int column) {
-      return column == 0 ? "Member" : "Path";
-    }
-
-    @Override
-    public Object getValueAt(int row, int column) {
-      Member member = search.hits().get(row);
-      return column == 0 ? member.name() : path(member);
-    }
-  };
 
   HitsPane(Workspace workspace, SearchTask search) {
     super(new BorderLayout());
     this.workspace = workspace;
     this.search = search;
-    table = new JTable(model);
-    Theme.style(table);
-    table.setName("hits");
-    table.getAccessibleContext().setAccessibleName("Members found");
-    table.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
-    table.getColumnModel().getColumn(0).setPreferredWidth(200);
-    table.getColumnModel().getColumn(1).setPreferredWidth(480);
-    table.addMouseListener(new MouseAdapter() {
-      @Override
-      public void mouseClicked(MouseEvent event) {
-        if (table.getSelectedRow() >= 0) {
-          search.go(table.getSelectedRow());
-        }
-      }
-    });
-    JLabel hint = new JLabel("Type into the search field above the tree; click a member to go to it.");
-    hint.setBorder(BorderFactory.createEmptyBorder(8, 10, 8, 10));
+    listing.show(search.hits());
+    listing.onChoice(1, member -> search.go(listing.getSelectedRow()));
+    JLabel hint =
+        new JLabel("Type into the search field above the tree; click a member to go to it.");
+    hint.setBorder(Theme.space(8, 10));
+    JScrollPane scroll = new JScrollPane(listing);
+    scroll.setBorder(Theme.space(0, 0));
     add(hint, BorderLayout.NORTH);
-    JScrollPane scroll = new JScrollPane(table);
-    scroll.setBorder(BorderFactory.createEmptyBorder());
     add(scroll);
     search.onProgress(this::follow);
     workspace.addListener(new WorkspaceListener() {
       @Override
       public void changed(OutlineChange change) {
         paths.clear();
-        table.repaint();
+        listing.repaint();
       }
     });
   }
 
   private void follow() {
     int now = search.hits().size();
-    if (now < shown || now > 0 && shown == 0) {
-      model.fireTableDataChanged();
+    if (now < shown || shown == 0) {
+      listing.show(search.hits());
     } else if (now > shown) {
-      model.fireTableRowsInserted(shown, now - 1);
+      listing.grown(shown);
     }
     shown = now;
     int position = search.position();
-    if (position >= 0 && position < now && table.getSelectedRow() != position) {
-      table.setRowSelectionInterval(position, position);
-      table.scrollRectToVisible(table.getCellRect(position, 0, true));
+    if (position >= 0 && position < now && listing.getSelectedRow() != position) {
+      listing.setRowSelectionInterval(position, position);
+      listing.scrollRectToVisible(listing.getCellRect(position, 0, true));
     }
+  }
+
+  private static String alias(Member member) {
+    List<String> tables = member.details().aliasTables();
+    return tables.isEmpty() ? "" : member.alias(tables.get(0));
   }
 
   private String path(Member member) {
-    String path = paths.get(member.handle());
-    if (path == null) {
-      paths.put(member.handle(), "\u2026");
-      asked.add(member);
-      if (asked.size() == 1) {
-        workspace.read(() -> null, nothing -> readPaths());
+    if (!paths.containsKey(member.handle())) {
+      paths.put(member.handle(), TO_COME);
+      if (asked.isEmpty()) {
+        // Behind the painting that asks for all rows in view.
+        javax.swing.SwingUtilities.invokeLater(this::readPaths);
       }
+      asked.add(member);
     }
-    return path == null ? "\u2026" : path;
+    return paths.get(member.handle());
   }
 
   private void readPaths() {
-    List<Member> some = new ArrayList<>(asked.subList(0, Math.min(PATHS_AT_ONCE, asked.size())));
+    List<Member> some = new ArrayList<>(asked);
     asked.clear();
     workspace.read(() -> some.stream().map(one -> path(workspace.outline(), one))
         .collect(Collectors.toList()), found -> {
           for (int i = 0; i < some.size(); i++) {
             paths.put(some.get(i).handle(), found.get(i));
           }
-          table.repaint();
+          listing.repaint();
         });
   }
 

@@ -14,10 +14,7 @@ import java.awt.RenderingHints;
 import java.text.NumberFormat;
 import java.util.ArrayList;
 import java.util.List;
-import javax.accessibility.Accessible;
-import javax.accessibility.AccessibleContext;
-import javax.accessibility.AccessibleRole;
-import javax.swing.JComponent;
+import javax.swing.JLabel;
 import javax.swing.JTree;
 import javax.swing.tree.TreeCellRenderer;
 
@@ -25,7 +22,7 @@ import javax.swing.tree.TreeCellRenderer;
  * Draws a member as one line: consolidation sign, name, alias, marks for formula and attributes,
  * number of children.
  */
-final class MemberRenderer extends JComponent implements TreeCellRenderer, Accessible {
+final class MemberRenderer extends JLabel implements TreeCellRenderer {
   private static final long serialVersionUID = 1;
   private static final int GAP = 8;
 
@@ -173,20 +170,5 @@ final class MemberRenderer extends JComponent implements TreeCellRenderer, Acces
       x += width + GAP;
     }
     g.dispose();
-  }
-
-  @Override
-  public AccessibleContext getAccessibleContext() {
-    if (accessibleContext == null) {
-      accessibleContext = new AccessibleJComponent() {
-        private static final long serialVersionUID = 1;
-
-        @Override
-        public AccessibleRole getAccessibleRole() {
-          return AccessibleRole.LABEL;
-        }
-      };
-    }
-    return accessibleContext;
   }
 }

@@ -11,8 +11,6 @@ import javax.swing.BorderFactory;
 import javax.swing.JTextField;
 import javax.swing.JTree;
 import javax.swing.SwingUtilities;
-import javax.swing.event.DocumentEvent;
-import javax.swing.event.DocumentListener;
 import javax.swing.tree.TreeCellEditor;
 
 /** Edits a member's name in the tree; one that is not allowed is marked while it is typed. */
@@ -35,22 +33,7 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
     field.setName("name");
     field.getAccessibleContext().setAccessibleName("Name of the member");
     field.addActionListener(event -> stopCellEditing());
-    field.getDocument().addDocumentListener(new DocumentListener() {
-      @Override
-      public void insertUpdate(DocumentEvent event) {
-        check();
-      }
-
-      @Override
-      public void removeUpdate(DocumentEvent event) {
-        check();
-      }
-
-      @Override
-      public void changedUpdate(DocumentEvent event) {
-        check();
-      }
-    });
+    TextCommit.onChange(field, this::check);
   }
 
   /** What is wrong with a name, as a sentence; null for nothing. */
@@ -72,11 +55,7 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
     field.setBorder(BorderFactory.createCompoundBorder(
         BorderFactory.createLineBorder(complaint == null ? palette.accent : palette.error),
         BorderFactory.createEmptyBorder(0, 4, 0, 4)));
-    if (complaint != null && field.isShowing()) {
-      tree.complain(complaint);
-    } else {
-      tree.complain("");
-    }
+    tree.complain(complaint == null || !field.isShowing() ? "" : complaint);
     // Not now: the field has yet to hear of the change and would lay out what it no longer holds.
     SwingUtilities.invokeLater(() -> {
       if (field.isShowing()) {

@@ -9,11 +9,9 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
 import java.util.Comparator;
-import java.util.HashMap;
 import java.util.HashSet;
 import java.util.LinkedHashSet;
 import java.util.List;
-import java.util.Map;
 import java.util.Set;
 import java.util.function.Consumer;
 import java.util.stream.Collectors;
@@ -202,21 +200,9 @@ final class OutlineTree extends JTree {
     });
   }
 
-  /** Opens members at their places, parents first. */
-  void open(List<ViewCommands.OpenPlace> places) {
-    Map<ViewCommands.OpenPlace, MemberNode> nodes = new HashMap<>();
-    for (ViewCommands.OpenPlace place : places) {
-      MemberNode parent = place.parent == null ? model.getRoot() : nodes.get(place.parent);
-      if (parent == null || place.index >= parent.childCount) {
-        continue;
-      }
-      MemberNode node = model.child(parent, place.index);
-      if (node.member == null) {
-        node.childCount = (int) place.member.childCount();
-      }
-      nodes.put(place, node);
-      expandPath(node.path());
-    }
+  /** Opens members at their places. */
+  void open(TreePlaces places) {
+    places.attach(model).forEach(node -> expandPath(node.path()));
   }
 
   /** Closes all members; what is selected below becomes its dimension. */

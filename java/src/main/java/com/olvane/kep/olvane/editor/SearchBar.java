@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Search;
 import java.awt.event.KeyEvent;
 import java.text.NumberFormat;
@@ -122,7 +123,8 @@ final class SearchBar extends JPanel {
     if (wholeWords.isSelected()) {
       wanted.wholeWords();
     }
-    search.start(wanted);
+    String table = window.tree().aliasTable();
+    search.start(wanted, table.isEmpty() ? Details.NONE : Details.NONE.aliases(table));
   }
 
   private void showProgress() {

@@ -18,6 +18,7 @@ final class SearchTask {
   private final List<Member> hits = new ArrayList<>();
   private final List<Runnable> listeners = new ArrayList<>();
   private Search wanted;
+  private Details wantedDetails;
   private int number;
   private boolean running;
   private long searched;
@@ -30,7 +31,7 @@ final class SearchTask {
       public void changed(OutlineChange change) {
         // What was found may be gone: it is looked for again when it is next asked for.
         if (running) {
-          start(wanted);
+          start(wanted, wantedDetails);
         }
       }
     });
@@ -45,16 +46,17 @@ final class SearchTask {
     listeners.forEach(Runnable::run);
   }
 
-  /** Begins to search; what runs is given up. */
-  void start(Search search) {
+  /** Begins to search and to read such details of what is found; what runs is given up. */
+  void start(Search search, Details details) {
     wanted = search;
+    wantedDetails = details;
     hits.clear();
     position = -1;
     searched = 0;
     running = true;
     int own = ++number;
     tell();
-    workspace.read(() -> workspace.outline().search(search, Details.NONE), run -> batch(own, run));
+    workspace.read(() -> workspace.outline().search(search, details), run -> batch(own, run));
   }
 
   private void batch(int own, SearchRun run) {

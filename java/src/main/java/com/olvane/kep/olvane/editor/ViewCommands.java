@@ -3,7 +3,6 @@ package com.olvane.kep.olvane.editor;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
-import java.util.ArrayDeque;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.stream.Stream;
@@ -56,63 +55,32 @@ final class ViewCommands {
   // ---- Expanding ----
 
   private void expand(int generation) {
-    window.workspace().read(
-        () -> toOpen(window.workspace().outline(), generation), members -> {
-          if (members == null) {
-            window.status("More than " + OPENED + " members would be opened;"
-                + " choose a lower generation.");
-          } else {
-            tree.open(members);
-          }
-        });
+    Outline outline = window.workspace().outline();
+    window.workspace().read(() -> {
+      List<Member> toOpen = toOpen(outline, generation);
+      return toOpen.size() > OPENED ? null
+          : TreePlaces.of(outline, toOpen, tree.pagedModel().details());
+    }, places -> {
+      if (places == null) {
+        window.status("More than " + OPENED + " members would be opened;"
+            + " choose a lower generation.");
+      } else {
+        tree.open(places);
+      }
+    });
   }
 
-  /** The ways to the members to be opened, as places among siblings; null if they are too many. */
-  private static List<OpenPlace> toOpen(Outline outline, int generation) {
-    List<OpenPlace> places = new ArrayList<>();
-    ArrayDeque<OpenPlace> waiting = new ArrayDeque<>();
-    int index = 0;
-    for (Member dimension : outline.dimensions()) {
-      waiting.add(new OpenPlace(null, index++, dimension));
-    }
-    while (!waiting.isEmpty()) {
-      OpenPlace place = waiting.poll();
-      if (place.member.generation() >= generation || !place.member.hasChildren()) {
-        continue;
-      }
-      places.add(place);
-      if (places.size() > OPENED) {
-        return null;
-      }
-      if (place.member.generation() + 1 < generation) {
-        int[] number = {0};
-        try (Stream<Member> children = outline.children(place.member, Details.NONE)) {
-          children.forEach(child -> {
-            int own = number[0]++;
-            if (child.hasChildren()) {
-              waiting.add(new OpenPlace(place, own, child));
-            }
-          });
-        }
-        if (waiting.size() > OPENED) {
-          return null;
+  /** The members to be opened, parents first; a few more than allowed when there are too many. */
+  private static List<Member> toOpen(Outline outline, int generation) {
+    List<Member> found = new ArrayList<>(outline.dimensions());
+    for (int i = 0; i < found.size() && found.size() <= OPENED; i++) {
+      if (found.get(i).generation() + 1 < generation) {
+        try (Stream<Member> children = outline.children(found.get(i), Details.NONE)) {
+          children.filter(Member::hasChildren).limit(OPENED + 1).forEach(found::add);
         }
       }
     }
-    return places;
-  }
-
-  /** A member that is to be opened, and where it stands. */
-  static final class OpenPlace {
-    final OpenPlace parent;
-    final int index;
-    final Member member;
-
-    OpenPlace(OpenPlace parent, int index, Member member) {
-      this.parent = parent;
-      this.index = index;
-      this.member = member;
-    }
+    return found;
   }
 
   // ---- Aliases and colours ----
