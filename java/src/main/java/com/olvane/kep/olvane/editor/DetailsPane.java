@@ -111,6 +111,11 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     });
   }
 
+  @Override
+  public void failed(Exception failure) {
+    texts.forEach(TextPart::failed);
+  }
+
   private void show(Reading read) {
     List<Member> members = read.members;
     boolean again = members.equals(shown);

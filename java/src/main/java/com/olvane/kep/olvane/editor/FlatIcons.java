@@ -81,6 +81,14 @@ final class FlatIcons {
     g.draw(path);
   }
 
+  /** A square of a colour. */
+  static Icon swatch(Color colour) {
+    return new Drawn(11, (g, on) -> {
+      g.setColor(colour);
+      g.fillRect(0, 0, 11, 11);
+    });
+  }
+
   /** An angle that points down, or to where reading goes. */
   static Icon arrow(int size, boolean down, Color colour) {
     return new Drawn(size, (g, on) -> {

@@ -39,7 +39,7 @@ final class FormulaArea extends RSyntaxTextArea {
     FormulaArea area = new FormulaArea();
     MemberCompletion.install(area, workspace);
     RTextScrollPane scroll = new RTextScrollPane(area, false);
-    scroll.setPreferredSize(new Dimension(100, 92));
+    scroll.setPreferredSize(new Dimension(100, 100));
     return new TextPart(workspace, "Formula", area, scroll,
         members -> MemberRows.common(members, Member::formula),
         text -> member -> new Changes().formula(text));

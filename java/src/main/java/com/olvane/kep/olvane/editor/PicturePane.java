@@ -8,6 +8,7 @@ import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import java.awt.BorderLayout;
+import java.awt.FlowLayout;
 import java.awt.event.HierarchyEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
@@ -28,6 +29,7 @@ import javax.swing.JFileChooser;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.KeyStroke;
+import javax.swing.SwingConstants;
 import javax.swing.Timer;
 import net.miginfocom.swing.MigLayout;
 
@@ -38,6 +40,7 @@ import net.miginfocom.swing.MigLayout;
 final class PicturePane extends JPanel implements WorkspaceListener {
   private static final long serialVersionUID = 1;
   private static final int STEP = 20_000;
+  private static final int MOST_IN_LEGEND = 8;
   private static final String[] ALWAYS = {"Generation", "Finding"};
 
   private final transient Workspace workspace;
@@ -45,7 +48,7 @@ final class PicturePane extends JPanel implements WorkspaceListener {
   private final JComboBox<String> size = new JComboBox<>(new String[] {"Members", "Leaves"});
   private final JComboBox<String> colour = new JComboBox<>(ALWAYS);
   private final JButton up = new JButton("Zoom out");
-  private final JLabel legend = new JLabel(" ");
+  private final JPanel legend = new JPanel(new FlowLayout(FlowLayout.LEADING, 12, 0));
   private final Timer pause = new Timer(400, event -> read());
   private boolean stale = true;
   private boolean listing;
@@ -61,8 +64,8 @@ final class PicturePane extends JPanel implements WorkspaceListener {
     JButton export = new JButton("Export\u2026");
     bar.add(up);
     bar.add(export, "wrap");
-    bar.add(legend, "span, growx, wmin 0");
-    legend.setEnabled(false);
+    bar.add(legend, "span, growx, wmin 0, gapleft 0, pad 0 -12 0 0");
+    say(" ");
     add(bar, BorderLayout.NORTH);
     add(view);
     size.addActionListener(event -> view.setByLeaves(size.getSelectedIndex() == 1));
@@ -204,7 +207,7 @@ final class PicturePane extends JPanel implements WorkspaceListener {
     boolean byAttribute = colour.getSelectedIndex() >= ALWAYS.length;
     Reading begun = new Reading(byAttribute ? (String) colour.getSelectedItem() : null);
     reading = begun;
-    legend.setText("Reading the outline \u2026");
+    say("Reading the outline \u2026");
     readOn(begun);
   }
 
@@ -248,14 +251,27 @@ final class PicturePane extends JPanel implements WorkspaceListener {
             : PictureView.Colours.GENERATIONS);
     up.setEnabled(view.root() >= 0);
     selected(workspace.selection());
-    StringBuilder text = new StringBuilder("<html>");
-    for (int i = 0; i < Math.min(10, read.numbers.size()); i++) {
-      text.append(String.format("<font color='#%06x'>\u25a0</font> %s &nbsp; ",
-          view.legend(i + 1).getRGB() & 0xffffff, read.numbers.get(i)));
+    if (byFinding) {
+      say(String.format("%,d findings in red; what lies above them is pale", findings));
+    } else if (read.attribute == null) {
+      say(String.format("%,d members, a column a generation", read.picture.count()));
+    } else {
+      legend.removeAll();
+      for (int i = 0; i < Math.min(MOST_IN_LEGEND, read.numbers.size()); i++) {
+        legend.add(new JLabel(
+            read.numbers.get(i), FlatIcons.swatch(view.legend(i + 1)), SwingConstants.LEADING));
+      }
     }
-    legend.setText(byFinding ? String.format("%,d findings; where they are is pale", findings)
-        : read.attribute != null ? text.toString()
-            : String.format("%,d members, a column a generation", read.picture.count()));
+    legend.revalidate();
+  }
+
+  private void say(String sentence) {
+    legend.removeAll();
+    JLabel label = new JLabel(sentence);
+    label.setEnabled(false);
+    legend.add(label);
+    legend.revalidate();
+    legend.repaint();
   }
 
   private void readNames() {
@@ -289,7 +305,7 @@ final class PicturePane extends JPanel implements WorkspaceListener {
       } else {
         view.saveSvg(file.toPath());
       }
-      legend.setText("The picture is now in " + file + ".");
+      say("The picture is now in " + file + ".");
     } catch (IOException e) {
       workspace.fail(e);
     }

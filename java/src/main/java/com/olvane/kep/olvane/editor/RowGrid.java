@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Component;
 import java.awt.Dimension;
 import java.awt.Insets;
+import java.awt.KeyboardFocusManager;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
@@ -96,6 +97,9 @@ final class RowGrid extends JPanel {
     table.setTableHeader(null);
     table.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
     table.setSurrendersFocusOnKeystroke(true);
+    // Tab leaves the grid as it leaves a field.
+    table.setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
+    table.setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
     table.getColumnModel().getColumn(0).setPreferredWidth(labelWidth);
     table.getColumnModel().getColumn(1).setPreferredWidth(100 - labelWidth);
     complaint.setVisible(false);
@@ -182,6 +186,12 @@ final class RowGrid extends JPanel {
           return cell;
         }
       });
+    }
+
+    /** The keyboard goes from value to value. */
+    @Override
+    public void changeSelection(int row, int column, boolean toggle, boolean extend) {
+      super.changeSelection(row, 1, toggle, extend);
     }
 
     @Override

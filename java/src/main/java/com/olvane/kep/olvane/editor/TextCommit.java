@@ -24,7 +24,12 @@ final class TextCommit {
   private final JTextComponent field;
   private final Function<String, String> refusal;
   private final Consumer<String> commit;
+  private final JLabel complaint;
+  /** What the outline has, and what was given to it last. */
+  private String shown = "";
   private String committed = "";
+  /** What the outline did not take. */
+  private String refused;
 
   /**
    * Looks after a field.
@@ -38,6 +43,7 @@ final class TextCommit {
     this.field = field;
     this.refusal = refusal;
     this.commit = commit;
+    this.complaint = complaint;
     complaint.setVisible(false);
     onChange(field, () -> markRefused(
         field, complaint, isTyped() ? refusal.apply(field.getText()) : null));
@@ -49,7 +55,7 @@ final class TextCommit {
         }
       }
     });
-    bind("ESCAPE", () -> set(committed));
+    bind("ESCAPE", () -> set(shown));
     bind("ctrl ENTER", this::flush);
   }
 
@@ -83,6 +89,7 @@ final class TextCommit {
    * @param again whether it was only read anew, so that what is being typed stays
    */
   void show(String text, boolean again) {
+    shown = text;
     if (again && isTyped()) {
       committed = text;
     } else {
@@ -93,9 +100,18 @@ final class TextCommit {
   /** Makes an edit of what was typed, if it fits. */
   void flush() {
     String text = field.getText();
-    if (isTyped() && refusal.apply(text) == null) {
+    if (isTyped() && !text.equals(refused) && refusal.apply(text) == null) {
       committed = text;
       commit.accept(text);
+    }
+  }
+
+  /** Takes note of an edit that failed: what was typed stays, to be mended or given up. */
+  void failed() {
+    if (!committed.equals(shown)) {
+      refused = committed;
+      committed = shown;
+      markRefused(field, complaint, "The outline did not take this; Escape gives it up.");
     }
   }
 

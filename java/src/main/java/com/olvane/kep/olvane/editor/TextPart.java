@@ -103,4 +103,9 @@ final class TextPart extends JPanel {
   void flush() {
     commit.flush();
   }
+
+  /** Takes note of an edit that failed. */
+  void failed() {
+    commit.failed();
+  }
 }
