@@ -3,43 +3,38 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Window;
 import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
-import javax.swing.JButton;
+import java.util.stream.Collectors;
 import javax.swing.JCheckBox;
-import javax.swing.JDialog;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
-import javax.swing.JTable;
 import javax.swing.JTextField;
-import javax.swing.KeyStroke;
 import javax.swing.Timer;
-import javax.swing.table.DefaultTableModel;
 import net.miginfocom.swing.MigLayout;
 
 /** Shows what of an alias table file will apply and what won't, before anything is changed. */
-final class AliasImportDialog extends JDialog {
-  private static final long serialVersionUID = 1;
-  private static final int MOST_SHOWN = 10_000;
+final class AliasImportDialog {
+  private static final int TYPING_MILLIS = 250;
 
-  private final transient Workspace workspace;
-  private final transient AliasFile file;
+  private final Workspace workspace;
+  private final AliasFile file;
   private final JTextField table = new JTextField();
   private final JLabel summary = new JLabel(" ");
   private final JLabel note = new JLabel(" ");
   private final JCheckBox problems = new JCheckBox("Only what does not apply");
-  private final JButton apply = new JButton("Import");
-  private final DefaultTableModel model =
-      new DefaultTableModel(new Object[] {"Line", "Member", "Alias", "What happens"}, 0);
-  private final Timer pause;
-  private String answer;
+  private final Listing<AliasFile.Line> lines = new Listing<>("Lines",
+      new String[] {"Line", "Member", "Alias", "What happens"}, new int[] {60, 170, 220, 170},
+      Arrays.asList(line -> Integer.toString(line.number), line -> line.member,
+          line -> line.alias, line -> line.outcome.words));
+  private final Prompt prompt;
 
   private AliasImportDialog(Window owner, Workspace workspace, Path path, AliasFile file) {
-    super(owner, "Import " + path.getFileName(), ModalityType.DOCUMENT_MODAL);
     this.workspace = workspace;
     this.file = file;
-    JPanel form = new JPanel(new MigLayout("insets 12, fill, wrap 2", "[][grow,fill]",
-        "[][][][][grow,fill][]"));
+    JPanel form = new JPanel(new MigLayout("insets 12 12 0 12, fill, wrap 2", "[][grow,fill]",
+        "[][][][][grow,fill]"));
     JLabel label = new JLabel("Into the table");
     label.setLabelFor(table);
     table.setText(file.table);
@@ -50,38 +45,20 @@ final class AliasImportDialog extends JDialog {
     form.add(note, "span, growx, wmin 0");
     form.add(problems, "span");
     problems.addActionListener(event -> showLines());
-    JTable lines = new JTable(model);
-    lines.setName("Lines");
-    Theme.style(lines);
-    lines.getColumnModel().getColumn(0).setMaxWidth(70);
-    lines.getColumnModel().getColumn(3).setPreferredWidth(130);
-    lines.setDefaultEditor(Object.class, null);
     form.add(new JScrollPane(lines), "span, grow, w 640, h 320");
-    JButton cancel = new JButton("Cancel");
-    form.add(NamePrompt.buttonRow(apply, cancel), "span, growx");
-    apply.addActionListener(event -> {
-      answer = table.getText();
-      dispose();
-    });
-    cancel.addActionListener(event -> dispose());
-    getRootPane().setDefaultButton(apply);
-    getRootPane().registerKeyboardAction(event -> dispose(),
-        KeyStroke.getKeyStroke("ESCAPE"), JPanel.WHEN_IN_FOCUSED_WINDOW);
+    prompt = new Prompt(owner, "Import " + path.getFileName(), "Import", form);
     // The lines are judged anew when the name has been typed.
-    pause = new Timer(250, event -> judge());
+    Timer pause = new Timer(TYPING_MILLIS, event -> judge());
     pause.setRepeats(false);
     TextCommit.onChange(table, () -> {
-      apply.setEnabled(false);
+      prompt.allow(false);
       pause.restart();
     });
-    setContentPane(form);
-    pack();
-    setLocationRelativeTo(owner);
     judge();
   }
 
   private void judge() {
-    apply.setEnabled(false);
+    prompt.allow(false);
     String into = table.getText();
     String reason = into.isEmpty() ? "The file names no table; give one."
         : TextCommit.atMost(AliasTablesDialog.NAME_LIMIT).apply(into);
@@ -118,23 +95,19 @@ final class AliasImportDialog extends JDialog {
     note.setText(exists ? "The table is there; what the file does not name stays as it is."
         : "The table is not there yet, and is made.");
     summary.setForeground(Theme.palette().text);
-    apply.setEnabled(file.lines.stream().anyMatch(line -> line.outcome.applies()));
+    prompt.allow(file.lines.stream().anyMatch(line -> line.outcome.applies()));
     showLines();
   }
 
   private void showLines() {
-    model.setRowCount(0);
-    for (AliasFile.Line line : file.lines) {
-      if (model.getRowCount() < MOST_SHOWN && !(problems.isSelected() && line.outcome.applies())) {
-        model.addRow(new Object[] {line.number, line.member, line.alias, line.outcome.words});
-      }
-    }
+    lines.show(file.lines.stream()
+        .filter(line -> !problems.isSelected() || !line.outcome.applies())
+        .collect(Collectors.toList()));
   }
 
   /** Shows the dialog; the table to import into, or null when it was cancelled. */
   static String ask(Window owner, Workspace workspace, Path path, AliasFile file) {
     AliasImportDialog dialog = new AliasImportDialog(owner, workspace, path, file);
-    dialog.setVisible(true);
-    return dialog.answer;
+    return dialog.prompt.ask() ? dialog.table.getText() : null;
   }
 }

@@ -49,7 +49,7 @@ final class DatabaseChooser {
     label.setLabelFor(listing);
     content.add(label);
     content.add(new JScrollPane(listing));
-    content.add(NamePrompt.buttonRow(create, open));
+    content.add(Prompt.buttonRow(create, open));
     frame.setContentPane(content);
     frame.getRootPane().setDefaultButton(open);
     frame.setDefaultCloseOperation(WindowConstants.HIDE_ON_CLOSE);

@@ -5,14 +5,10 @@ import java.awt.Component;
 import java.util.List;
 import java.util.TreeSet;
 import javax.swing.DefaultComboBoxModel;
-import javax.swing.JButton;
 import javax.swing.JComboBox;
-import javax.swing.JDialog;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JTextField;
-import javax.swing.KeyStroke;
-import javax.swing.SwingUtilities;
 import javax.swing.text.JTextComponent;
 import net.miginfocom.swing.MigLayout;
 
@@ -20,49 +16,31 @@ import net.miginfocom.swing.MigLayout;
 final class DatabasePrompt {
   private static final int LIMIT = 30;
 
-  private final JDialog dialog;
   private final JComboBox<String> applications = new JComboBox<>();
   private final JTextField database = new JTextField();
   private final JLabel remark = new JLabel(" ");
-  private final JButton ok;
+  private final Prompt prompt;
   private final List<StoredDatabase> known;
   private final boolean replaces;
-  private boolean confirmed;
 
   private DatabasePrompt(Component parent, String title, String verb, List<StoredDatabase> known,
       boolean replaces) {
     this.known = known;
     this.replaces = replaces;
-    dialog = new JDialog(
-        SwingUtilities.getWindowAncestor(parent), title, JDialog.ModalityType.DOCUMENT_MODAL);
     TreeSet<String> names = new TreeSet<>();
     known.forEach(one -> names.add(one.application()));
     applications.setModel(new DefaultComboBoxModel<>(names.toArray(new String[0])));
     applications.setEditable(true);
     applications.setName("application");
     database.setName("database");
-    JPanel form = new JPanel(new MigLayout("insets 16, wrap 2", "[][300!,fill]"));
+    JPanel form = new JPanel(new MigLayout("insets 16 16 0 16, wrap 2", "[][300!,fill]"));
     label(form, "Application", applications);
     label(form, "Database", database);
     form.add(remark, "skip 1");
-    ok = new JButton(verb);
-    JButton cancel = new JButton("Cancel");
-    form.add(NamePrompt.buttonRow(ok, cancel), "span 2, growx, gaptop 4");
-    ok.addActionListener(event -> {
-      confirmed = true;
-      dialog.dispose();
-    });
-    cancel.addActionListener(event -> dialog.dispose());
-    dialog.getRootPane().registerKeyboardAction(event -> dialog.dispose(),
-        KeyStroke.getKeyStroke("ESCAPE"), JPanel.WHEN_IN_FOCUSED_WINDOW);
-    dialog.getRootPane().setDefaultButton(ok);
+    prompt = new Prompt(parent, title, verb, form);
     TextCommit.onChange(database, this::check);
     TextCommit.onChange(applicationField(), this::check);
     check();
-    dialog.setContentPane(form);
-    dialog.pack();
-    dialog.setResizable(false);
-    dialog.setLocationRelativeTo(parent);
   }
 
   private static void label(JPanel form, String text, Component field) {
@@ -86,7 +64,7 @@ final class DatabasePrompt {
     remark.setText(complaint != null ? complaint
         : exists ? "It exists and is replaced." : " ");
     remark.setForeground(complaint != null ? Theme.palette().error : Theme.palette().warning);
-    ok.setEnabled(complaint == null && !app.isEmpty() && !db.isEmpty());
+    prompt.allow(complaint == null && !app.isEmpty() && !db.isEmpty());
   }
 
   private static boolean tooLong(String name) {
@@ -101,9 +79,8 @@ final class DatabasePrompt {
    */
   static String[] ask(Component parent, String title, String verb, List<StoredDatabase> known,
       boolean replaces) {
-    DatabasePrompt prompt = new DatabasePrompt(parent, title, verb, known, replaces);
-    prompt.dialog.setVisible(true);
-    return prompt.confirmed
-        ? new String[] {prompt.applicationField().getText(), prompt.database.getText()} : null;
+    DatabasePrompt asked = new DatabasePrompt(parent, title, verb, known, replaces);
+    return asked.prompt.ask()
+        ? new String[] {asked.applicationField().getText(), asked.database.getText()} : null;
   }
 }

@@ -150,6 +150,7 @@ final class Theme {
         "Table.dropLineColor", "List.dropLineColor");
     put(defaults, palette.faint, "MenuItem.acceleratorForeground",
         "MenuItem.acceleratorSelectionForeground", "TitledBorder.titleColor");
+    put(defaults, palette.selection, "ToggleButton.select");
     // A view that has not the focus keeps its selection, standing back.
     put(defaults, palette.hover, "Tree.selectionInactiveBackground");
   }
@@ -205,31 +206,6 @@ final class Theme {
   private static final class Colours extends DefaultMetalTheme {
     private static final FontUIResource TEXT =
         new FontUIResource(Font.DIALOG, Font.PLAIN, TEXT_SIZE);
-
-    @Override
-    protected ColorUIResource getPrimary1() {
-      return new ColorUIResource(palette.accent);
-    }
-
-    @Override
-    protected ColorUIResource getPrimary2() {
-      return new ColorUIResource(palette.selection);
-    }
-
-    @Override
-    protected ColorUIResource getPrimary3() {
-      return new ColorUIResource(palette.selection);
-    }
-
-    @Override
-    protected ColorUIResource getSecondary1() {
-      return new ColorUIResource(palette.border);
-    }
-
-    @Override
-    protected ColorUIResource getSecondary2() {
-      return new ColorUIResource(palette.line);
-    }
 
     @Override
     protected ColorUIResource getSecondary3() {
