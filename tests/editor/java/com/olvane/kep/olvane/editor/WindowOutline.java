@@ -8,6 +8,8 @@ import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Store;
+import java.awt.Component;
+import java.awt.Window;
 import java.util.ConcurrentModificationException;
 import java.util.concurrent.Callable;
 import java.util.stream.Collectors;
@@ -71,18 +73,22 @@ final class WindowOutline extends ExternalResource {
     user.click(user.find(JMenuItem.class, item, one -> one.getText().equals(item)));
   }
 
-  /** Presses a button until it is gone. */
-  void press(RobotUser user, String button) throws InterruptedException {
+  /**
+   * Presses a button by the keyboard: where nobody manages windows, one that has just come does
+   * not hear of every click on a busy machine.
+   */
+  void press(RobotUser user, String button) {
     JButton found = user.find(JButton.class, button, one -> button.equals(one.getText())
         && !"cancel".equals(one.getName()));
-    // Nobody manages windows here, and one that has just come may not hear of a click yet.
-    for (int i = 0; i < 3 && RobotUser.onEventThread(found::isShowing); i++) {
-      Thread.sleep(150);
-      user.click(found);
-      for (int wait = 0; wait < 50 && RobotUser.onEventThread(found::isShowing); wait++) {
-        Thread.sleep(20);
-      }
+    Window dialog = SwingUtilities.getWindowAncestor(found);
+    user.waitFor("the keyboard in the dialog", () -> dialog.getFocusOwner() != null);
+    while (!RobotUser.onEventThread(found::isFocusOwner)) {
+      Component before = RobotUser.onEventThread(dialog::getFocusOwner);
+      user.key("TAB");
+      user.waitFor("the next one", () -> dialog.getFocusOwner() != before);
     }
+    user.key("SPACE");
+    user.waitFor(button + " to be done", () -> !found.isShowing() || !found.isFocusOwner());
   }
 
   /** Types a name over the one that is proposed. */

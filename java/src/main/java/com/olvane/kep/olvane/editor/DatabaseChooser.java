@@ -66,11 +66,14 @@ final class DatabaseChooser {
 
   /** Shows the databases as they are now. */
   void show() {
-    databases = editor.store().databases();
-    listing.show(databases);
-    if (!databases.isEmpty()) {
-      listing.setRowSelectionInterval(0, 0);
-    }
+    Editor.inBackground(editor.store()::databases, found -> {
+      databases = found;
+      listing.show(found);
+      if (!found.isEmpty()) {
+        listing.setRowSelectionInterval(0, 0);
+      }
+    }, failure -> JOptionPane.showMessageDialog(
+        frame, failure.getMessage(), "Outline Editor", JOptionPane.WARNING_MESSAGE));
     frame.setVisible(true);
     listing.requestFocusInWindow();
   }

@@ -1,10 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Outline;
-import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Store;
-import com.olvane.kep.olvane.standin.StatusException;
-import com.olvane.kep.olvane.standin.StoreLock;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.Component;
 import java.time.Instant;
@@ -13,6 +10,7 @@ import java.time.format.DateTimeFormatter;
 import java.time.format.FormatStyle;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.concurrent.Callable;
 import java.util.function.Consumer;
 import javax.swing.JOptionPane;
 import javax.swing.SwingUtilities;
@@ -60,25 +58,55 @@ final class Editor {
         return;
       }
     }
-    Thread opening = new Thread(() -> {
-      try {
-        Outline outline = store.edit(application, database);
-        StoredDatabase found = new UnsavedWork(store, application, database).found();
-        StoredDatabase stored = stored(application, database);
-        SwingUtilities.invokeLater(() -> {
-          if (found == null) {
-            show(new Workspace(store, outline, stored == null ? 0 : stored.members()));
-            opened.accept(true);
-          } else {
-            offer(outline, found, stored, parent, opened);
-          }
-        });
-      } catch (OutlineException | StatusException | IllegalStateException e) {
-        SwingUtilities.invokeLater(
-            () -> offerToRead(application, database, e, parent, opened));
+    inBackground(() -> new Opened(store.edit(application, database)), result -> {
+      if (result.found == null) {
+        show(new Workspace(store, result.outline, result.members()));
+        opened.accept(true);
+      } else {
+        offer(result, parent, opened);
       }
-    }, "opening");
-    opening.start();
+    }, failure -> offerToRead(application, database, failure, parent, opened));
+  }
+
+  /** Does something with the store off the event thread, which then goes on with what came. */
+  static <T> void inBackground(
+      Callable<T> work, Consumer<T> then, Consumer<Exception> otherwise) {
+    Thread thread = new Thread(() -> {
+      try {
+        T result = work.call();
+        SwingUtilities.invokeLater(() -> then.accept(result));
+      } catch (Exception e) {
+        SwingUtilities.invokeLater(() -> otherwise.accept(e));
+      }
+    }, "store");
+    thread.start();
+  }
+
+  private static void say(Component parent, Exception failure) {
+    JOptionPane.showMessageDialog(
+        parent, failure.getMessage(), TITLE, JOptionPane.WARNING_MESSAGE);
+  }
+
+  /** An outline that was opened, with what the store knows of it. */
+  private final class Opened {
+    final Outline outline;
+    final StoredDatabase stored;
+    /** Unsaved work on it; null where there is none. */
+    final StoredDatabase found;
+
+    Opened(Outline outline) {
+      this.outline = outline;
+      stored = stored(outline.applicationName(), outline.databaseName());
+      found = outline.isEditable() ? work().found() : null;
+    }
+
+    UnsavedWork work() {
+      return new UnsavedWork(store, outline.applicationName(), outline.databaseName());
+    }
+
+    long members() {
+      return stored == null ? 0 : stored.members();
+    }
   }
 
   private StoredDatabase stored(String application, String database) {
@@ -98,37 +126,40 @@ final class Editor {
 
   // ---- What speaks against opening as usual ----
 
-  private void offer(Outline outline, StoredDatabase found, StoredDatabase stored, Component parent,
-      Consumer<Boolean> opened) {
-    String name = outline.applicationName() + "." + outline.databaseName();
+  private void offer(Opened result, Component parent, Consumer<Boolean> opened) {
+    Outline outline = result.outline;
     Object[] answers = {"Restore", "Discard", "Cancel"};
     int answer = JOptionPane.showOptionDialog(parent,
-        "There is unsaved work on " + name + " of " + time(found.saved()) + ".\n"
-            + (stored != null && stored.saved().isAfter(found.saved())
-                ? "The outline was saved since, " + time(stored.saved())
+        "There is unsaved work on " + outline.applicationName() + "." + outline.databaseName()
+            + " of " + time(result.found.saved()) + ".\n"
+            + (result.stored != null && result.stored.saved().isAfter(result.found.saved())
+                ? "The outline was saved since, " + time(result.stored.saved())
                     + "; what is restored knows nothing of that.\n" : "")
             + "Restore it to go on with it; the database keeps what is saved until you save.",
         TITLE, JOptionPane.DEFAULT_OPTION, JOptionPane.QUESTION_MESSAGE, null, answers,
         answers[0]);
-    UnsavedWork work =
-        new UnsavedWork(store, outline.applicationName(), outline.databaseName());
-    try {
+    inBackground(() -> {
+      UnsavedWork work = result.work();
       if (answer == 0) {
-        work.found();
-        show(Workspace.ofFound(store, work.open(), outline, found.members()));
-      } else if (answer == 1) {
+        return Workspace.ofFound(store, work.open(), outline, result.found.members());
+      }
+      if (answer == 1) {
         work.found();
         work.remove();
-        show(new Workspace(store, outline, stored == null ? 0 : stored.members()));
-      } else {
-        outline.close();
+        return new Workspace(store, outline, result.members());
       }
-      opened.accept(answer == 0 || answer == 1);
-    } catch (OutlineException | StatusException e) {
       outline.close();
-      JOptionPane.showMessageDialog(parent, e.getMessage(), TITLE, JOptionPane.WARNING_MESSAGE);
+      return null;
+    }, workspace -> {
+      if (workspace != null) {
+        show(workspace);
+      }
+      opened.accept(workspace != null);
+    }, failure -> {
+      outline.close();
+      say(parent, failure);
       opened.accept(false);
-    }
+    });
   }
 
   private static String time(Instant instant) {
@@ -136,40 +167,34 @@ final class Editor {
         .withZone(ZoneId.systemDefault()).format(instant);
   }
 
-  private void offerToRead(String application, String database, RuntimeException failure,
+  private void offerToRead(String application, String database, Exception failure,
       Component parent, Consumer<Boolean> opened) {
-    StoreLock lock = lock(application, database);
-    if (lock == null) {
-      JOptionPane.showMessageDialog(
-          parent, failure.getMessage(), TITLE, JOptionPane.WARNING_MESSAGE);
-      opened.accept(false);
-      return;
-    }
-    Object[] answers = {"Open to Read", "Cancel"};
-    int answer = JOptionPane.showOptionDialog(parent, application + "." + database
-            + " is being edited by " + lock.user() + " since " + time(lock.since()) + "\n(process "
-            + lock.process() + " on " + lock.host() + "). You can read what was saved last.",
-        TITLE, JOptionPane.DEFAULT_OPTION, JOptionPane.WARNING_MESSAGE, null, answers,
-        answers[0]);
-    if (answer != 0) {
-      opened.accept(false);
-      return;
-    }
-    try {
-      StoredDatabase stored = stored(application, database);
-      show(new Workspace(store, store.browse(application, database),
-          stored == null ? 0 : stored.members()));
-      opened.accept(true);
-    } catch (OutlineException | StatusException e) {
-      JOptionPane.showMessageDialog(parent, e.getMessage(), TITLE, JOptionPane.WARNING_MESSAGE);
-      opened.accept(false);
-    }
-  }
-
-  private StoreLock lock(String application, String database) {
     String object = application + "/" + database + "/" + database;
-    return store.locks().stream().filter(one -> one.object().equals(object)).findFirst()
-        .orElse(null);
+    inBackground(() -> store.locks().stream().filter(one -> one.object().equals(object))
+        .findFirst(), lock -> {
+      Object[] answers = {"Open to Read", "Cancel"};
+      if (!lock.isPresent()) {
+        say(parent, failure);
+        opened.accept(false);
+      } else if (JOptionPane.showOptionDialog(parent, application + "." + database
+          + " is being edited by " + lock.get().user() + " since " + time(lock.get().since())
+          + "\n(process " + lock.get().process() + " on " + lock.get().host()
+          + "). You can read what was saved last.", TITLE, JOptionPane.DEFAULT_OPTION,
+          JOptionPane.WARNING_MESSAGE, null, answers, answers[0]) == 0) {
+        inBackground(() -> new Opened(store.browse(application, database)), result -> {
+          show(new Workspace(store, result.outline, result.members()));
+          opened.accept(true);
+        }, second -> {
+          say(parent, second);
+          opened.accept(false);
+        });
+      } else {
+        opened.accept(false);
+      }
+    }, second -> {
+      say(parent, failure);
+      opened.accept(false);
+    });
   }
 
   /** A window was closed. */

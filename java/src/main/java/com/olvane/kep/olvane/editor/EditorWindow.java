@@ -44,6 +44,8 @@ final class EditorWindow {
   private final OutlineTree tree;
   private final FileCommands files;
   private final AutoKeep autoKeep;
+  /** Whether it is being asked what to do before closing: a key may be held too long. */
+  private boolean closing;
 
   /** Makes the window of an open outline; {@link #show} shows it. */
   EditorWindow(Editor editor, Workspace workspace) {
@@ -235,17 +237,21 @@ final class EditorWindow {
 
   /** Closes the window; asks what to do with unsaved work. */
   void close() {
+    if (closing) {
+      return;
+    }
+    closing = true;
     settle(() -> {
-      if (!workspace.dirty()) {
-        closeNow();
-        return;
-      }
-      int answer = ask("There are unsaved changes in " + workspace.name() + ".",
-          "Save", "Discard", "Cancel");
+      int answer = !workspace.dirty() ? 1
+          : ask("There are unsaved changes in " + workspace.name() + ".",
+              "Save", "Discard", "Cancel");
       if (answer == 0) {
+        closing = false;
         workspace.save(this::closeNow);
       } else if (answer == 1) {
         closeNow();
+      } else {
+        closing = false;
       }
     });
   }

@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import java.awt.KeyboardFocusManager;
 import java.awt.event.ActionEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
@@ -57,6 +58,9 @@ final class Listing<T> extends JTable {
     setName(name);
     getAccessibleContext().setAccessibleName(name);
     setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
+    // Tab leaves the table, as there is nothing to edit in its cells.
+    setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
+    setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
     for (int column = 0; column < widths.length; column++) {
       getColumnModel().getColumn(column).setPreferredWidth(widths[column]);
     }
