@@ -117,6 +117,8 @@ final class PicturePane extends JPanel implements WorkspaceListener {
     view.registerKeyboardAction(event -> {
       if (view.selectedMember() >= 0) {
         action.run();
+      } else {
+        choose(0);
       }
     }, KeyStroke.getKeyStroke(key), WHEN_FOCUSED);
   }
