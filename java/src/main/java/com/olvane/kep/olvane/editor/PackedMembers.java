@@ -6,6 +6,8 @@ import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Share;
+import java.io.BufferedInputStream;
+import java.io.BufferedOutputStream;
 import java.io.ByteArrayInputStream;
 import java.io.ByteArrayOutputStream;
 import java.io.DataInputStream;
@@ -30,11 +32,13 @@ import java.util.zip.InflaterInputStream;
  * were deleted may lie in the history.
  */
 final class PackedMembers {
+  private static final int BUFFER = 1 << 16;
+
   private final List<String> tables;
   private final ByteArrayOutputStream bytes = new ByteArrayOutputStream();
   private final Deflater deflater = new Deflater(Deflater.BEST_SPEED);
-  private DataOutputStream out =
-      new DataOutputStream(new DeflaterOutputStream(bytes, deflater, 1 << 16));
+  private DataOutputStream out = new DataOutputStream(
+      new BufferedOutputStream(new DeflaterOutputStream(bytes, deflater, BUFFER), BUFFER));
   private byte[] packed;
 
   PackedMembers(List<String> tables) {
@@ -107,8 +111,8 @@ final class PackedMembers {
     private static final int NAMES_ON_THE_WAY = 4096;
 
     private final Outline outline;
-    private final DataInputStream in =
-        new DataInputStream(new InflaterInputStream(new ByteArrayInputStream(packed)));
+    private final DataInputStream in = new DataInputStream(new BufferedInputStream(
+        new InflaterInputStream(new ByteArrayInputStream(packed)), BUFFER));
     private final Map<Integer, String> late = new LinkedHashMap<>();
     private final Set<String> onTheWay = new LinkedHashSet<>();
     private int generation;

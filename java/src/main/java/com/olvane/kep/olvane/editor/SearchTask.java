@@ -2,6 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Search;
 import com.olvane.kep.olvane.outline.SearchRun;
 import java.util.ArrayList;
@@ -107,10 +108,21 @@ final class SearchTask {
     }
   }
 
-  /** Goes to one of those found. */
+  /** Goes to one of those found, unless an edit has deleted it since. */
   void go(int hit) {
     position = hit;
-    workspace.select(Collections.singletonList(hits.get(hit)));
+    Member member = hits.get(hit);
+    workspace.read(() -> {
+      try {
+        return Collections.singletonList(workspace.outline().read(member, Details.NONE));
+      } catch (OutlineException e) {
+        return Collections.<Member>emptyList();
+      }
+    }, found -> {
+      if (!found.isEmpty()) {
+        workspace.select(found);
+      }
+    });
     tell();
   }
 

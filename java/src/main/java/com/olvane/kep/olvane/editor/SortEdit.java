@@ -4,10 +4,7 @@ import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Place;
-import java.util.HashMap;
-import java.util.List;
-import java.util.Map;
-import java.util.stream.Collectors;
+import java.util.Arrays;
 import java.util.stream.Stream;
 
 /** Sorts the children of a member by name. */
@@ -30,9 +27,9 @@ final class SortEdit implements Edit {
     return title;
   }
 
-  private static List<Member> children(Outline outline, Member parent) {
+  private static int[] children(Outline outline, Member parent) {
     try (Stream<Member> children = outline.children(parent, Details.NONE)) {
-      return children.collect(Collectors.toList());
+      return children.mapToInt(Member::handle).toArray();
     }
   }
 
@@ -40,13 +37,20 @@ final class SortEdit implements Edit {
   public void apply(EditContext context) {
     Outline outline = context.outline();
     Member member = context.member(parent);
-    List<Member> before = children(outline, member);
+    int[] before = children(outline, member);
     outline.sortChildren(member, ascending);
-    Map<Integer, Integer> places = new HashMap<>();
-    for (Member child : children(outline, member)) {
-      places.put(child.handle(), places.size());
+    int[] sorted = children(outline, member);
+    // Handle and place in one number each, in the order of the handles.
+    long[] places = new long[sorted.length];
+    for (int i = 0; i < sorted.length; i++) {
+      places[i] = (long) sorted[i] << Integer.SIZE | i;
     }
-    sortedPlaces = before.stream().mapToInt(child -> places.get(child.handle())).toArray();
+    Arrays.sort(places);
+    sortedPlaces = new int[before.length];
+    for (int i = 0; i < before.length; i++) {
+      int found = -1 - Arrays.binarySearch(places, ((long) before[i] << Integer.SIZE) - 1);
+      sortedPlaces[i] = (int) places[found];
+    }
     context.change().children(member.handle());
   }
 
@@ -54,11 +58,11 @@ final class SortEdit implements Edit {
   public void revert(EditContext context) {
     Outline outline = context.outline();
     Member member = context.member(parent);
-    List<Member> sorted = children(outline, member);
+    int[] sorted = children(outline, member);
     // From behind, each before the one that follows it.
     Member next = null;
-    for (int i = sorted.size() - 1; i >= 0; i--) {
-      Member child = sorted.get(sortedPlaces[i]);
+    for (int i = sorted.length - 1; i >= 0; i--) {
+      Member child = outline.read(new int[] {sorted[sortedPlaces[i]]}, Details.NONE).get(0);
       outline.move(child, next == null ? Place.lastBelow(member) : Place.before(next));
       next = child;
     }
