@@ -1,11 +1,7 @@
 # Toolchain of the i386 preset: the machine's own compiler with -m32, and headers, libraries and
 # the Java virtual machine from the 32-bit Debian tree that tools/i386-tree.sh lays.
 
-if(DEFINED ENV{KEPOTL_I386_TREE})
-  set(KEPOTL_I386_TREE "$ENV{KEPOTL_I386_TREE}")
-else()
-  cmake_path(SET KEPOTL_I386_TREE NORMALIZE "${CMAKE_CURRENT_LIST_DIR}/../build/i386-tree")
-endif()
+cmake_path(SET KEPOTL_I386_TREE NORMALIZE "${CMAKE_CURRENT_LIST_DIR}/../build/i386-tree")
 if(NOT EXISTS "${KEPOTL_I386_TREE}/.laid-from")
   message(FATAL_ERROR
     "There is no 32-bit tree at ${KEPOTL_I386_TREE}, which the 32-bit build compiles against. "

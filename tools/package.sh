@@ -20,6 +20,8 @@ rm -rf "$out"
 mkdir -p "$work"
 export SOURCE_DATE_EPOCH
 SOURCE_DATE_EPOCH=$(dpkg-parsechangelog --show-field Timestamp)
+# As in the presets.
+export KEPOTL_WERROR=ON
 
 # debian_packages ARCHITECTURE OPTION...: builds in a copy of the sources, so that nothing of the
 # working tree is touched, whose path is always the same.
@@ -30,6 +32,8 @@ debian_packages() {
   rm -rf "$source"
   mkdir "$source"
   tar -c --exclude=./build --exclude=./.git . | tar -x -C "$source"
+  mkdir "$source/build"
+  ln -s "$root/build/i386-tree" "$source/build/"
   (cd "$source" && dpkg-buildpackage --no-sign --build="$1" --host-arch="$architecture" \
     "${@:2}") >"$out/$architecture.log" 2>&1 || {
     tail -n 30 "$out/$architecture.log" >&2
@@ -38,7 +42,7 @@ debian_packages() {
 }
 debian_packages amd64 any,all
 # The compiler and the libraries of the 32-bit build come from its tree, not from packages.
-KEPOTL_I386_TREE=$root/build/i386-tree debian_packages i386 any --no-check-builddeps
+debian_packages i386 any --no-check-builddeps
 mv "$work"/*.deb "$work"/*.changes "$work"/*.buildinfo "$out/"
 
 say "asking lintian"

@@ -37,8 +37,8 @@ void visit_reserved_bytes(Record& record, Visit&& visit) {
   visit(record.reserved546, sizeof record.reserved546);
 }
 
-// Most bytes of a formula or an extended comment: what SQLite keeps in a row, with room for the rest
-// of it.
+// Most bytes of a formula or an extended comment: what SQLite keeps in a row, with room for the
+// rest of it.
 inline constexpr size_t kMaxLongText = 999'999'000;
 
 // Calls `visit(table, kind, longest)` for each text of a member besides its name, in the order of
