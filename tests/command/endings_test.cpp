@@ -95,7 +95,8 @@ TEST_F(CommandTest, LeavesOutlineAndFilesWholeOnAFullDisk) {
       "  $outline export A B full/small.csv; echo \"code $?\"; rm full/zeros\n"
       "  ls full; cat full/small.csv'\n"
       "done; exit 77");
-  EXPECT_EQ(full.code, 0) << "no mount name space to be had: " << full.err;
+  // Containers mostly forbid it.
+  if (full.code == 77) GTEST_SKIP() << "no mount name space to be had: " << full.err;
   EXPECT_EQ(full.out, "code 3\nYear\nB.otl\ncode 3\nsmall.csv\nstore\nparent,name\n,Year\n");
   EXPECT_THAT(full.err, HasSubstr("The disk is full"));
   EXPECT_THAT(full.err, HasSubstr("No space left"));
