@@ -8,6 +8,10 @@ if(NOT EXISTS "${KEPOTL_I386_TREE}/.laid-from")
     "Run './dev setup', which lays it.")
 endif()
 
+# While configuring: ccache lets the compiler name its own folders relative to another one, and CMake
+# would take them for foreign.
+set(ENV{CCACHE_DISABLE} 1)
+
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER gcc)
