@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.editor;
 import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.outline.Outline;
+import java.awt.Rectangle;
 import java.util.ArrayList;
 import java.util.List;
 import org.junit.Rule;
@@ -35,7 +36,7 @@ public class TreeEditingTest {
   }
 
   private void drag(String member, String to, int edge) {
-    java.awt.Rectangle target = user.row(open.tree, to);
+    Rectangle target = user.row(open.tree, to);
     target.y += edge * (target.height - 2);
     target.height = edge == 0 ? target.height : 4;
     user.drag(open.tree, user.row(open.tree, member), open.tree, target);

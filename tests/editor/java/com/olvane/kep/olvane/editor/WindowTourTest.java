@@ -13,6 +13,7 @@ import java.awt.Rectangle;
 import java.awt.event.KeyEvent;
 import javax.swing.JLabel;
 import javax.swing.JTable;
+import javax.swing.JTextField;
 import javax.swing.SwingUtilities;
 import org.junit.Rule;
 import org.junit.Test;
@@ -93,9 +94,9 @@ public class WindowTourTest {
 
     user.key("ctrl shift S");
     user.waitFor("the keyboard in the dialog",
-        () -> RobotUser.showing(javax.swing.JTextField.class,
+        () -> RobotUser.showing(JTextField.class,
             one -> "database".equals(one.getName())) != null);
-    user.click(user.find(javax.swing.JTextField.class, "database"));
+    user.click(user.find(JTextField.class, "database"));
     user.type("Other");
     user.key("ENTER");
     status("Saved as Test.Other");
@@ -123,7 +124,7 @@ public class WindowTourTest {
     RobotUser.onEventThread(() -> open.editor = new Editor(open.store));
     SwingUtilities.invokeLater(() -> open.editor.choose());
     open.press(user, "New \u2026");
-    user.click(user.find(javax.swing.JTextField.class, "database"));
+    user.click(user.find(JTextField.class, "database"));
     user.type("Fresh");
     user.key("ENTER");
     user.waitFor("the window", () -> open.editor.windows().size() == 1

@@ -7,6 +7,7 @@ import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
+import java.util.Collections;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
@@ -48,7 +49,7 @@ final class Associations {
     for (int i = 0; i < handles.length; i++) {
       indices.put(handles[i], i);
     }
-    for (Member carriers : attributes ? dimensions : java.util.Collections.singletonList(root)) {
+    for (Member carriers : attributes ? dimensions : Collections.singletonList(root)) {
       if (carriers.isAttributed() || !attributes) {
         try (Stream<Member> all = outline.subtree(carriers, Details.NONE.attributes())) {
           // What enters references reads from the outline, so the stream ends first.

@@ -91,11 +91,6 @@ final class EditContext {
   static final class Bound {
     private final Map<Integer, List<Ref>> byIndex = new HashMap<>();
     private int size;
-
-    /** The number of members of the subtree. */
-    int size() {
-      return size;
-    }
   }
 
   /** Deletes a subtree; {@link #rebind} gives its references to the members that come back. */

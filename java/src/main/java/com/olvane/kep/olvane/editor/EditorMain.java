@@ -2,7 +2,9 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import com.olvane.kep.olvane.outline.Store;
+import java.awt.AWTError;
 import java.awt.GraphicsEnvironment;
+import java.awt.HeadlessException;
 import java.util.concurrent.Callable;
 import javax.swing.SwingUtilities;
 import picocli.CommandLine;
@@ -91,7 +93,7 @@ public final class EditorMain implements Callable<Integer> {
       }
       GraphicsEnvironment.getLocalGraphicsEnvironment().getDefaultScreenDevice();
       return true;
-    } catch (java.awt.AWTError | java.awt.HeadlessException e) {
+    } catch (AWTError | HeadlessException e) {
       return false;
     }
   }

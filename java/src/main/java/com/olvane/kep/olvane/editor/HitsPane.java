@@ -15,6 +15,7 @@ import java.util.stream.Collectors;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
+import javax.swing.SwingUtilities;
 
 /** The members that a search found, with their paths, which are read when they come into view. */
 final class HitsPane extends JPanel {
@@ -78,7 +79,7 @@ final class HitsPane extends JPanel {
       paths.put(member.handle(), TO_COME);
       if (asked.isEmpty()) {
         // Behind the painting that asks for all rows in view.
-        javax.swing.SwingUtilities.invokeLater(this::readPaths);
+        SwingUtilities.invokeLater(this::readPaths);
       }
       asked.add(member);
     }

@@ -41,16 +41,6 @@ final class MemberNode {
     return parent == null;
   }
 
-  /** Whether it lies below a node. */
-  boolean isBelow(MemberNode other) {
-    for (MemberNode node = parent; node != null; node = node.parent) {
-      if (node == other) {
-        return true;
-      }
-    }
-    return false;
-  }
-
   /** The number of nodes above. */
   int depth() {
     int depth = 0;

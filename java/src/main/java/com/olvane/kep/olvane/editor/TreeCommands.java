@@ -9,7 +9,7 @@ import java.text.NumberFormat;
 import java.util.Collections;
 import java.util.List;
 import java.util.stream.Stream;
-import javax.swing.JOptionPane;
+import javax.swing.Action;
 import javax.swing.JPopupMenu;
 import javax.swing.KeyStroke;
 import javax.swing.tree.TreePath;
@@ -49,7 +49,7 @@ final class TreeCommands {
 
   private void addFor(String id, String name, String keys, String description, Runnable run,
       boolean inPopup) {
-    javax.swing.Action command = window.commands().addForTree(id, name, keys, description,
+    Action command = window.commands().addForTree(id, name, keys, description,
         () -> !workspace.selection().isEmpty() && workspace.isEditable(), run);
     window.addToMenu(EDIT, command);
     if (inPopup) {

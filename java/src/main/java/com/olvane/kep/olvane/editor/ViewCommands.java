@@ -5,6 +5,7 @@ import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Locale;
 import java.util.stream.Stream;
 import javax.swing.ButtonGroup;
 import javax.swing.JMenu;
@@ -113,7 +114,7 @@ final class ViewCommands {
           new JRadioButtonMenuItem(name, Theme.palette() == palette);
       item.addActionListener(event -> {
         Theme.install(palette);
-        window.editor().settings().put("theme", name.toLowerCase(java.util.Locale.ROOT));
+        window.editor().settings().put("theme", name.toLowerCase(Locale.ROOT));
       });
       group.add(item);
       themes.add(item);

@@ -31,7 +31,6 @@ final class Workspace {
   private final List<WorkspaceListener> listeners = new CopyOnWriteArrayList<>();
   private volatile List<Member> selection = Collections.emptyList();
   private volatile long members;
-  private BusyWork busy;
 
   /**
    * Takes over an outline that was opened.
@@ -178,11 +177,6 @@ final class Workspace {
     }
   }
 
-  /** What is being done that takes time; null when there is nothing. */
-  WorkspaceListener.Busy busy() {
-    return busy;
-  }
-
   private interface LongWork {
     void run(BusyWork busy) throws Exception;
   }
@@ -212,7 +206,6 @@ final class Workspace {
   }
 
   private void setBusy(BusyWork running) {
-    busy = running;
     tell(listener -> listener.busy(running));
   }
 
@@ -345,12 +338,13 @@ final class Workspace {
   /** Closes the outline behind the work that waits; what was not saved is gone. */
   void close(Runnable then) {
     work.write(() -> {
-      for (Outline one : locked == null ? new Outline[] {outline} : new Outline[] {outline, locked}) {
-        try {
-          one.close();
-        } catch (OutlineException e) {
-          fail(e);
+      try {
+        outline.close();
+        if (locked != null) {
+          locked.close();
         }
+      } catch (OutlineException e) {
+        fail(e);
       }
       unsaved.remove();
       work.end();
