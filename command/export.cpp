@@ -109,8 +109,13 @@ class Exporter {
       text.clear();
       append_csv(&text, walk.parent(), true);
       append_csv(&text, details.name, false);
-      for (const Column& column : columns_)
-        append_csv(&text, cell(column, walk.member(), details), false);
+      for (const Column& column : columns_) {
+        if (const std::string* kept = kept_text(column.field, column.table, details)) {
+          append_csv(&text, *kept, false);
+        } else {
+          append_csv(&text, cell(column, walk.member(), details), false);
+        }
+      }
       out_.line(text);
       progress.step(0, ++rows);
     }
@@ -194,7 +199,9 @@ class Exporter {
       return column.field.property->get(details.record) != column.field.property->get(defaults);
     }
     if (column.field.kind == FieldKind::kRepeat) return repeats_name(member, details);
-    return !value_of(column.field, column.table, details).empty();
+    const std::string* const kept = kept_text(column.field, column.table, details);
+    return kept != nullptr ? !kept->empty()
+                           : !value_of(column.field, column.table, details).empty();
   }
 
   std::string cell(const Column& column, Member member, const Details& details) const {

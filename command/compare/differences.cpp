@@ -95,17 +95,15 @@ class Comparison {
     for (const Member child : children(after_parent)) {
       const Member before = match_.before_of(child);
       if (!before) continue;
-      if (is_new || before.parent() != before_parent) {
-        moved_.insert(child.handle());
-        continue;
-      }
-      // The common case: the next one that stayed is the one that follows.
-      if (in_order) {
-        Member expected = last ? last.next() : before_parent.first_child();
-        while (expected && expected != before && stays_elsewhere(expected, after_parent)) {
-          expected = expected.next();
+      Member next;  // the one that follows as long as nothing changed
+      if (in_order && !is_new) next = last ? last.next() : before_parent.first_child();
+      if (next != before) {
+        if (is_new || before.parent() != before_parent) {
+          moved_.insert(child.handle());
+          continue;
         }
-        in_order = expected == before;
+        while (next && next != before && stays_elsewhere(next, after_parent)) next = next.next();
+        in_order = next == before;
       }
       last = before;
       stayed.push_back(child);
@@ -126,6 +124,7 @@ class Comparison {
       position_of[child.handle()] = number++;
     }
     std::vector<size_t> numbers;
+    numbers.reserve(stayed.size());
     for (const Member child : stayed) {
       numbers.push_back(position_of[match_.before_of(child).handle()]);
     }

@@ -132,9 +132,10 @@ std::vector<std::string> split_quoted(std::string_view text, char separator) {
 
 bool same_name(std::string_view a, std::string_view b, bool case_sensitive) {
   if (case_sensitive || a.size() != b.size()) return a == b;
-  return std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-    return kepotl::lower_ascii(x) == kepotl::lower_ascii(y);
-  });
+  for (size_t i = 0; i < a.size(); ++i) {
+    if (kepotl::lower_ascii(a[i]) != kepotl::lower_ascii(b[i])) return false;
+  }
+  return true;
 }
 
 std::string path_of(const Outline& outline, Member member) {

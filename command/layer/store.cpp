@@ -61,7 +61,10 @@ void Store::require(const std::string& application, const std::string& database)
     similar.offer(entry.application + " " + entry.database);
   }
   const std::string suggestion = similar.sentence();
-  if (!suggestion.empty()) message = message.substr(0, message.size() - 1) + suggestion;
+  if (!suggestion.empty()) {
+    message.pop_back();  // the full stop
+    message += suggestion;
+  }
   throw Failure(message, status);
 }
 

@@ -48,13 +48,14 @@ bool plain(std::string_view text) {
   });
 }
 
-// How many bytes of ASCII a text begins with, give or take seven: most texts are nothing else.
+// How many bytes of ASCII a text begins with: most texts are nothing else.
 size_t ascii_length(std::string_view text) {
   size_t length = 0;
   for (uint64_t bytes = 0; length + sizeof bytes <= text.size(); length += sizeof bytes) {
     std::memcpy(&bytes, text.data() + length, sizeof bytes);
     if ((bytes & 0x8080808080808080U) != 0) break;
   }
+  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
   return length;
 }
 
@@ -95,7 +96,8 @@ std::string inside(std::string_view text) {
 
 std::string outside(std::string_view text) {
   const bool spelled_alike =
-      text.find('\xED') == std::string_view::npos && text.find('\xC0') == std::string_view::npos;
+      ascii_length(text) == text.size() ||
+      (text.find('\xED') == std::string_view::npos && text.find('\xC0') == std::string_view::npos);
   if (spelled_alike) return std::string(text);
   std::string result = kepotl::system_path(std::string(text).c_str());
   for (size_t at = 0; (at = result.find("\xC0\x80", at)) != std::string::npos; ++at) {

@@ -41,7 +41,7 @@ class Records {
         throw Failure(fmt::format("{}:{}: the text '{}' is not UTF-8; save the file as UTF-8",
                                   name_, line_, printable(cell)));
       }
-      line_ += static_cast<uint64_t>(std::count(cell.begin(), cell.end(), '\n'));
+      line_ += static_cast<uint64_t>(std::count(text, text + size, '\n'));
     } catch (...) {
       failure_ = std::current_exception();
     }

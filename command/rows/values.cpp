@@ -24,20 +24,28 @@ const MemberInfoRecord& DefaultRecords::at(const PlaceWalk& walk,
   return records_[dimension ? 1 : 0][attribute ? 1 : 0];
 }
 
-std::string value_of(const Field& field, size_t table, const Details& details) {
+const std::string* kept_text(const Field& field, size_t table, const Details& details) {
   switch (field.kind) {
     case FieldKind::kAlias:
-      return table < details.aliases.size() ? details.aliases[table] : std::string();
-    case FieldKind::kUda:
-      return details.udas.empty() ? std::string() : join_quoted(details.udas, ';');
+      return table < details.aliases.size() ? &details.aliases[table] : nullptr;
     case FieldKind::kFormula:
-      return details.formula;
+      return &details.formula;
     case FieldKind::kComment:
-      return details.comment;
+      return &details.comment;
     case FieldKind::kExtendedComment:
-      return details.extended_comment;
+      return &details.extended_comment;
     case FieldKind::kCurrency:
-      return details.currency;
+      return &details.currency;
+    default:
+      return nullptr;
+  }
+}
+
+std::string value_of(const Field& field, size_t table, const Details& details) {
+  if (const std::string* text = kept_text(field, table, details)) return *text;
+  switch (field.kind) {
+    case FieldKind::kUda:
+      return join_quoted(details.udas, ';');
     case FieldKind::kAttribute:
       for (const Association& one : details.attributes) {
         if (one.dimension == field.key) return one.attribute;

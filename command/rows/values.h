@@ -9,6 +9,9 @@
 
 namespace command {
 
+// The text of a field that a member keeps as one text, as it is kept; null for other fields.
+const std::string* kept_text(const Field& field, size_t table, const Details& details);
+
 // The text of a field; empty when there is nothing to say. `table` is the alias table's position.
 // Properties are given in words whatever they are.
 std::string value_of(const Field& field, size_t table, const Details& details);
@@ -56,7 +59,7 @@ class DefaultRecords {
   const MemberInfoRecord& at(const PlaceWalk& walk, const MemberInfoRecord& record) const;
 
  private:
-  MemberInfoRecord records_[2][2];  // of dimensions, of attributes
+  MemberInfoRecord records_[2][2] = {};  // of dimensions, of attributes
 };
 
 }  // namespace command
