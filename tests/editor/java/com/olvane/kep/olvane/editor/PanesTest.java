@@ -155,6 +155,26 @@ public class PanesTest {
   }
 
   @Test
+  public void aClickInTheTreeEndsWhatIsEditedBesideIt() throws Exception {
+    openSample();
+    select("Product");
+    JTable table = user.find(JTable.class, "Properties");
+    user.click(table, cell(table, "Consolidation"));
+    user.waitFor("the list", table::isEditing);
+    user.key("ESCAPE");
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.waitFor("the keyboard in the tree", open.tree::isFocusOwner);
+    user.key("RIGHT");
+    user.click(open.tree, user.row(open.tree, "Drinks"));
+    user.waitFor("the list to go", () -> !table.isEditing());
+    type("Properties", "Name", "Beverages");
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.waitFor("the new name", () -> outline().find("Beverages").isPresent());
+    user.waitFor("the keyboard in the tree", open.tree::isFocusOwner);
+    assertEquals("Product", open.workspace.selection().get(0).name());
+  }
+
+  @Test
   public void formulasCompleteNames() throws Exception {
     openSample();
     select("Drinks");

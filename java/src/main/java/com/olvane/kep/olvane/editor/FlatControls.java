@@ -6,12 +6,15 @@ import java.awt.Graphics;
 import java.awt.Graphics2D;
 import java.awt.Rectangle;
 import java.awt.RenderingHints;
+import javax.swing.BorderFactory;
 import javax.swing.JButton;
 import javax.swing.JComponent;
 import javax.swing.plaf.ComponentUI;
 import javax.swing.plaf.basic.BasicComboBoxUI;
+import javax.swing.plaf.basic.BasicComboPopup;
 import javax.swing.plaf.basic.BasicScrollBarUI;
 import javax.swing.plaf.basic.BasicTabbedPaneUI;
+import javax.swing.plaf.basic.ComboPopup;
 
 /** The looks of the controls that are more than a colour and a border. */
 final class FlatControls {
@@ -19,6 +22,8 @@ final class FlatControls {
 
   /** A box with a list: no raised button, no coloured value. */
   public static final class ComboBox extends BasicComboBoxUI {
+    private static final int ROW_HEIGHT = 22;
+
     /** Makes the look of one box. */
     public static ComponentUI createUI(JComponent box) {
       return new ComboBox();
@@ -31,6 +36,21 @@ final class FlatControls {
       button.setContentAreaFilled(false);
       button.setFocusable(false);
       return button;
+    }
+
+    @Override
+    protected ComboPopup createPopup() {
+      BasicComboPopup popup = new BasicComboPopup(comboBox) {
+        private static final long serialVersionUID = 1;
+
+        @Override
+        protected int getPopupHeightForRowCount(int most) {
+          return Math.min(most, comboBox.getItemCount()) * ROW_HEIGHT + 2;
+        }
+      };
+      popup.setBorder(BorderFactory.createLineBorder(Theme.palette().border));
+      popup.getList().setFixedCellHeight(ROW_HEIGHT);
+      return popup;
     }
 
     @Override

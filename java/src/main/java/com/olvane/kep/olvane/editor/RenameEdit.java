@@ -7,6 +7,7 @@ final class RenameEdit implements Edit {
   private final Ref member;
   private final String before;
   private final String after;
+  private boolean again;
 
   RenameEdit(Member member, String name) {
     this.member = Ref.to(member);
@@ -22,7 +23,11 @@ final class RenameEdit implements Edit {
   private void rename(EditContext context, String name) {
     context.outline().rename(context.member(member), name);
     context.change().member(member.handle);
-    context.change().select(member);
+    // Whoever has typed the name may have gone on to another member by then.
+    if (again) {
+      context.change().select(member);
+    }
+    again = true;
   }
 
   @Override

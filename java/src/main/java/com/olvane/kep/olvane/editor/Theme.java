@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
 import java.awt.Color;
+import java.awt.Dimension;
 import java.awt.Font;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
@@ -92,6 +93,7 @@ final class Theme {
   static void style(JTable table) {
     table.setRowHeight(24);
     table.setShowVerticalLines(false);
+    table.setIntercellSpacing(new Dimension(0, 1));
     table.setFillsViewportHeight(true);
     table.putClientProperty("terminateEditOnFocusLost", true);
     TableCellRenderer headings = table.getTableHeader().getDefaultRenderer();
@@ -132,9 +134,9 @@ final class Theme {
   private static void putColours(UIDefaults defaults) {
     putColours(defaults, "Tree Table List TextField TextArea TextPane EditorPane PasswordField "
         + "FormattedTextField Viewport ComboBox MenuItem CheckBoxMenuItem RadioButtonMenuItem "
-        + "PopupMenu", palette.content, palette.text, palette.faint);
-    putColours(defaults, "Panel OptionPane TabbedPane SplitPane ScrollPane MenuBar "
-        + "CheckBox Label FileChooser Menu ScrollBar", palette.surface, palette.text,
+        + "PopupMenu Menu MenuBar", palette.content, palette.text, palette.faint);
+    putColours(defaults, "Panel OptionPane TabbedPane SplitPane ScrollPane "
+        + "CheckBox Label FileChooser ScrollBar", palette.surface, palette.text,
         palette.faint);
     putColours(defaults, "Button ToggleButton ToolTip", palette.raised, palette.text,
         palette.faint);
