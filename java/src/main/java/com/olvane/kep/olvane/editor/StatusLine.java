@@ -32,7 +32,8 @@ final class StatusLine extends JPanel {
   private transient WorkspaceListener.Busy busy;
 
   StatusLine(Workspace workspace) {
-    super(new MigLayout("insets 3 8 3 8, gap 12, hidemode 3", "[grow,fill][][][][][][]", "[]"));
+    super(new MigLayout(
+        "insets 1 8 1 8, hidemode 3", "[grow]12[]12[]12[]12[]", "[24!]"));
     this.workspace = workspace;
     setBorder(BorderFactory.createEmptyBorder());
     message.setName("message");
@@ -47,7 +48,7 @@ final class StatusLine extends JPanel {
     });
     add(message, "wmin 0");
     add(bar, "w 140!");
-    add(cancel);
+    add(cancel, "h 22!");
     add(saved);
     add(lock);
     add(members);
