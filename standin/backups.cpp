@@ -63,6 +63,20 @@ bool may_be_written(const std::string& path) {
   return lstat(path.c_str(), &state) == 0 ? S_ISREG(state.st_mode) : errno == ENOENT;
 }
 
+// Stores the outline in a file, under its lock, after reading all of it.
+int store_outline(const Descriptor& source, ContextState& state, const ObjectName& object) {
+  const int64_t login = require_known_login(state);
+  const HeldLock lock(*state.store, login, object);
+  const auto pending = state.store->replace(object);
+  copy_file(source, pending->file());
+  // What was copied is what is checked, whatever becomes of the file meanwhile.
+  Outline outline;
+  const int status = load_outline(pending->file(), &outline);
+  if (status != kStatusOk) return status;
+  pending->publish(login, outline.member_count());
+  return kStatusOk;
+}
+
 }  // namespace
 
 extern "C" {
@@ -91,18 +105,17 @@ int OlvStandinRestore(HCTX context, const char* file, const char* application,
   return run_guarded([&] {
     if (file == nullptr || *file == 0) return static_cast<int>(kBadArgument);
     const auto state = require_login(context);
-    const ObjectName object = outline_of(*state, application, database);
-    const Descriptor source = open_file(file);
-    const int64_t login = require_known_login(*state);
-    const HeldLock lock(*state->store, login, object);
-    const auto pending = state->store->replace(object);
-    copy_file(source, pending->file());
-    // What was copied is what is checked, whatever becomes of the file meanwhile.
-    Outline outline;
-    const int status = load_outline(pending->file(), &outline);
-    if (status != kStatusOk) return status;
-    pending->publish(login);
-    return kStatusOk;
+    return store_outline(open_file(file), *state, outline_of(*state, application, database));
+  });
+}
+
+int OlvStandinCopyOutline(HCTX from, const char* application, const char* database, HCTX to) {
+  return run_guarded([&] {
+    const auto source = require_login(from);
+    const auto target = require_login(to);
+    const StoredObject stored = source->store->read(outline_of(*source, application, database));
+    return store_outline(open_file(stored.file), *target,
+                         outline_of(*target, application, database));
   });
 }
 

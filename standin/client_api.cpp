@@ -98,7 +98,7 @@ int OlvGetLocalPath(HCTX ctx, uint32_t type, const char* app, const char* db, co
     const auto state = require_state(ctx);
     if (!state->local) return static_cast<int>(kBadContext);
     const ObjectName name = object_name(*state, type, app, db, object);
-    if (flag == 0 && !state->store->object_size(name)) return static_cast<int>(kNoSuchObject);
+    if (flag == 0 && !state->store->object_info(name)) return static_cast<int>(kNoSuchObject);
     *path = hand_out_text(state->store->local_path(name));
     return kStatusOk;
   });
@@ -110,13 +110,13 @@ int OlvGetObjectInfo(HCTX ctx, uint32_t type, const char* app, const char* db, c
     if (info == nullptr) return static_cast<int>(kBadArgument);
     const auto state = require_state(ctx);
     const ObjectName name = object_name(*state, type, app, db, object);
-    const bool locked = state->store->lock_holder(name) != 0;
-    const std::optional<uint64_t> size = state->store->object_size(name);
+    const bool locked = state->store->is_locked(name);
+    const std::optional<ObjectInfo> known = state->store->object_info(name);
     // An object that is locked but not written yet is there, with nothing in it.
-    if (!size && !locked) return static_cast<int>(kNoSuchObject);
+    if (!known && !locked) return static_cast<int>(kNoSuchObject);
     auto* record = hand_out_records<ObjectInfoRecord>(1);
     constexpr uint64_t kLargest = std::numeric_limits<uint32_t>::max();
-    record->size = static_cast<uint32_t>(std::min(size.value_or(0), kLargest));
+    record->size = known ? static_cast<uint32_t>(std::min(known->size, kLargest)) : 0;
     record->locked = locked ? 1 : 0;
     *info = record;
     return kStatusOk;

@@ -1,6 +1,4 @@
 // The session functions for whole databases: listing and deleting them.
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <vector>
 
@@ -8,22 +6,11 @@
 #include "standin/guard.h"
 #include "standin/held_lock.h"
 #include "standin/object.h"
-#include "standin/outline/file/outline_file.h"
 #include "standin/session.h"
 
 using namespace standin;
 
 namespace {
-
-// 0 for an outline that cannot be read.
-uint32_t count_members(const std::string& file) {
-  uint32_t members = 0;
-  run_guarded([&] {
-    members = static_cast<uint32_t>(OutlineFile::open(file).number("SELECT count(*) FROM member"));
-    return kStatusOk;
-  });
-  return members;
-}
 
 OlvStandinDatabase describe_database(Store& store, const std::string& name, bool local) {
   OlvStandinDatabase entry = {};
@@ -33,15 +20,10 @@ OlvStandinDatabase describe_database(Store& store, const std::string& name, bool
   name.copy(entry.application, std::min(slash, sizeof entry.application - 1));
   database.copy(entry.database, sizeof entry.database - 1);
   const ObjectName object = {name, database, local};
-  struct stat state {};
-  // Between the two somebody may store another one: the figures are of the moment.
-  if (store.object_size(object)) {
-    const StoredObject stored = store.read(object);
-    if (stat(stored.file.c_str(), &state) == 0) {
-      entry.size = static_cast<uint64_t>(state.st_size);
-      entry.saved = static_cast<int64_t>(state.st_mtime);
-      entry.members = count_members(stored.file);
-    }
+  if (const auto info = store.object_info(object)) {
+    entry.size = info->size;
+    entry.saved = info->saved;
+    entry.members = store.count_members(object);
   }
   return entry;
 }

@@ -100,9 +100,16 @@ int64_t FolderStore::holder(const std::string& key) {
 }
 
 // Who may only look at a store finds everything free.
-int64_t FolderStore::lock_holder(const ObjectName& object) {
+bool FolderStore::is_locked(const ObjectName& object) {
   const std::lock_guard<std::mutex> guard(mutex_);
-  return control_ == nullptr ? 0 : holder(object.text());
+  return control_ != nullptr && holder(object.text()) != 0;
+}
+
+void FolderStore::expect_lock(int64_t login, const ObjectName& object) {
+  const std::lock_guard<std::mutex> guard(mutex_);
+  if (login == 0 || control_ == nullptr || holder(object.text()) != login) {
+    throw StoreFailure(kNotLocked);
+  }
 }
 
 void FolderStore::begin_process(int64_t login, const std::string& database) {

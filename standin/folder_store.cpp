@@ -14,6 +14,7 @@
 #include "standin/control_file.h"
 #include "standin/descriptor.h"
 #include "standin/guard.h"
+#include "standin/outline/file/outline_file.h"
 #include "standin/pending_file.h"
 
 namespace standin {
@@ -117,7 +118,7 @@ class FolderStore::PendingReplacement final : public PendingObject {
 
   const std::string& file() const override { return pending_.path(); }
 
-  void publish(int64_t login) override {
+  void publish(int64_t login, uint32_t) override {
     pending_.make_durable();
     const std::lock_guard<std::mutex> guard(store_.mutex_);
     const Transaction transaction(store_.control());
@@ -127,7 +128,7 @@ class FolderStore::PendingReplacement final : public PendingObject {
     pending_.replace_target();
   }
 
-  bool publish_over(const std::string& version) override {
+  bool publish_over(const std::string& version, uint32_t) override {
     pending_.make_durable();
     const std::lock_guard<std::mutex> guard(store_.mutex_);
     const Transaction transaction(store_.control());
@@ -214,11 +215,22 @@ void FolderStore::remove_database(const std::string& database, bool local) {
   Statement(control(), "DELETE FROM database_state WHERE database = ?").bind(database).run();
 }
 
-std::optional<uint64_t> FolderStore::object_size(const ObjectName& object) {
+std::optional<ObjectInfo> FolderStore::object_info(const ObjectName& object) {
   struct stat state {};
   if (!read_state(path(object), &state)) return std::nullopt;
   if (!S_ISREG(state.st_mode)) throw StoreFailure(kStoreError);
-  return static_cast<uint64_t>(state.st_size);
+  return ObjectInfo{static_cast<uint64_t>(state.st_size), static_cast<int64_t>(state.st_mtime)};
+}
+
+uint32_t FolderStore::count_members(const ObjectName& object) {
+  uint32_t members = 0;
+  run_guarded([&] {
+    const StoredObject stored = read(object);
+    members =
+        static_cast<uint32_t>(OutlineFile::open(stored.file).number("SELECT count(*) FROM member"));
+    return kStatusOk;
+  });
+  return members;
 }
 
 StoredObject FolderStore::read(const ObjectName& object) {
@@ -237,16 +249,12 @@ StoredObject FolderStore::read(const ObjectName& object) {
 }
 
 std::unique_ptr<PendingObject> FolderStore::replace(const ObjectName& object) {
-  object_size(object);  // a link would lead out of the store
+  object_info(object);  // a link would lead out of the store
   return std::make_unique<PendingReplacement>(*this, object);
 }
 
 std::string FolderStore::local_path(const ObjectName& object) {
   return path(object);
-}
-
-std::shared_ptr<Store> open_store(const std::string& folder) {
-  return std::make_shared<FolderStore>(folder);
 }
 
 }  // namespace standin

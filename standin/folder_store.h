@@ -23,7 +23,8 @@ class FolderStore final : public Store {
 
   void lock(int64_t login, const ObjectName& object) override;
   void unlock(int64_t login, const ObjectName& object) override;
-  int64_t lock_holder(const ObjectName& object) override;
+  bool is_locked(const ObjectName& object) override;
+  void expect_lock(int64_t login, const ObjectName& object) override;
   void begin_process(int64_t login, const std::string& database) override;
   void end_process(int64_t login) override;
   std::vector<Holding> holdings() override;
@@ -38,7 +39,8 @@ class FolderStore final : public Store {
   void count_restructure(const std::string& database) override;
   int64_t restructures(const std::string& database) override;
 
-  std::optional<uint64_t> object_size(const ObjectName& object) override;
+  std::optional<ObjectInfo> object_info(const ObjectName& object) override;
+  uint32_t count_members(const ObjectName& object) override;
   StoredObject read(const ObjectName& object) override;
   std::unique_ptr<PendingObject> replace(const ObjectName& object) override;
   std::string local_path(const ObjectName& object) override;

@@ -91,12 +91,10 @@ int save_object(const ObjectDefinitionRecord& object, const Outline& outline) {
     const NamedObject named(object);
     const int64_t login = known_login(*named.state);
     // Told before the work of writing, too; what counts is the moment of publishing.
-    if (!named.name.local && (login == 0 || named.store().lock_holder(named.name) != login)) {
-      return static_cast<int>(kNotLocked);
-    }
+    if (!named.name.local) named.store().expect_lock(login, named.name);
     const auto pending = named.store().replace(named.name);
     write_outline(outline, pending->file());
-    pending->publish(login);
+    pending->publish(login, outline.member_count());
     return kStatusOk;
   });
 }
@@ -105,7 +103,7 @@ int start_restructure(HCTX context) {
   return run_guarded([&] {
     const auto state = require_login(context);
     const ObjectName object = active_outline(*state);
-    if (!state->store->object_size(object)) return static_cast<int>(kNoSuchObject);
+    if (!state->store->object_info(object)) return static_cast<int>(kNoSuchObject);
     return start_process(describe(*state), [store = state->store, object] {
       for (;;) {
         const StoredObject seen = store->read(object);
@@ -113,7 +111,7 @@ int start_restructure(HCTX context) {
         require(load_outline(seen.file, &outline));
         const auto pending = store->replace(object);
         write_outline_with_index(outline, pending->file());
-        if (pending->publish_over(seen.version)) break;
+        if (pending->publish_over(seen.version, outline.member_count())) break;
         // Replaced while we read or wrote: the newer outline is the one to take.
       }
       store->count_restructure(object.database);

@@ -25,14 +25,26 @@ void copy_text(const std::string& text, char (&field)[Size]) {
 
 extern "C" {
 
-int OlvStandinInitialize(const char* folder, INST* instance) {
+int OlvStandinInitialize(const char* store, INST* instance) {
   return run_guarded([&] {
-    if (folder == nullptr || *folder == 0 || instance == nullptr) {
+    if (store == nullptr || *store == 0 || instance == nullptr) {
       return static_cast<int>(kBadArgument);
     }
-    *instance = add_instance(folder);
+    *instance = add_instance(store);
     return kStatusOk;
   });
+}
+
+int OlvStandinMakeStore(const char* store) {
+  return run_guarded([&] {
+    if (store == nullptr || *store == 0) return static_cast<int>(kBadArgument);
+    make_store(store);
+    return kStatusOk;
+  });
+}
+
+int OlvStandinHasStore(const char* store) {
+  return run_guarded([&] { return store != nullptr && has_store(store) ? 1 : 0; }) == 1 ? 1 : 0;
 }
 
 int OlvStandinTerminate(INST instance) {
@@ -71,6 +83,10 @@ int OlvStandinCreateDatabase(HCTX context, const char* application, const char* 
 
 const char* OlvStandinStatusText(int status) {
   return status_text(status);
+}
+
+const char* OlvStandinStatusDetail(int status) {
+  return noted_detail(status);
 }
 
 int OlvStandinSetDataLoaded(HCTX context, const char* application, const char* database,

@@ -9,12 +9,21 @@
 
 extern "C" {
 
-// Opens the store in a folder. A folder that does not exist is made, and an empty one becomes a
-// store. A store that this user may not write, or whose disk is full, opens for looking: reading
-// outlines and counting cells work, what changes the store gives kNotPermitted or kNoSpace, and
-// nothing counts as locked, loaded or restructured that only a writer could see. Ends with
-// OlvStandinTerminate.
-int OlvStandinInitialize(const char* folder, INST* instance);
+// Opens the store at an address: a folder, or a database on a PostgreSQL server as
+// "postgresql://USER@HOST:PORT/DATABASE" with all that its client library takes there. A folder
+// that does not exist is made, and an empty one becomes a store; a server's database is made one by
+// OlvStandinMakeStore. A store that this user may not write, or whose disk is full, opens for
+// looking: reading outlines and counting cells work, what changes the store gives kNotPermitted or
+// kNoSpace, and nothing counts as locked, loaded or restructured that only a writer could see. Ends
+// with OlvStandinTerminate.
+int OlvStandinInitialize(const char* store, INST* instance);
+
+// Makes a store at an address where there is none, and brings one of an earlier version up to date;
+// what is in it stays.
+int OlvStandinMakeStore(const char* store);
+
+// 1 when there may be a store at an address, 0 when a folder is not there. A server is not asked.
+int OlvStandinHasStore(const char* store);
 
 // Ends an instance: waits for its processes and ends its contexts. In strict mode blocks that are
 // still out are reported on stderr.
@@ -61,8 +70,17 @@ int OlvStandinBackup(HCTX context, const char* application, const char* database
 int OlvStandinRestore(HCTX context, const char* file, const char* application,
                       const char* database);
 
+// Stores the outline of a database as that of the same database of another login, on whatever
+// store, as OlvStandinRestore does. kNoSuchObject when it has none.
+int OlvStandinCopyOutline(HCTX from, const char* application, const char* database, HCTX to);
+
 // One English sentence for a status; static, never null.
 const char* OlvStandinStatusText(int status);
+
+// What is known beside the sentence when this status was the last that a server's store gave on the
+// calling thread: what the server said, or where something was kept; empty for nothing, never null.
+// Good until the next call on this thread.
+const char* OlvStandinStatusDetail(int status);
 
 // Sets whether a database counts as holding data.
 int OlvStandinSetDataLoaded(HCTX context, const char* application, const char* database,

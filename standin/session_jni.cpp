@@ -174,7 +174,14 @@ JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_setActi
 
 JNIEXPORT jstring JNICALL
 Java_com_olvane_kep_olvane_standin_StandinSession_statusText(JNIEnv* env, jclass, jint status) {
-  return env->NewStringUTF(OlvStandinStatusText(status));
+  std::string text = OlvStandinStatusText(status);
+  const std::string detail = OlvStandinStatusDetail(status);
+  if (!detail.empty()) text += " (" + detail + ")";
+  // What a server says may be in any encoding.
+  for (char& c : text) {
+    if (static_cast<unsigned char>(c) >= 0x80) c = '?';
+  }
+  return env->NewStringUTF(text.c_str());
 }
 
 JNIEXPORT jint JNICALL Java_com_olvane_kep_olvane_standin_StandinSession_setDataLoaded(

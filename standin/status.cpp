@@ -73,13 +73,41 @@ const char* store_status_text(int status) {
       return "A restructure of this database or login is still going on; wait until it is over.";
     case kNotPermitted:
       return "This user may not do that here: the system protects the store's folder or a file in "
-             "it; ask its owner.";
+             "it, or the store's server refuses the user; ask its owner.";
     case kStoreBusy:
       return "Another process kept the store busy for too long; try again.";
     case kNoSuchLock:
       return "Nobody holds a lock or runs a process of this name; list the locks to see who does.";
     case kNewerStore:
       return "A later version of this engine made the store; use that version.";
+    default:
+      return nullptr;
+  }
+}
+
+const char* server_status_text(int status) {
+  switch (status) {
+    case kNoStoreLibrary:
+      return "Stores on a PostgreSQL server need the package libolv-postgresql of this version; "
+             "install it.";
+    case kBadStoreAddress:
+      return "The store's address cannot be read; write it as "
+             "postgresql://USER@HOST:PORT/DATABASE.";
+    case kNoConnection:
+      return "The store's server does not answer or refuses the connection; check the address, the "
+             "network and that the server runs.";
+    case kNoStoreTables:
+      return "The server's database is no store yet; make it one with: outline store init.";
+    case kOlderStore:
+      return "An earlier version of this engine made the store; bring it up to date with: outline "
+             "store init.";
+    case kLockLost:
+      return "This login's lock of the outline is gone, as its connection to the store's server "
+             "broke or somebody took it away; what was to be saved lies in the scratch area.";
+    case kSaveUnknown:
+      return "The connection to the store's server broke at the end of the save, and whether it "
+             "arrived is not known; open the outline to see. What was to be saved lies in the "
+             "scratch area, too.";
     default:
       return nullptr;
   }
@@ -150,8 +178,32 @@ const char* outline_status_text(int status) {
 const char* status_text(int status) {
   if (const char* text = api_status_text(status)) return text;
   if (const char* text = store_status_text(status)) return text;
+  if (const char* text = server_status_text(status)) return text;
   if (const char* text = outline_status_text(status)) return text;
   return "An error without a text of its own; its number is all that is known.";
+}
+
+namespace {
+
+struct Detail {
+  int status = kStatusOk;
+  std::string text;
+};
+
+Detail& detail_of_thread() {
+  thread_local Detail detail;
+  return detail;
+}
+
+}  // namespace
+
+void note_detail(int status, const std::string& detail) {
+  detail_of_thread() = {status, detail};
+}
+
+const char* noted_detail(int status) {
+  const Detail& detail = detail_of_thread();
+  return detail.status == status ? detail.text.c_str() : "";
 }
 
 }  // namespace standin

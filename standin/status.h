@@ -2,6 +2,8 @@
 // stand in api/types.h.
 #pragma once
 
+#include <string>
+
 #include "api/types.h"
 
 namespace standin {
@@ -52,14 +54,26 @@ enum Status : int {
   kBlockUnknown,       // memory that was not handed out, or given back already
   kBlockWrongRelease,  // given back with the wrong function, code or count
   kVerificationFailed,
-  kNotPermitted,  // the system does not let this user write or read there
-  kStoreBusy,     // somebody else kept the store for too long
-  kNoSuchLock,    // nobody holds this lock or runs this process
-  kTextTooLong,   // a formula or an extended comment that no file could hold
-  kNewerStore,    // the control file is one of a later version of this engine
+  kNotPermitted,     // the system does not let this user write or read there
+  kStoreBusy,        // somebody else kept the store for too long
+  kNoSuchLock,       // nobody holds this lock or runs this process
+  kTextTooLong,      // a formula or an extended comment that no file could hold
+  kNewerStore,       // the store is one of a later version of this engine
+  kNoStoreLibrary,   // the library for stores on a server, or what it needs, is not installed
+  kBadStoreAddress,  // the address of a store on a server can't be read
+  kNoConnection,     // the server can't be reached, or the connection broke
+  kNoStoreTables,    // the server's database is no store yet
+  kOlderStore,       // the server's store is one of an earlier version of this engine
+  kLockLost,         // the lock went with the connection; what was to be saved is kept
+  kSaveUnknown,      // the connection broke at the end of a save; what was to be saved is kept
 };
 
 // One English sentence for any status, the API's own numbers included; never null.
 const char* status_text(int status);
+
+// Notes what a server said, or where something was kept, for who asks about this status next on
+// this thread; and answers it, empty when another status was noted last.
+void note_detail(int status, const std::string& detail);
+const char* noted_detail(int status);
 
 }  // namespace standin

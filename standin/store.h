@@ -38,12 +38,19 @@ class PendingObject {
   // An empty file of this process's own, to write the content into.
   virtual const std::string& file() const = 0;
 
-  // Makes the content durable and puts it into the object, all at once. kNotLocked unless `login`
-  // holds the object's lock at that moment; a local object needs none.
-  virtual void publish(int64_t login) = 0;
+  // Makes the content, an outline of so many members, durable and puts it into the object, all at
+  // once. kNotLocked unless `login` holds the object's lock at that moment, or kLockLost when it
+  // had it and the store has kept the content among the local objects; a local object needs none.
+  virtual void publish(int64_t login, uint32_t members) = 0;
   // The same while the object is still what `version` names; otherwise nothing happens and the
   // answer is false.
-  virtual bool publish_over(const std::string& version) = 0;
+  virtual bool publish_over(const std::string& version, uint32_t members) = 0;
+};
+
+// What is known of a stored object without reading it. Figures are those of the moment.
+struct ObjectInfo {
+  uint64_t size = 0;  // bytes
+  int64_t saved = 0;  // seconds since 1970
 };
 
 // Somebody who has a lock or runs a process.
@@ -56,9 +63,11 @@ struct Holding {
 };
 
 // An open store. All functions may be called from any thread and throw StoreFailure, kStoreBusy
-// among them when somebody else keeps the store too long.
+// among them when somebody else keeps the store too long, and kNoConnection when it is on a server
+// that does not answer.
 //
-// What belongs to a login goes when it ends; a login whose process has died counts as ended.
+// What belongs to a login goes when it ends; a login whose process has died counts as ended, and so
+// does one whose connection to a server has broken.
 class Store {
  public:
   Store() = default;
@@ -77,10 +86,14 @@ class Store {
   // Locks an object, or counts one more lock of the same login. kObjectLocked when another living
   // login holds it.
   virtual void lock(int64_t login, const ObjectName& object) = 0;
-  // Takes back one lock. kNotLocked when the login holds none.
+  // Takes back one lock. kNotLocked when the login holds none, kLockLost when it had one and has
+  // not been told yet that it is gone.
   virtual void unlock(int64_t login, const ObjectName& object) = 0;
-  // The living login that holds the object's lock, 0 when it is free.
-  virtual int64_t lock_holder(const ObjectName& object) = 0;
+  // Whether a living login holds the object's lock.
+  virtual bool is_locked(const ObjectName& object) = 0;
+  // kNotLocked when it is known already that the login could not publish the object, so that the
+  // work of writing it can be saved.
+  virtual void expect_lock(int64_t login, const ObjectName& object) = 0;
 
   // Notes that a login's process works on a database. kProcessRunning while another living login's
   // process does.
@@ -112,8 +125,10 @@ class Store {
 
   // ---- Objects ----
 
-  // Size in bytes; nothing when there is no such object.
-  virtual std::optional<uint64_t> object_size(const ObjectName& object) = 0;
+  // Nothing when there is no such object.
+  virtual std::optional<ObjectInfo> object_info(const ObjectName& object) = 0;
+  // The members of the outline in an object; 0 when it cannot be read.
+  virtual uint32_t count_members(const ObjectName& object) = 0;
   // kNoSuchObject when there is none.
   virtual StoredObject read(const ObjectName& object) = 0;
   virtual std::unique_ptr<PendingObject> replace(const ObjectName& object) = 0;
@@ -121,8 +136,14 @@ class Store {
   virtual std::string local_path(const ObjectName& object) = 0;
 };
 
-// Opens the store in a folder. A folder that does not exist is made and an empty one becomes a
-// store; kNotAStore when it holds anything else.
-std::shared_ptr<Store> open_store(const std::string& folder);
+// Opens the store at an address: that of a database server, which begins with "postgresql://" or
+// "postgres://", or a folder. A folder that does not exist is made and an empty one becomes a
+// store; kNotAStore when it holds anything else. A server's database has to be made a store first:
+// kNoStoreTables.
+std::shared_ptr<Store> open_store(const std::string& address);
+// Makes a store at an address where there is none, and brings an older one up to date.
+void make_store(const std::string& address);
+// Whether there may be a store at an address; a server is not asked.
+bool has_store(const std::string& address);
 
 }  // namespace standin

@@ -41,7 +41,9 @@ debian libgoogle-gson-java gson DEPENDS_ON
 debian libmiglayout-java miglayout DEPENDS_ON
 debian librsyntaxtextarea-java rsyntaxtextarea DEPENDS_ON
 debian libautocomplete-java autocomplete DEPENDS_ON
-# On the system.
+# On the system; libpq and OpenSSL with stores on a server only.
+debian libpq5 libpq DYNAMIC_LINK
+debian libssl3 openssl DYNAMIC_LINK
 debian libstdc++6 libstdcxx DYNAMIC_LINK
 debian libc6 glibc DYNAMIC_LINK
 

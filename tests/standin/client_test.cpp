@@ -12,7 +12,7 @@
 
 #include "standin/client.h"
 #include "tests/standin/peer.h"
-#include "tests/standin/store_folder.h"
+#include "tests/standin/test_store.h"
 
 namespace standin_test {
 namespace {
@@ -40,8 +40,8 @@ int start(HCTX context, std::function<int()> work) {
 }
 
 TEST(Sessions, HandlesEndAndAreNotUsedTwice) {
-  const TempFolder folder;
-  Session session(folder.string());
+  const TestStore store;
+  Session session(store.address());
   const HCTX context = session.login_with_database();
   const HCTX local = session.local_context();
   EXPECT_EQ(OlvStandinLogout(context), kStatusOk);
@@ -60,8 +60,8 @@ TEST(Sessions, HandlesEndAndAreNotUsedTwice) {
 }
 
 TEST(Sessions, NullArgumentsGiveAStatus) {
-  const TempFolder folder;
-  const Session session(folder.string());
+  const TestStore store;
+  const Session session(store.address());
   const HCTX context = session.login_with_database();
   const HCTX local = session.local_context();
   const std::string long_name(81, 'u');
@@ -72,7 +72,7 @@ TEST(Sessions, NullArgumentsGiveAStatus) {
   double count = 0;
   EXPECT_EQ(OlvStandinInitialize(nullptr, &instance), standin::kBadArgument);
   EXPECT_EQ(OlvStandinInitialize("", &instance), standin::kBadArgument);
-  EXPECT_EQ(OlvStandinInitialize(folder.string().c_str(), nullptr), standin::kBadArgument);
+  EXPECT_EQ(OlvStandinInitialize(store.address().c_str(), nullptr), standin::kBadArgument);
   EXPECT_EQ(OlvStandinLogin(session.instance(), nullptr, &handle), standin::kBadArgument);
   EXPECT_EQ(OlvStandinLogin(session.instance(), "", &handle), standin::kEmptyName);
   EXPECT_EQ(OlvStandinLogin(session.instance(), long_name.c_str(), &handle), standin::kNameTooLong);
@@ -96,8 +96,8 @@ TEST(Sessions, NullArgumentsGiveAStatus) {
 }
 
 TEST(LocalContexts, KeepObjectsApartFromTheStore) {
-  const TempFolder folder;
-  const Session session(folder.string());
+  const TestStore store;
+  const Session session(store.address());
   const HCTX context = session.login();
   const HCTX local = session.local_context();
   char* path = nullptr;
@@ -125,8 +125,8 @@ TEST(LocalContexts, KeepObjectsApartFromTheStore) {
 }
 
 TEST(Locks, BelongToOneLoginAndCount) {
-  const TempFolder folder;
-  const Session session(folder.string());
+  const TestStore store;
+  const Session session(store.address());
   const HCTX first = session.login_with_database();
   const HCTX second = session.login("editor");
   EXPECT_EQ(lock_indicator(second), -1);
@@ -166,8 +166,8 @@ std::vector<Listed> listed_locks(INST instance) {
 }
 
 TEST(Locks, AreListedAndBroken) {
-  const TempFolder folder;
-  const Session session(folder.string());
+  const TestStore store;
+  const Session session(store.address());
   const HCTX context = session.login_with_database();
   EXPECT_TRUE(listed_locks(session.instance()).empty());
   EXPECT_EQ(OlvStandinBreakLock(session.instance(), "Sample/Basic/Basic"), standin::kNoSuchLock);
@@ -187,23 +187,23 @@ TEST(Locks, AreListedAndBroken) {
   EXPECT_EQ(OlvStandinBreakLock(session.instance(), "Sample/Basic/Basic"), kStatusOk);
   EXPECT_EQ(OlvStandinBreakLock(session.instance(), "Sample/Basic"), kStatusOk);
   EXPECT_TRUE(listed_locks(session.instance()).empty());
-  EXPECT_EQ(unlock(anna), standin::kNotLocked);
+  EXPECT_EQ(unlock(anna), TestStore::lost_status());
   EXPECT_EQ(lock(context), kStatusOk);
   gate.set_value();
   EXPECT_EQ(wait_for_process(context), kStatusOk);
 }
 
 TEST(Locks, HoldForOtherProcessesUntilTheirHolderDies) {
-  const TempFolder folder;
+  const TestStore store;
   Peer peer([&](const Peer::Pause& pause) {
-    const Session session(folder.string());
+    const Session session(store.address());
     const HCTX context = session.login_with_database();
     pause(lock(context));
     pause(unlock(context));
     pause(lock(context));
   });
   EXPECT_EQ(peer.wait(), kStatusOk);
-  const Session session(folder.string());
+  const Session session(store.address());
   const HCTX context = session.login();
   EXPECT_EQ(lock(context), standin::kObjectLocked);
   EXPECT_EQ(lock_indicator(context), 1);
@@ -224,6 +224,7 @@ TEST(Locks, HoldForOtherProcessesUntilTheirHolderDies) {
 
 // Each process counts up a number in a file under the lock; a lock that lets two in loses counts.
 TEST(Locks, ExcludeProcessesThatCompete) {
+  const TestStore store;
   const TempFolder folder;
   constexpr int kRounds = 40;
   const auto counter = folder / "counter";
@@ -231,7 +232,7 @@ TEST(Locks, ExcludeProcessesThatCompete) {
   std::vector<std::unique_ptr<Peer>> peers;
   for (int i = 0; i < 3; ++i) {
     peers.push_back(std::make_unique<Peer>([&](const Peer::Pause& pause) {
-      const Session session((folder / "store").string());
+      const Session session(store.address());
       const HCTX context = session.login_with_database();
       for (int round = 0; round < kRounds; ++round) {
         int status = 0;
@@ -250,8 +251,8 @@ TEST(Locks, ExcludeProcessesThatCompete) {
 }
 
 TEST(Processes, AreReportedUntilTheyAreOver) {
-  const TempFolder folder;
-  const Session session(folder.string());
+  const TestStore store;
+  const Session session(store.address());
   const HCTX context = session.login_with_database();
   const HCTX other = session.login_with_database();
   const HCTX idle = session.login();
@@ -287,10 +288,10 @@ TEST(Processes, AreReportedUntilTheyAreOver) {
 }
 
 TEST(Processes, AreFinishedBeforeTheirContextEnds) {
-  const TempFolder folder;
+  const TestStore store;
   std::atomic<bool> done{false};
   {
-    const Session session(folder.string());
+    const Session session(store.address());
     const HCTX context = session.login_with_database();
     const auto work = [&] {
       std::this_thread::sleep_for(std::chrono::milliseconds(30));
@@ -303,9 +304,9 @@ TEST(Processes, AreFinishedBeforeTheirContextEnds) {
 }
 
 TEST(Processes, OfOtherProcessesCountUntilTheyDie) {
-  const TempFolder folder;
+  const TestStore store;
   Peer peer([&](const Peer::Pause& pause) {
-    const Session session(folder.string());
+    const Session session(store.address());
     const HCTX context = session.login_with_database();
     std::promise<void> never;
     pause(start(context, [&] {
@@ -314,7 +315,7 @@ TEST(Processes, OfOtherProcessesCountUntilTheyDie) {
     }));
   });
   EXPECT_EQ(peer.wait(), kStatusOk);
-  const Session session(folder.string());
+  const Session session(store.address());
   const HCTX context = session.login_with_database();
   EXPECT_EQ(start(context, [] { return 0; }), standin::kProcessRunning);
   peer.kill();

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "api/olvotl.h"
-#include "tests/standin/store_folder.h"
+#include "tests/standin/test_store.h"
 
 namespace standin_test {
 
@@ -21,8 +21,8 @@ inline ObjectDefinitionRecord object(HCTX context) {
 struct Editor {
   enum class Mode { kEdit, kQuery };
 
-  explicit Editor(const std::string& folder, Mode mode = Mode::kEdit)
-      : session(folder), context(session.login_with_database()) {
+  explicit Editor(const std::string& store, Mode mode = Mode::kEdit)
+      : session(store), context(session.login_with_database()) {
     const ObjectDefinitionRecord basic = object(context);
     EXPECT_EQ(mode == Mode::kQuery ? OlvOtlOpenOutlineQuery(context, nullptr, &h)
                                    : OlvOtlOpenOutline(context, &basic, 1, 1, &h),
@@ -88,8 +88,8 @@ struct Editor {
 };
 
 // Writes version 0.
-inline void make_outline(const TempFolder& folder) {
-  Editor editor(folder.string());
+inline void make_outline(const std::string& store) {
+  Editor editor(store);
   const HMember dimension = editor.add(0, "Versions");
   for (int i = 0; i < kVersionedMembers; ++i) editor.add(dimension, "m" + std::to_string(i));
   editor.set_version(0);

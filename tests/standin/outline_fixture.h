@@ -14,7 +14,7 @@
 #include "standin/session.h"
 #include "standin/status.h"
 #include "tests/standin/outline_dump.h"
-#include "tests/standin/store_folder.h"
+#include "tests/standin/test_store.h"
 
 namespace standin_test {
 
@@ -32,7 +32,7 @@ class OutlineTest : public testing::Test {
  protected:
   void SetUp() override {
     before_ = ledger();
-    session_ = std::make_unique<Session>(folder_.string());
+    session_ = std::make_unique<Session>(store_.address());
     context_ = session_->login_with_database();
     ASSERT_EQ(open_edit(&h_), 0);
   }
@@ -51,7 +51,8 @@ class OutlineTest : public testing::Test {
     const ObjectDefinitionRecord basic = object();
     return OlvOtlOpenOutline(context_, &basic, 1, 1, opened);
   }
-  std::filesystem::path file() const { return folder_ / "Sample/Basic/Basic.otl"; }
+  // Of stores in folders.
+  std::filesystem::path file() const { return store_.folder() / "Sample/Basic/Basic.otl"; }
   int write() const {
     const ObjectDefinitionRecord basic = object();
     return OlvOtlWriteOutline(h_, &basic);
@@ -209,7 +210,7 @@ class OutlineTest : public testing::Test {
     return found;
   }
 
-  TempFolder folder_;
+  TestStore store_;
   std::unique_ptr<Session> session_;
   HCTX context_ = 0;
   HOutline h_ = 0;

@@ -15,10 +15,10 @@ namespace {
 using Mode = Editor::Mode;
 
 TEST(Peers, ASavedOutlineOpensElsewhereWhileAThirdReadsOnInTheOldOne) {
-  const TempFolder folder;
-  make_outline(folder);
+  const TestStore store;
+  make_outline(store.address());
   Peer holder([&](const Peer::Pause& pause) {
-    Editor held(folder.string(), Mode::kQuery);
+    Editor held(store.address(), Mode::kQuery);
     pause(held.version());
     pause(held.version());
     held.close();
@@ -26,7 +26,7 @@ TEST(Peers, ASavedOutlineOpensElsewhereWhileAThirdReadsOnInTheOldOne) {
   });
   EXPECT_EQ(holder.wait(), 0);
   Peer saver([&](const Peer::Pause& pause) {
-    Editor editor(folder.string());
+    Editor editor(store.address());
     editor.set_version(1);
     pause(editor.write());
     editor.close();
@@ -34,7 +34,7 @@ TEST(Peers, ASavedOutlineOpensElsewhereWhileAThirdReadsOnInTheOldOne) {
   });
   EXPECT_EQ(saver.wait(), 0);
   {
-    Editor opened(folder.string(), Mode::kQuery);
+    Editor opened(store.address(), Mode::kQuery);
     EXPECT_EQ(opened.version(), 1);
     holder.go_on();
     EXPECT_EQ(holder.wait(), 0) << "what was opened for browsing stays as it was";
@@ -48,13 +48,13 @@ TEST(Peers, ASavedOutlineOpensElsewhereWhileAThirdReadsOnInTheOldOne) {
 
 TEST(Peers, AKilledRestructureLeavesTheDatabaseUsableAndUnlocked) {
   constexpr int kRounds = 20;
-  const TempFolder folder;
-  make_outline(folder);
+  const TestStore store;
+  make_outline(store.address());
   int cut = 0;
   uint32_t before = 0;
   for (int round = 0; round < kRounds && !testing::Test::HasFailure(); ++round) {
     Peer peer([&](const Peer::Pause& pause) {
-      const Editor editor(folder.string());
+      const Editor editor(store.address());
       pause(OlvOtlRestructure(editor.context, kRestructureSaveAs));
     });
     ASSERT_EQ(peer.wait(), 0);
@@ -62,7 +62,7 @@ TEST(Peers, AKilledRestructureLeavesTheDatabaseUsableAndUnlocked) {
     peer.kill();
     peer.reap();
 
-    Editor editor(folder.string());
+    Editor editor(store.address());
     EXPECT_EQ(editor.version(), 0);
     uint32_t times = 0;
     EXPECT_EQ(OlvStandinRestructured(editor.context, "Sample", "Basic", &times), 0);
@@ -85,8 +85,8 @@ double cpu_seconds(clockid_t clock) {
 // KEPOTL_MEMBERS sets the size; a million takes some seconds without an emulator.
 TEST(Peers, PollingBackToBackLeavesTheOnlyCoreToTheRestructure) {
   const unsigned members = long_run_number("KEPOTL_MEMBERS", 50000);
-  const TempFolder folder;
-  Editor editor(folder.string());
+  const TestStore store;
+  Editor editor(store.address());
   const HMember dimension = editor.add(0, "Large");
   for (unsigned i = 0; i < members; ++i) editor.add(dimension, "m" + std::to_string(i));
   ASSERT_EQ(editor.write(), 0);

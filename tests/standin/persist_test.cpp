@@ -189,9 +189,9 @@ TEST_F(Persist, FilesOfOthersAreRefused) {
   EXPECT_EQ(stored(), kDamaged);
   // A sound database, but another program's: that of the store itself.
   session_->end();
-  std::filesystem::copy_file(folder_ / standin::kControlFile, file(),
+  std::filesystem::copy_file(store_.folder() / standin::kControlFile, file(),
                              std::filesystem::copy_options::overwrite_existing);
-  session_ = std::make_unique<Session>(folder_.string());
+  session_ = std::make_unique<Session>(store_.address());
   context_ = session_->login_with_database();
   EXPECT_EQ(stored(), kDamaged);
 }

@@ -33,7 +33,7 @@ public class DiskTest {
 
   @Test
   public void outlineThatDoesNotFitIsRefusedAndTheStoredOneStays() throws Exception {
-    Path stored = store.folder().resolve("Test/Test/Test.otl");
+    Path stored = Paths.get(store.address(), "Test/Test/Test.otl");
     store.session().createDatabase(StoreRule.APPLICATION, OTHER);
     try (OpenOutline open = OpenOutline.edit(store.session(), StoreRule.APPLICATION, OTHER)) {
       open.write(); // only an object that was written has a lock state

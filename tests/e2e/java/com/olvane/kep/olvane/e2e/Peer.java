@@ -4,8 +4,6 @@ import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.IOException;
-import java.nio.file.Path;
-import java.nio.file.Paths;
 
 /** Another process: edits an outline until its input ends. */
 public final class Peer {
@@ -14,12 +12,11 @@ public final class Peer {
   /**
    * Opens the outline of Test.NAME for editing, says from where it has its library, and waits.
    *
-   * @param arguments the folder of the store and NAME
+   * @param arguments the address of the store and NAME
    * @throws IOException if the input cannot be read
    */
   public static void main(String[] arguments) throws IOException {
-    Path store = Paths.get(arguments[0]);
-    try (StandinSession session = StandinSession.open(store, "peer of " + arguments[1]);
+    try (StandinSession session = StandinSession.open(arguments[0], "peer of " + arguments[1]);
         OpenOutline open = OpenOutline.edit(session, StoreRule.APPLICATION, arguments[1])) {
       System.out.println(NativeLibrary.location());
       if (!open.handle().isSet() || System.in.read() >= 0) {

@@ -33,7 +33,7 @@ public class ProcessTest {
   /** Starts a process that edits the outline of a database, with the library from the jar. */
   private Process start(String database, Path libraries) throws IOException {
     return new ProcessBuilder(Settings.java("-Djava.library.path=",
-        "-Dkepotl.tmpdir=" + libraries, Peer.class.getName(), store.folder().toString(), database))
+        "-Dkepotl.tmpdir=" + libraries, Peer.class.getName(), store.address(), database))
         .redirectError(ProcessBuilder.Redirect.INHERIT)
         .start();
   }
@@ -107,7 +107,7 @@ public class ProcessTest {
             + "echo no mount namespace can be made; exit 77",
         folder.toString()));
     command.addAll(Settings.java("-Djava.library.path=", "-Dkepotl.tmpdir=" + folder,
-        Peer.class.getName(), store.folder().toString(), StoreRule.DATABASE));
+        Peer.class.getName(), store.address(), StoreRule.DATABASE));
     Process process = new ProcessBuilder(command).redirectErrorStream(true).start();
     process.getOutputStream().close();
     String output = new BufferedReader(

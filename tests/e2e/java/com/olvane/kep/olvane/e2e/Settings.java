@@ -56,6 +56,42 @@ public final class Settings {
   }
 
   /**
+   * Names a new store: an empty folder or, when the environment names the folder of a running
+   * PostgreSQL server, a database there.
+   *
+   * @return the address of the store
+   */
+  public static String newStore() {
+    String server = System.getenv("KEPOTL_SERVER");
+    if (server == null) {
+      return newFolder().toString();
+    }
+    String database = "e2e_" + folders.incrementAndGet();
+    run(
+        "psql", "-X", "-q", "-h", server, "-U", "outline", "-d", "postgres",
+        "-c", "CREATE DATABASE " + database);
+    String address = "postgresql:///" + database + "?host=" + server + "&user=outline";
+    List<String> init =
+        new ArrayList<>(Arrays.asList(System.getProperty("e2e.outline").split("\\|")));
+    init.addAll(Arrays.asList("store", "init", "--quiet", "--store", address));
+    run(init.toArray(new String[0]));
+    return address;
+  }
+
+  private static void run(String... command) {
+    try {
+      int code = new ProcessBuilder(command).inheritIO().start().waitFor();
+      if (code != 0) {
+        throw new IllegalStateException(String.join(" ", command) + " ended with " + code);
+      }
+    } catch (IOException e) {
+      throw new UncheckedIOException(e);
+    } catch (InterruptedException e) {
+      throw new IllegalStateException(e);
+    }
+  }
+
+  /**
    * Makes an empty folder. The runner of the tests removes it: Java under the emulator cannot list
    * folders, so it cannot empty them either.
    *

@@ -10,7 +10,6 @@ import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.standin.Ledger;
 import com.olvane.kep.olvane.standin.StandinSession;
-import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.stream.Collectors;
@@ -24,14 +23,14 @@ final class StoreRule extends ExternalResource {
   static final String APPLICATION = "Test";
   static final String DATABASE = "Test";
 
-  private Path folder;
+  private String store;
   private StandinSession session;
   private Ledger before;
 
   @Override
   protected void before() {
-    folder = Settings.newFolder();
-    session = StandinSession.open(folder, "tester");
+    store = Settings.newStore();
+    session = StandinSession.open(store, "tester");
     session.createDatabase(APPLICATION, DATABASE);
     before = StandinSession.memory();
   }
@@ -44,8 +43,8 @@ final class StoreRule extends ExternalResource {
     assertEquals("wrong releases", before.wrongReleases(), now.wrongReleases());
   }
 
-  Path folder() {
-    return folder;
+  String address() {
+    return store;
   }
 
   StandinSession session() {

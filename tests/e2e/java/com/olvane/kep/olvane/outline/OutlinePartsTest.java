@@ -11,8 +11,8 @@ import com.olvane.kep.olvane.defs.outline.BucketingType;
 import com.olvane.kep.olvane.defs.outline.LongNameConstructor;
 import com.olvane.kep.olvane.defs.outline.LongNameDelimiter;
 import com.olvane.kep.olvane.defs.outline.LongNameSource;
+import com.olvane.kep.olvane.e2e.Settings;
 import java.nio.file.Path;
-import java.nio.file.Paths;
 import java.util.Arrays;
 import java.util.Collections;
 import java.util.List;
@@ -45,7 +45,8 @@ public class OutlinePartsTest {
     tables.clear("Long");
     assertEquals("", outline.read(rule.dimension, details).alias("Long"));
     assertEquals("All products", outline.read(rule.dimension, details).alias("Longer"));
-    Path file = Paths.get(rule.folder, "aliases.txt");
+    Path folder = Settings.newFolder();
+    Path file = folder.resolve("aliases.txt");
     tables.exportTo("Longer", file);
     tables.delete("Longer");
     assertEquals("Longer", tables.importFrom(file, "", false));
@@ -54,7 +55,7 @@ public class OutlinePartsTest {
     assertEquals(Arrays.asList("Default", "Long", "Longest"), tables.names());
     assertEquals("All products",
         outline.read(rule.dimension, Details.NONE.aliases("Longest")).alias("Longest"));
-    refused(Status.REFUSED, () -> tables.importFrom(Paths.get(rule.folder, "none"), "", false));
+    refused(Status.REFUSED, () -> tables.importFrom(folder.resolve("none"), "", false));
   }
 
   @Test

@@ -15,7 +15,7 @@ final class OutlineRule extends ExternalResource {
   static final String APPLICATION = "Test";
   static final String DATABASE = "Test";
 
-  String folder;
+  String address;
   Store store;
   Outline outline;
   Member dimension;
@@ -23,8 +23,8 @@ final class OutlineRule extends ExternalResource {
 
   @Override
   protected void before() {
-    folder = Settings.newFolder().toString();
-    store = Store.open(folder, "tester");
+    address = Settings.newStore();
+    store = Store.open(address, "tester");
     store.create(APPLICATION, DATABASE);
     before = StandinSession.memory();
     outline = store.edit(APPLICATION, DATABASE);

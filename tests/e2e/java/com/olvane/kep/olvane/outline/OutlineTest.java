@@ -134,7 +134,7 @@ public class OutlineTest {
     assertThat(messageOf(IllegalStateException.class,
         () -> browsed.create(Place.firstDimension(), new NewMember("x"))),
         containsString("open for browsing"));
-    try (Store other = Store.open(rule.folder, "other")) {
+    try (Store other = Store.open(rule.address, "other")) {
       assertThat(messageOf(OutlineException.class,
           () -> other.edit(OutlineRule.APPLICATION, OutlineRule.DATABASE)),
           containsString("lock"));
@@ -164,7 +164,7 @@ public class OutlineTest {
     assertEquals(0, store.databases().get(0).size());
     assertEquals("tester", store.locks().get(0).user());
     messageOf(IllegalStateException.class, () -> store.delete("Test", "Test"));
-    try (Store other = Store.open(rule.folder, "other")) {
+    try (Store other = Store.open(rule.address, "other")) {
       assertThat(messageOf(StatusException.class, () -> other.delete("Test", "Test")),
           containsString("lock"));
     }

@@ -9,7 +9,8 @@ import java.util.ArrayList;
 import java.util.List;
 
 /**
- * A login to the embedded outline engine, which keeps its databases in a folder. Where the
+ * A login to the embedded outline engine, which keeps its databases in a folder or, for several
+ * machines, on a PostgreSQL server. Where the
  * library in use talks to a server of the vendor's, there is none: {@link #open} says so, and
  * {@link Outline#open} takes the handles of the vendor's login.
  *
@@ -28,9 +29,11 @@ public final class Store implements AutoCloseable {
   }
 
   /**
-   * Opens a store and logs in. The folder is created when it does not exist.
+   * Opens a store and logs in. A folder is created when it does not exist.
    *
-   * @param store the folder of the store
+   * @param store the folder of the store, or the address of a database on a PostgreSQL server, as
+   *     {@code postgresql://planning@db.example.com/planning}; the command {@code outline store
+   *     init} makes it a store
    * @param user the name to log in with; locks are held in this name
    * @return the store
    * @throws StatusException if the folder is not a store, cannot be used or the login is refused

@@ -5,18 +5,18 @@ import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Path;
-import java.nio.file.Paths;
 import java.time.Instant;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
 
 /**
- * A login to the embedded outline engine, which keeps its databases in a folder. It supplies the
+ * A login to the embedded outline engine, which keeps its databases in a folder or on a PostgreSQL
+ * server. It supplies the
  * instance and context handles that the native methods of the outline editor take.
  *
  * <p>Failures are thrown as {@link StatusException}. A session may be used by several threads;
- * several sessions, also of several processes, may use one folder at once.
+ * several sessions, also of several processes, may use one store at once.
  */
 public final class StandinSession implements AutoCloseable {
   private final InstanceHandle instance;
@@ -28,22 +28,24 @@ public final class StandinSession implements AutoCloseable {
   }
 
   /**
-   * Opens a store and logs in. The folder is created when it does not exist.
+   * Opens a store and logs in. A folder is created when it does not exist.
    *
-   * @param store the folder of the store
+   * @param store the folder of the store, or the address of a database on a PostgreSQL server, as
+   *     {@code postgresql://planning@db.example.com/planning}; the command {@code outline store
+   *     init} makes it a store
    * @param user the name to log in with; locks are held in this name
    * @return the session, to be closed by the caller
    * @throws StatusException if the folder is not a store, cannot be used or the login is refused
    * @throws UnsatisfiedLinkError if the library cannot be loaded, as {@link NativeLibrary#load} says
    * @throws IllegalStateException if the library in use talks to a database server instead
    */
-  public static StandinSession open(Path store, String user) {
+  public static StandinSession open(String store, String user) {
     // The engine's library comes with the editor's, which depends on it. Loaded here and not with
     // the class, so that a failure is told in full each time.
     NativeLibrary.load();
     int[] instance = new int[1];
     try {
-      check("use the store " + store, initialize(store.toAbsolutePath().toString(), instance));
+      check("use the store " + shown(store), initialize(store, instance));
     } catch (UnsatisfiedLinkError e) {
       throw new IllegalStateException(
           NativeLibrary.location()
@@ -70,8 +72,8 @@ public final class StandinSession implements AutoCloseable {
    * @throws UnsatisfiedLinkError if the library cannot be loaded, as {@link NativeLibrary#load} says
    * @throws IllegalStateException if the library in use talks to a database server instead
    */
-  public static StandinSession open(String store, String user) {
-    return open(Paths.get(store), user);
+  public static StandinSession open(Path store, String user) {
+    return open(store.toAbsolutePath().toString(), user);
   }
 
   /** {@return the API instance} */
@@ -256,6 +258,13 @@ public final class StandinSession implements AutoCloseable {
     check(
         "break the lock of " + object,
         breakLock(instance.getValue(), object.getBytes(StandardCharsets.UTF_8)));
+  }
+
+  /** An address as it may be shown: without its password. */
+  private static String shown(String store) {
+    return store
+        .replaceFirst("^(\\w+://[^:/@?]*):[^/@?]*@", "$1:***@")
+        .replaceFirst("^(\\w+://.*[?&]password=)[^&]*", "$1***");
   }
 
   private static String text(byte[] utf8) {
