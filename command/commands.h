@@ -32,6 +32,8 @@ void add_unlock(CLI::App& app, Session& session);
 void add_backup(CLI::App& app, Session& session);
 void add_restore(CLI::App& app, Session& session);
 void add_picture(CLI::App& app, Session& session);
+// store init, store copy
+void add_stores(CLI::App& app, Session& session);
 // Both need the program itself, as they tell of all subcommands.
 void add_completion(CLI::App& app, Session& session);
 void add_manual(CLI::App& app, Session& session);

@@ -14,14 +14,12 @@
 namespace command {
 
 void add_commands(CLI::App& app, Session& session) {
-  for (const auto add : {add_list,        add_create,     add_delete_database,
-                         add_info,        add_tree,       add_show,
-                         add_find,        add_load,       add_export,
-                         add_apply,       add_edits,      add_diff,
-                         add_verify,      add_aliases,    add_save_as,
-                         add_restructure, add_currency,   add_locks,
-                         add_unlock,      add_backup,     add_restore,
-                         add_picture,     add_completion, add_manual}) {
+  for (const auto add :
+       {add_list,   add_create,  add_delete_database, add_info,        add_tree,     add_show,
+        add_find,   add_load,    add_export,          add_apply,       add_edits,    add_diff,
+        add_verify, add_aliases, add_save_as,         add_restructure, add_currency, add_locks,
+        add_unlock, add_backup,  add_restore,         add_picture,     add_stores,   add_completion,
+        add_manual}) {
     add(app, session);
   }
 }
@@ -78,7 +76,8 @@ int parse_and_run(int count, char** words) {
   CLI::App app("Everything an administrator does with an outline: look, load, edit, compare, save.",
                "outline");
   Session session;
-  session.store = "outlines";
+  const char* const store = std::getenv("OUTLINE_STORE");
+  session.store = store != nullptr && *store != '\0' ? store : "outlines";
   session.user = login_name();
   wrap_help(app);
   app.require_subcommand(1);

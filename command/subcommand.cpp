@@ -16,9 +16,11 @@ Subcommand::Subcommand(CLI::App& app, Session& session, const char* name, const 
     left.remove_prefix(end == std::string_view::npos ? left.size() : end + 1);
   }
   app_->footer(footer);
-  app_->add_option("--store", session.store, "Folder that holds the databases")
-      ->envname("OUTLINE_STORE")
-      ->type_name("DIR")
+  // Not by the library's way with environment variables, which would let the variable have the last
+  // word, as the subcommands share the value.
+  app_->add_option("--store", session.store,
+                   "Folder or postgresql:// address of the databases; else OUTLINE_STORE says it")
+      ->type_name("STORE")
       ->capture_default_str();
   app_->add_option("--user", session.user, "Name to log in with")->type_name("NAME");
   if (json == Json::kYes) app_->add_flag("--json", session.json, "Write JSON");

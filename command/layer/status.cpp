@@ -2,6 +2,7 @@
 #include "command/layer/status.h"
 
 #include "command/layer/formatting.h"
+#include "command/layer/text.h"
 #include "standin/session.h"
 
 namespace command {
@@ -12,7 +13,10 @@ const char* Status::sentence() const {
 
 void check(int status, std::string_view what) {
   if (status == 0) return;
-  throw Failure(fmt::format("can't {}: {}", what, Status(status).sentence()), status);
+  std::string message = fmt::format("can't {}: {}", what, Status(status).sentence());
+  const std::string detail = OlvStandinStatusDetail(status);
+  if (!detail.empty()) message += fmt::format(" ({})", printable(detail));
+  throw Failure(message, status);
 }
 
 }  // namespace command

@@ -1,8 +1,6 @@
 // Stores, logins and databases.
 #include "command/layer/store.h"
 
-#include <sys/stat.h>
-
 #include <chrono>
 #include <thread>
 
@@ -13,19 +11,39 @@
 #include "command/layer/similar.h"
 #include "command/layer/text.h"
 #include "standin/session.h"
+#include "standin/status.h"
 
 namespace command {
 
-Store::Store(const std::string& folder, const std::string& user, bool create) {
-  struct stat state {};
-  if (!create && stat(folder.c_str(), &state) != 0) {
+namespace {
+
+// An address as it may be shown: without its password.
+std::string shown(std::string address) {
+  const size_t scheme = address.find("://");
+  if (scheme == std::string::npos) return address;
+  const size_t user = scheme + 3;
+  const size_t at = address.find('@', user);
+  const size_t colon = address.find(':', user);
+  if (at < address.find('/', user) && colon < at) address.replace(colon + 1, at - colon - 1, "***");
+  const size_t given = address.find("password=", user);
+  if (given != std::string::npos) {
+    const size_t value = given + 9;
+    address.replace(value, address.find('&', value) - value, "***");
+  }
+  return address;
+}
+
+}  // namespace
+
+Store::Store(const std::string& address, const std::string& user, bool create) {
+  if (!create && OlvStandinHasStore(address.c_str()) == 0) {
     throw Failure(
         fmt::format("there is no store '{}'; name one with --store or OUTLINE_STORE, or "
                     "make one with: outline create APP DB",
-                    folder));
+                    shown(address)));
   }
-  check(OlvStandinInitialize(folder.c_str(), &instance_),
-        fmt::format("open the store '{}'", folder));
+  check(OlvStandinInitialize(address.c_str(), &instance_),
+        fmt::format("open the store '{}'", shown(address)));
   const int status = OlvStandinLogin(instance_, inside(user).c_str(), &context_);
   if (status != 0) {
     OlvStandinTerminate(instance_);
@@ -66,6 +84,25 @@ void Store::require(const std::string& application, const std::string& database)
     message += suggestion;
   }
   throw Failure(message, status);
+}
+
+void Store::make(const std::string& address) {
+  check(OlvStandinMakeStore(address.c_str()), fmt::format("make the store '{}'", shown(address)));
+}
+
+void Store::copy(const Store& from, const std::string& application,
+                 const std::string& database) const {
+  const std::string app = inside(application);
+  const std::string db = inside(database);
+  const std::string what = fmt::format("copy {} {}", application, database);
+  const int made = OlvStandinCreateDatabase(context_, app.c_str(), db.c_str());
+  if (made != standin::kDatabaseExists) check(made, what);
+  // A database whose outline was never saved is made, and has none here either.
+  const int copied = OlvStandinCopyOutline(from.context_, app.c_str(), db.c_str(), context_);
+  if (copied != standin::kNoSuchObject) check(copied, what);
+  kepotl::ApiBlock<DatabaseInfoRecord> info(from.instance_);
+  check(info.take(OlvGetDatabaseInfo, from.context_, app.c_str(), db.c_str()), what);
+  check(OlvStandinSetDataLoaded(context_, app.c_str(), db.c_str(), info->dataLoaded), what);
 }
 
 void Store::create(const std::string& application, const std::string& database) const {

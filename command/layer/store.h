@@ -33,10 +33,13 @@ class EditedOutline;
 class Store {
  public:
   // A store that does not exist is made when `create` says so, else refused.
-  Store(const std::string& folder, const std::string& user, bool create);
+  Store(const std::string& address, const std::string& user, bool create);
   ~Store();
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
+
+  // Makes a store, or brings one of an earlier version up to date.
+  static void make(const std::string& address);
 
   std::vector<DatabaseEntry> databases() const;
   // Refused with a list of similar names when there is no such database.
@@ -48,6 +51,9 @@ class Store {
               const std::string& file) const;
   void restore(const std::string& file, const std::string& application,
                const std::string& database) const;
+
+  // Copies a database with its outline from another store, over what is here.
+  void copy(const Store& from, const std::string& application, const std::string& database) const;
 
   // Who edits or restructures what.
   std::vector<Lock> locks() const;

@@ -237,6 +237,34 @@ TEST_F(CommandTest, TellsMisuseFromFailure) {
   EXPECT_THAT(out({"--version"}), HasSubstr("outline 1."));
 }
 
+TEST_F(CommandTest, CopiesAWholeStoreAndBack) {
+  load_world();
+  const std::string other = run.folder() + "/other";
+  const std::string tree = out({"tree", "Demo", "World"});
+  EXPECT_THAT(run({"list", "--store", other}).err, HasSubstr("there is no store"));
+  EXPECT_THAT(run({"store", "copy", run.store(), other}).err,
+              HasSubstr("copied Demo World: 13 members"));
+  EXPECT_EQ(out({"tree", "Demo", "World", "--store", other}), tree);
+  ASSERT_EQ(run({"rename", "Demo", "World", "DE", "Deutschland", "--store", other}).code, 0);
+  EXPECT_EQ(out({"tree", "Demo", "World"}), tree);
+  EXPECT_EQ(run({"store", "copy", other, run.store()}).code, 3) << "nobody was there to ask";
+  EXPECT_EQ(out({"tree", "Demo", "World"}), tree);
+  ASSERT_EQ(run({"store", "copy", other, run.store(), "--yes"}).code, 0);
+  EXPECT_THAT(out({"tree", "Demo", "World"}), HasSubstr("Deutschland"));
+  ASSERT_EQ(run({"store", "init"}).code, 0) << "what is there stays";
+  EXPECT_THAT(out({"list"}), HasSubstr("Demo World         13"));
+}
+
+TEST_F(CommandTest, ShowsNoPassword) {
+  for (const char* address : {"postgresql://anna:s3cret@[::1]:1/x",
+                              "postgresql:///x?host=/nowhere&password=s3cret&user=anna"}) {
+    const Ended failed = run({"list", "--store", address});
+    EXPECT_EQ(failed.code, 3);
+    EXPECT_THAT(failed.err, HasSubstr("does not answer"));
+    EXPECT_THAT(failed.err, Not(HasSubstr("s3cret")));
+  }
+}
+
 // Every tree of a chain goes without recursion, and none grows with the square of the depth.
 TEST_F(CommandTest, DrawsAPictureOfAnySize) {
   load_world();

@@ -19,6 +19,11 @@ std::string content_of(const std::string& path) {
   return content.str();
 }
 
+// Another one for each store of this process.
+std::string database_name(int number) {
+  return "command_" + std::to_string(getpid()) + "_" + std::to_string(number);
+}
+
 std::string quoted(const std::string& word) {
   std::string text = "'";
   for (const char c : word) text += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -49,6 +54,14 @@ const std::set<std::string>& CommandRun::tried() {
 CommandRun::CommandRun() {
   std::string name = (std::filesystem::temp_directory_path() / "outline_test.XXXXXX").string();
   folder_ = mkdtemp(name.data());
+  store_ = folder_ + "/store";
+  const char* const server = std::getenv("KEPOTL_SERVER");
+  if (server == nullptr) return;
+  static int number = 0;
+  const std::string database = database_name(++number);
+  store_ = "postgresql:///" + database + "?host=" + server + "&user=outline";
+  shell("psql -X -q -h " + quoted(server) + " -U outline -d postgres -c 'CREATE DATABASE " +
+        database + "' && $outline store init --quiet");
 }
 
 CommandRun::~CommandRun() {
@@ -72,8 +85,8 @@ Ended CommandRun::shell(const std::string& line, const std::string& input) const
   note_tried(line);
   const std::string in = file("stdin", input);
   const std::string script =
-      file("script", "outline=\"" OUTLINE_COMMAND "\"\nexport OUTLINE_STORE=" +
-                         quoted(folder_ + "/store") + "\n" + line + "\n");
+      file("script", "outline=\"" OUTLINE_COMMAND "\"\nexport OUTLINE_STORE=" + quoted(store_) +
+                         "\n" + line + "\n");
   const std::string command = "cd " + quoted(folder_) + " && sh " + quoted(script) + " <" +
                               quoted(in) + " >" + quoted(folder_ + "/stdout") + " 2>" +
                               quoted(folder_ + "/stderr");

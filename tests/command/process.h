@@ -13,7 +13,8 @@ struct Ended {
   std::string err;
 };
 
-// Runs the command on a store of this test's own.
+// Runs the command on a store of this test's own: a folder or, when KEPOTL_SERVER names the folder
+// of a running PostgreSQL server, a database there.
 class CommandRun {
  public:
   CommandRun();
@@ -27,12 +28,14 @@ class CommandRun {
   // Writes a file into the test's folder and answers its path.
   std::string file(const std::string& name, const std::string& content) const;
   const std::string& folder() const { return folder_; }
+  const std::string& store() const { return store_; }
 
   // The subcommands that any test of this program has run.
   static const std::set<std::string>& tried();
 
  private:
   std::string folder_;
+  std::string store_;
 };
 
 }  // namespace command_test

@@ -123,7 +123,7 @@ class RandomOutline {
 class RoundTrip : public testing::TestWithParam<unsigned> {
  protected:
   void make(const std::string& name, unsigned seed) {
-    const Store store(run.folder() + "/store", "tester", true);
+    const Store store(run.store(), "tester", true);
     store.create("Demo", name);
     const EditedOutline outline = store.edit("Demo", name);
     RandomOutline(seed, outline).fill();
