@@ -115,7 +115,8 @@ std::string zsh_script(const std::vector<Completions>& all) {
          "  _files\n"
          "}\n"
          // As a file on zsh's path of functions it is called itself, else sourced.
-         "if [[ ${funcstack[1]} = _outline ]]; then _outline \"$@\"; else compdef _outline outline; fi\n";
+         "if [[ ${funcstack[1]} = _outline ]]; then _outline \"$@\"\n"
+         "else compdef _outline outline; fi\n";
 }
 
 }  // namespace
