@@ -12,6 +12,9 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Place;
 import com.olvane.kep.olvane.outline.Store;
 import java.io.IOException;
+import java.lang.management.ManagementFactory;
+import java.lang.management.ThreadMXBean;
+import java.lang.reflect.InvocationTargetException;
 import java.nio.file.Files;
 import java.nio.file.Paths;
 import java.util.ArrayList;
@@ -27,7 +30,10 @@ import org.junit.rules.RuleChain;
 /** Large outlines, other processes, full disks: what a window lives through. */
 public class WindowLifeTest {
   private static final int WIDE = 100_000;
-  private static final int LONGEST_PAUSE_MILLIS = 400;
+  /** The event thread works no longer than this at once; measured by its processor time. */
+  private static final long LONGEST_WORK_MILLIS = 300;
+  /** Nor does it wait longer for others, which takes its time on a busy machine. */
+  private static final long LONGEST_PAUSE_MILLIS = 2000;
 
   private final WindowRule screen = new WindowRule();
   private final WindowOutline open = new WindowOutline();
@@ -71,16 +77,20 @@ public class WindowLifeTest {
   public void aHundredThousandChildrenScrollWithoutPausesAndAreNotHeld() throws Exception {
     fill(WIDE);
     open.open(user);
-    long[] longest = {0};
+    long[] longest = {0, 0};
+    ThreadMXBean threads = ManagementFactory.getThreadMXBean();
+    long events = RobotUser.onEventThread(() -> Thread.currentThread().getId());
     Thread watch = new Thread(() -> {
       try {
         while (!Thread.interrupted()) {
           long asked = System.nanoTime();
+          long worked = threads.getThreadCpuTime(events);
           SwingUtilities.invokeAndWait(() -> {});
-          longest[0] = Math.max(longest[0], System.nanoTime() - asked);
+          longest[0] = Math.max(longest[0], threads.getThreadCpuTime(events) - worked);
+          longest[1] = Math.max(longest[1], System.nanoTime() - asked);
           Thread.sleep(10);
         }
-      } catch (InterruptedException | java.lang.reflect.InvocationTargetException e) {
+      } catch (InterruptedException | InvocationTargetException e) {
         // The test is over.
       }
     });
@@ -96,8 +106,10 @@ public class WindowLifeTest {
     user.wheel(open.tree, -30);
     watch.interrupt();
     watch.join();
-    assertTrue("the window was frozen for " + longest[0] / 1_000_000 + " ms",
-        longest[0] < LONGEST_PAUSE_MILLIS * 1_000_000L);
+    assertTrue("the event thread worked for " + longest[0] / 1_000_000 + " ms",
+        longest[0] < LONGEST_WORK_MILLIS * 1_000_000);
+    assertTrue("the window was frozen for " + longest[1] / 1_000_000 + " ms",
+        longest[1] < LONGEST_PAUSE_MILLIS * 1_000_000);
     int held = RobotUser.onEventThread(() -> open.window.tree().pagedModel().nodes().size());
     assertTrue(held + " nodes are held", held < 30_000);
 
