@@ -38,7 +38,8 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   AliasTablesDialog(Window owner, Workspace workspace) {
     super(owner, "Alias tables", ModalityType.DOCUMENT_MODAL);
     this.workspace = workspace;
-    JPanel form = new JPanel(new MigLayout("insets 12, fill", "[grow,fill]12[fill]", "[grow,fill]"));
+    JPanel form =
+        new JPanel(new MigLayout("insets 12, fill", "[grow,fill]12[fill]", "[grow,fill]"));
     list.setName("Alias tables");
     list.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
     list.setFixedCellHeight(26);

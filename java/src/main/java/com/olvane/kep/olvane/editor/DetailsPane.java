@@ -22,6 +22,8 @@ import net.miginfocom.swing.MigLayout;
  */
 final class DetailsPane extends JPanel implements WorkspaceListener {
   private static final long serialVersionUID = 1;
+  /** So many members are held with all that they have. */
+  private static final int MOST = 10_000;
 
   /** What is read of members at once, on the work thread. */
   private static final class Reading {
@@ -38,7 +40,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   }
 
   private final transient Workspace workspace;
-  private final JLabel none = new JLabel("Select a member in the tree to see what it has.");
+  private final JLabel none = new JLabel();
   private final JScrollPane scroll;
   private final JLabel title = new JLabel(" ");
   private final JLabel path = new JLabel(" ");
@@ -85,7 +87,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     add(none, BorderLayout.NORTH);
     scroll = form.scrolled();
     add(scroll);
-    showForm(false);
+    selected(Collections.emptyList());
     workspace.addListener(this);
   }
 
@@ -97,9 +99,12 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   @Override
   public void selected(List<Member> members) {
     int number = ++asked;
-    if (members.isEmpty()) {
+    if (members.isEmpty() || members.size() > MOST) {
       flush();
       shown = members;
+      none.setText(members.isEmpty() ? "Select a member in the tree to see what it has."
+          : String.format("%,d members are selected; details are shown of up to %,d at once.",
+              members.size(), MOST));
       showForm(false);
       return;
     }

@@ -89,7 +89,8 @@ final class DimensionPane extends JPanel implements WorkspaceListener {
           known ? words : new ArrayList<>(), chosen -> workspace.edit(DimensionEdits.categorise(
               dimension, DimensionCategory.values()[words.indexOf(chosen)]))));
       kindRows.add(SettingsPane.number(workspace, "Storage type (1: regular)",
-          dimension.storageTypeCode(), Short.MAX_VALUE, code -> DimensionEdits.storageType(dimension, code)));
+          dimension.storageTypeCode(), Short.MAX_VALUE,
+          code -> DimensionEdits.storageType(dimension, code)));
       kindRows.add(RowGrid.Row.yesNo("Hybrid analysis", dimension.isHybridAnalysisEnabled(),
           enabled -> workspace.edit(DimensionEdits.hybridAnalysis(dimension, enabled))));
       for (Member one : outline.dimensions()) {

@@ -96,7 +96,8 @@ final class PictureView extends JPanel {
 
   /** The handles of the members that are drawn and whose names are not known. */
   int[] nameless() {
-    return blocks.stream().filter(one -> one.siblings == 1).mapToInt(one -> picture.handle(one.first))
+    return blocks.stream().filter(one -> one.siblings == 1)
+        .mapToInt(one -> picture.handle(one.first))
         .filter(handle -> !names.containsKey(handle)).toArray();
   }
 
