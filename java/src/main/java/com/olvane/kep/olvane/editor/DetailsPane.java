@@ -56,7 +56,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   DetailsPane(Workspace workspace) {
     super(new BorderLayout());
     this.workspace = workspace;
-    properties = new RowGrid("Properties", workspace.isEditable(), 39, 9);
+    properties = new RowGrid("Properties", workspace.isEditable(), 42, 9);
     aliases = new RowGrid("Aliases", workspace.isEditable(), 34, 5);
     attributes = new RowGrid("Attributes", workspace.isEditable(), 34, 4);
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));

@@ -45,8 +45,8 @@ final class DimensionPane extends JPanel implements WorkspaceListener {
     boolean editable = workspace.isEditable();
     kind = new RowGrid("Dimension", editable, 50, 8);
     series = new RowGrid("Dynamic time series", editable, 50, 8);
-    generations = new RowGrid("Generations", editable, 25, 8);
-    levels = new RowGrid("Levels", editable, 25, 8);
+    generations = new RowGrid("Generations", editable, 20, 8);
+    levels = new RowGrid("Levels", editable, 20, 8);
     // In two columns.
     grids = Arrays.asList(kind, generations, series, levels);
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));

@@ -67,7 +67,7 @@ final class MemberRows {
     of.addCode("Storage", Share.values(), Member::share, Member::shareCode, Changes::share);
     of.addCode("Time balance", TimeBalance.values(), Member::timeBalance, Member::timeBalanceCode,
         Changes::timeBalance);
-    of.addCode("Balance passes over", TimeBalanceSkip.values(), Member::timeBalanceSkip,
+    of.addCode("Balance skips", TimeBalanceSkip.values(), Member::timeBalanceSkip,
         Member::timeBalanceSkipCode, Changes::timeBalanceSkip);
     of.addFlag("Two-pass calculation", Member::isTwoPass, Changes::twoPass);
     of.addFlag("Expense in variances", Member::isExpense, Changes::expense);

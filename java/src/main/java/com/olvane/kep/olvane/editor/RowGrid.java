@@ -100,8 +100,9 @@ final class RowGrid extends JPanel {
     // Tab leaves the grid as it leaves a field.
     table.setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
     table.setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
-    table.getColumnModel().getColumn(0).setPreferredWidth(labelWidth);
-    table.getColumnModel().getColumn(1).setPreferredWidth(100 - labelWidth);
+    // Wide enough to be narrowed, which keeps the shares; room to spare is given out evenly.
+    table.getColumnModel().getColumn(0).setPreferredWidth(10 * labelWidth);
+    table.getColumnModel().getColumn(1).setPreferredWidth(10 * (100 - labelWidth));
     complaint.setVisible(false);
     add(Form.heading(title, table));
     add(new JScrollPane(table));
