@@ -132,7 +132,7 @@ public class PanesTest {
 
     String tooLong = new String(new char[129]).replace('\0', '\u00e9');
     JTextComponent comment = user.find(JTextComponent.class, "Comment");
-    user.click(comment);
+    user.clickInto(comment);
     user.type(tooLong);
     user.find(JLabel.class, "the limit",
         one -> "At most 257 bytes fit; these are 258.".equals(one.getText()));
@@ -144,7 +144,7 @@ public class PanesTest {
 
     select("Cola", "Tea green");
     JTextComponent udas = user.find(JTextComponent.class, "User-defined attributes (one a line)");
-    user.click(udas);
+    user.clickInto(udas);
     user.type("Cold");
     user.key("ctrl ENTER");
     expect("[][]", "[Cold][Cold]",
@@ -179,7 +179,7 @@ public class PanesTest {
     openSample();
     select("Drinks");
     JTextComponent formula = user.find(JTextComponent.class, "Formula");
-    user.click(formula);
+    user.clickInto(formula);
     user.type("Cola + Te");
     user.key("ctrl SPACE");
     user.waitFor("the only name that begins so",
@@ -212,7 +212,7 @@ public class PanesTest {
     JList<?> tables = user.find(JList.class, "Alias tables");
     user.click(button("New\u2026"));
     JTextField name = user.find(JTextField.class, "Name of the table");
-    user.click(name);
+    user.clickInto(name);
     user.type("French");
     user.find(JLabel.class, "the refusal",
         one -> "There is a table of this name.".equals(one.getText()));
@@ -223,7 +223,7 @@ public class PanesTest {
     user.click(button("Import\u2026"));
     JTextField path = user.find(JTextField.class, "the name of the file",
         one -> one.isEditable() && one.getName() == null);
-    user.click(path);
+    user.clickInto(path);
     user.key("ctrl A");
     user.type(file.toAbsolutePath().toString());
     user.key("ENTER");

@@ -207,6 +207,19 @@ final class RobotUser {
     press(InputEvent.BUTTON1_DOWN_MASK, 1);
   }
 
+  /** Clicks into a field until it has the keyboard: a window that has just come may take it back. */
+  void clickInto(Component field) {
+    click(field);
+    Window window = SwingUtilities.getWindowAncestor(field);
+    waitFor("the keyboard in the window", window::isFocused);
+    robot.delay(50);
+    robot.waitForIdle();
+    if (!onEventThread(field::isFocusOwner)) {
+      click(field);
+    }
+    waitFor("the keyboard in the field", field::isFocusOwner);
+  }
+
   void doubleClick(Component component, Rectangle part) {
     moveTo(component, part);
     press(InputEvent.BUTTON1_DOWN_MASK, 2);
