@@ -71,6 +71,11 @@ ContentKey send_chunks(Connection& connection, const std::string& object,
   return content;
 }
 
+// The local object that keeps an outline aside, where the Java facade looks for such.
+ObjectName kept_object(const std::string& name) {
+  return {"Aside/" + name, name, true};
+}
+
 // What an upload ended with.
 enum class Upload { kDone, kRefused, kBroken, kUnknown };
 
@@ -151,22 +156,18 @@ bool ServerStore::became_current(const ObjectName& object, const std::string& ve
   });
 }
 
-// Puts what can't be saved among the local objects, under the names that it has in the store or, as
-// nothing is ever replaced there, those with a number behind. Answers the database's name.
+// Puts what can't be saved among the outlines that are kept aside, under the database's name or, as
+// nothing is ever replaced there, one with a number behind; `kept` is the name that it has got
+// before. Answers the name.
 std::string ServerStore::keep_locally(const ObjectName& object, const std::string& file,
                                       const std::string& kept, uint32_t members) {
   constexpr size_t kMostName = 30;
-  const size_t slash = object.database.find('/');
-  const std::string application = object.database.substr(0, slash);
-  ObjectName place = {object.database, object.database.substr(slash + 1), true};
+  const std::string database = object.database.substr(object.database.find('/') + 1);
+  ObjectName place = kept_object(kept.empty() ? database : kept);
   for (int number = 2; kept.empty() && local().object_info(place); ++number) {
     const std::string suffix = ' ' + std::to_string(number);
-    place.object = object.database.substr(slash + 1);
-    place.object.resize(std::min(place.object.size(), kMostName - suffix.size()));
-    place.object += suffix;
-    place.database = application + '/' + place.object;
+    place = kept_object(database.substr(0, kMostName - suffix.size()) + suffix);
   }
-  if (!kept.empty()) place = {kept, kept.substr(slash + 1), true};
   local().has_database(place.database, true);
   const auto pending = local().replace(place);
   std::error_code error;
@@ -174,7 +175,7 @@ std::string ServerStore::keep_locally(const ObjectName& object, const std::strin
                              std::filesystem::copy_options::overwrite_existing, error);
   if (error) throw StoreFailure(status_of_error(error.value()));
   pending->publish(0, members);
-  return place.database;
+  return place.object;
 }
 
 void ServerStore::note_kept(int64_t login, const ObjectName& object, const std::string& kept,
@@ -216,7 +217,7 @@ class ServerStore::PendingUpload final : public PendingObject {
     if (upload == Upload::kBroken && has_lock) status = kNoConnection;
     const std::string kept = store_.keep_locally(object_, file_->path(), lock->kept, members);
     store_.note_kept(login, object_, kept, status == kLockLost);
-    note_detail(status, "it is kept as " + kept);
+    note_detail(status, "it is kept as " + store_.local().local_path(kept_object(kept)));
     throw StoreFailure(status);
   }
 

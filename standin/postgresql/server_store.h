@@ -58,7 +58,7 @@ class ServerStore final : public Store {
     int64_t fence = 0;
     int times = 1;
     bool told = false;  // that it is lost
-    std::string kept;   // the local database that holds what could not be saved
+    std::string kept;   // the local object that holds what could not be saved
   };
   // A login of the interface. Its row on the server is made with the first lock, and anew after the
   // connection broke.

@@ -42,10 +42,10 @@ std::string through(const Proxy& proxy, const TestStore& store) {
 int kept_version(const std::string& store, const char* name = "Basic") {
   const Session session(store);
   const HCTX local = session.local_context();
-  const ObjectDefinitionRecord kept{local, kObjectTypeOutline, "Sample", name, name};
+  const ObjectDefinitionRecord kept{local, kObjectTypeOutline, "Aside", name, name};
   HOutline h = 0;
   ObjectInfoRecord* info = nullptr;
-  const int status = OlvGetObjectInfo(local, kObjectTypeOutline, "Sample", name, name, &info);
+  const int status = OlvGetObjectInfo(local, kObjectTypeOutline, "Aside", name, name, &info);
   if (status == standin::kNoSuchObject) return -1;
   EXPECT_EQ(status, 0);
   EXPECT_EQ(OlvFree(0, info), 0);
@@ -281,7 +281,9 @@ TEST(Server, AnIdleEditorIsToldThatItsLockIsGone) {
   control("start " + server());
   editor.set_version(1);
   EXPECT_EQ(editor.write(), standin::kLockLost);
-  EXPECT_STREQ(OlvStandinStatusDetail(standin::kLockLost), "it is kept as Sample/Basic");
+  const std::string told = OlvStandinStatusDetail(standin::kLockLost);
+  const std::string file = told.substr(std::string("it is kept as ").size());
+  ASSERT_TRUE(std::filesystem::exists(file)) << told;
   // What the user keeps there is not replaced by another loss.
   Editor second(store.address());
   second.set_version(2);
@@ -292,6 +294,9 @@ TEST(Server, AnIdleEditorIsToldThatItsLockIsGone) {
   // The login goes on with a new lock.
   EXPECT_EQ(OlvUnlockObject(editor.context, 1, "Sample", "Basic", "Basic"), 0);
   EXPECT_EQ(OlvLockObject(editor.context, 1, "Sample", "Basic", "Basic"), 0);
+  // What is kept can be stored after all.
+  EXPECT_EQ(OlvStandinRestore(editor.context, file.c_str(), "Sample", "Basic"), 0);
+  EXPECT_EQ(stored_version(store.address()), 1);
 }
 
 TEST(Server, ContentIsCheckedAfterFetchingAndInTheCache) {
