@@ -40,8 +40,9 @@ final class RobotUser {
     KeyEvent.VK_PERIOD, KeyEvent.VK_SLASH
   };
 
+  private static final long PATIENCE_NANOS = 20_000_000_000L;
+
   private final Robot robot;
-  private long patienceMillis = 20_000;
 
   RobotUser() {
     try {
@@ -50,12 +51,6 @@ final class RobotUser {
       throw new IllegalStateException("There is no mouse and keyboard to use", e);
     }
     robot.setAutoDelay(5);
-  }
-
-  /** Waits so long for what is to come, 20 seconds where nothing else is said. */
-  RobotUser patience(long millis) {
-    patienceMillis = millis;
-    return this;
   }
 
   // ---- Looking ----
@@ -83,7 +78,7 @@ final class RobotUser {
 
   /** Waits until the event thread has an answer that is not null, and gives it. */
   <T> T waitForOne(String what, Supplier<T> answer) {
-    long end = System.nanoTime() + patienceMillis * 1_000_000;
+    long end = System.nanoTime() + PATIENCE_NANOS;
     while (true) {
       T found = onEventThread(answer::get);
       if (found != null) {
@@ -189,14 +184,6 @@ final class RobotUser {
     }
   }
 
-  private void press(int buttons, int times) {
-    for (int i = 0; i < times; i++) {
-      robot.mousePress(buttons);
-      robot.mouseRelease(buttons);
-    }
-    robot.waitForIdle();
-  }
-
   void click(Component component) {
     click(component, null);
   }
@@ -204,7 +191,9 @@ final class RobotUser {
   /** Clicks in the middle of a part of a component, in its own coordinates. */
   void click(Component component, Rectangle part) {
     moveTo(component, part);
-    press(InputEvent.BUTTON1_DOWN_MASK, 1);
+    robot.mousePress(InputEvent.BUTTON1_DOWN_MASK);
+    robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK);
+    robot.waitForIdle();
   }
 
   /** Clicks into a field until it has the keyboard: a window that has just come may take it back. */
@@ -218,16 +207,6 @@ final class RobotUser {
       click(field);
     }
     waitFor("the keyboard in the field", field::isFocusOwner);
-  }
-
-  void doubleClick(Component component, Rectangle part) {
-    moveTo(component, part);
-    press(InputEvent.BUTTON1_DOWN_MASK, 2);
-  }
-
-  void rightClick(Component component, Rectangle part) {
-    moveTo(component, part);
-    press(InputEvent.BUTTON3_DOWN_MASK, 1);
   }
 
   /** Clicks while keys are held: {@code KeyEvent.VK_CONTROL}, {@code VK_SHIFT}. */
