@@ -244,7 +244,8 @@ public class PanesTest {
   }
 
   private JButton button(String text) {
-    return user.find(JButton.class, "the button " + text, one -> text.equals(one.getText()));
+    return user.find(JButton.class, "the button " + text,
+        one -> text.equals(one.getText()) && one.isEnabled());
   }
 
   @Test

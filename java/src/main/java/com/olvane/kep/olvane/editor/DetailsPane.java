@@ -47,6 +47,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
   private final RowGrid properties;
   private final RowGrid aliases;
   private final RowGrid attributes;
+  private final List<RowGrid> grids;
   private final List<TextPart> texts;
   private final Form form = new Form("insets 12, fillx, wrap 2, gapy 8, hidemode 3",
       "[grow 50,fill,:200:]20[grow 50,fill,:200:]");
@@ -59,6 +60,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     properties = new RowGrid("Properties", workspace.isEditable(), 42, 9);
     aliases = new RowGrid("Aliases", workspace.isEditable(), 34, 5);
     attributes = new RowGrid("Attributes", workspace.isEditable(), 34, 4);
+    grids = Arrays.asList(properties, aliases, attributes);
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));
     path.setEnabled(false);
     TextPart udas = TextPart.udas(workspace);
@@ -110,9 +112,12 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
     }
     int[] handles = members.stream().mapToInt(Member::handle).toArray();
     workspace.read(() -> new Reading(workspace.outline(), handles), read -> {
-      if (number == asked) {
-        show(read);
-      }
+      boolean again = read.members.equals(shown);
+      RowGrid.afterLeaving(again ? Collections.emptyList() : grids, () -> {
+        if (number == asked) {
+          show(read);
+        }
+      });
     });
   }
 
@@ -155,9 +160,7 @@ final class DetailsPane extends JPanel implements WorkspaceListener {
 
   /** Makes edits of what was typed, as before saving. */
   void flush() {
-    properties.flush();
-    aliases.flush();
-    attributes.flush();
+    grids.forEach(RowGrid::flush);
     texts.forEach(TextPart::flush);
   }
 }

@@ -11,6 +11,7 @@ import java.awt.BorderLayout;
 import java.awt.Font;
 import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.Collections;
 import java.util.List;
 import java.util.Map;
 import java.util.TreeMap;
@@ -140,14 +141,21 @@ final class DimensionPane extends JPanel implements WorkspaceListener {
   @Override
   public void selected(List<Member> members) {
     int next = members.isEmpty() ? 0 : members.get(0).dimensionHandle();
-    if (next != handle) {
-      flush();
-    }
+    boolean other = next != handle;
     handle = next;
-    scroll.setVisible(handle != 0);
-    if (handle != 0) {
-      workspace.read(() -> new Reading(workspace.outline(), next), this::show);
-    }
+    scroll.setVisible(next != 0);
+    RowGrid.afterLeaving(other ? grids : Collections.emptyList(), () -> {
+      if (other) {
+        flush();
+      }
+      if (next != 0) {
+        workspace.read(() -> new Reading(workspace.outline(), next), read -> {
+          if (next == handle) {
+            show(read);
+          }
+        });
+      }
+    });
   }
 
   private void show(Reading read) {

@@ -19,6 +19,7 @@ import javax.swing.JScrollPane;
 import javax.swing.JTable;
 import javax.swing.JTextField;
 import javax.swing.ListSelectionModel;
+import javax.swing.Timer;
 import javax.swing.table.AbstractTableModel;
 import javax.swing.table.DefaultTableCellRenderer;
 import javax.swing.table.TableCellEditor;
@@ -128,6 +129,29 @@ final class RowGrid extends JPanel {
 
   private static List<String> labels(List<Row> rows) {
     return rows.stream().map(row -> row.label).collect(Collectors.toList());
+  }
+
+  private boolean hasKeyboard() {
+    return table.isEditing() && FlatBorder.hasFocus(table);
+  }
+
+  /**
+   * Does something when none of the grids has the keyboard in a value, or after a moment. A click
+   * elsewhere is heard of before the keyboard follows it, and to end the editing until then would
+   * draw it back here.
+   */
+  static void afterLeaving(List<RowGrid> grids, Runnable then) {
+    afterLeaving(grids, then, 20);
+  }
+
+  private static void afterLeaving(List<RowGrid> grids, Runnable then, int tries) {
+    if (tries == 0 || grids.stream().noneMatch(RowGrid::hasKeyboard)) {
+      then.run();
+      return;
+    }
+    Timer soon = new Timer(20, event -> afterLeaving(grids, then, tries - 1));
+    soon.setRepeats(false);
+    soon.start();
   }
 
   /** Takes over what is being typed, or gives it up where it is refused. */
