@@ -46,8 +46,9 @@ struct Place {
 GivenHandle add_member(HOutline outline, const MemberInfoRecord& info, Place place);
 
 // Adds a member with the defaults of its place, or a dimension where there is no parent. A member
-// whose name is in use is added under a temporary name and renamed; nothing is left behind when that
-// is refused. `name` has at most kMaxMemberName characters. `handle` may be 0 after a success, too.
+// whose name is in use is added under a temporary name and renamed; nothing is left behind when
+// that is refused. `name` has at most kMaxMemberName characters. `handle` may be 0 after a success,
+// too.
 GivenHandle add_with_defaults(HOutline outline, Place place, const char* name);
 // The same for a place below a parent whose dimension is known.
 GivenHandle add_in_dimension(HOutline outline, Place place, HMember dimension, const char* name);
