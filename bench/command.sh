@@ -81,6 +81,7 @@ for rows in "${sizes[@]}"; do
       "$(ratio "$ours" "$theirs")" "$loading"
   done
   seconds opening "${outline[@]}" tree Bench A --depth 0
+  printf '%-9s  %-22s  %8s  %8s  %6s  %s\n' "$rows" 'open' "$opening" '' '' "$peak"
   seconds theirs sqlite3 t.db '.mode csv' '.once out.csv' 'SELECT * FROM t'
   seconds ours "${outline[@]}" export Bench A export.csv
   written=$(awk "BEGIN { print $ours - $opening }")

@@ -67,8 +67,9 @@ public final class Settings {
       return newFolder().toString();
     }
     String database = "e2e_" + folders.incrementAndGet();
+    // Not with what a sanitizer's build loads into the virtual machine: psql would not end with it.
     run(
-        "psql", "-X", "-q", "-h", server, "-U", "outline", "-d", "postgres",
+        "env", "-u", "LD_PRELOAD", "psql", "-X", "-q", "-h", server, "-U", "outline", "-d", "postgres",
         "-c", "CREATE DATABASE " + database);
     String address = "postgresql:///" + database + "?host=" + server + "&user=outline";
     List<String> init =

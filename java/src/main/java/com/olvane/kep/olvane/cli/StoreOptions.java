@@ -1,17 +1,16 @@
 package com.olvane.kep.olvane.cli;
 
 import com.olvane.kep.olvane.standin.StandinSession;
-import java.nio.file.Path;
-import java.nio.file.Paths;
 import picocli.CommandLine.Option;
 
 /** The options that say which store a command works on, and as whom. */
 public final class StoreOptions {
   @Option(
       names = "--store",
-      paramLabel = "DIR",
-      description = "Folder that holds the databases (default: ${DEFAULT-VALUE}).")
-  private Path store = Paths.get("outlines");
+      paramLabel = "STORE",
+      description = "Folder that holds the databases, or address on a PostgreSQL server (default:"
+          + " ${DEFAULT-VALUE}).")
+  private String store = "outlines";
 
   @Option(
       names = "--user",
@@ -22,8 +21,8 @@ public final class StoreOptions {
   /** Creates the default options. */
   public StoreOptions() {}
 
-  /** {@return the folder of the store} */
-  public Path folder() {
+  /** {@return the folder or address of the store} */
+  public String address() {
     return store;
   }
 

@@ -26,8 +26,9 @@ public final class EditorMain implements Callable<Integer> {
       description = "The database. Without these two there is a list to choose from.")
   private String database;
 
-  @Option(names = "--store", paramLabel = "DIR", defaultValue = "${env:OUTLINE_STORE:-outlines}",
-      description = "Folder that holds the databases (default: $OUTLINE_STORE, else outlines).")
+  @Option(names = "--store", paramLabel = "STORE", defaultValue = "${env:OUTLINE_STORE:-outlines}",
+      description = "Folder that holds the databases, or address on a PostgreSQL server (default:"
+          + " $OUTLINE_STORE, else outlines).")
   private String store;
 
   @Option(names = "--user", paramLabel = "NAME", defaultValue = "${sys:user.name}",

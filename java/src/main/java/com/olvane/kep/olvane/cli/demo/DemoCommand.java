@@ -94,7 +94,7 @@ public final class DemoCommand implements Callable<Integer> {
   private void printNextSteps(Tour tour) {
     String command = System.getProperty("outline.command", "outline");
     String database =
-        " --store " + options.folder() + " " + Tour.APPLICATION + " " + Tour.DATABASE;
+        " --store " + options.address() + " " + Tour.APPLICATION + " " + Tour.DATABASE;
     String country = tour.plan().featured().name;
     tour.print("");
     tour.print("What to try next");
