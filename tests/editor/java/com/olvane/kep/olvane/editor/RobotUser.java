@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import java.awt.AWTEvent;
 import java.awt.AWTException;
 import java.awt.Component;
 import java.awt.Container;
@@ -12,11 +13,13 @@ import java.awt.Window;
 import java.awt.datatransfer.StringSelection;
 import java.awt.event.InputEvent;
 import java.awt.event.KeyEvent;
+import java.awt.event.MouseEvent;
 import java.io.File;
 import java.io.IOException;
 import java.util.concurrent.Callable;
 import java.util.concurrent.ExecutionException;
 import java.util.concurrent.FutureTask;
+import java.util.concurrent.atomic.AtomicInteger;
 import java.util.function.Predicate;
 import java.util.function.Supplier;
 import javax.imageio.ImageIO;
@@ -42,7 +45,11 @@ final class RobotUser {
 
   private static final long PATIENCE_NANOS = 20_000_000_000L;
 
+  /** How long a key or a click may take to arrive; one that a drag swallows never does. */
+  private static final long ARRIVAL_NANOS = 250_000_000L;
+
   private final Robot robot;
+  private final AtomicInteger arrived = new AtomicInteger();
 
   RobotUser() {
     try {
@@ -51,6 +58,33 @@ final class RobotUser {
       throw new IllegalStateException("There is no mouse and keyboard to use", e);
     }
     robot.setAutoDelay(5);
+    Toolkit.getDefaultToolkit().addAWTEventListener(event -> {
+      if (event.getID() == KeyEvent.KEY_RELEASED || event.getID() == MouseEvent.MOUSE_RELEASED) {
+        arrived.incrementAndGet();
+      }
+    }, AWTEvent.KEY_EVENT_MASK | AWTEvent.MOUSE_EVENT_MASK);
+  }
+
+  /**
+   * Releases what was pressed, and waits until the event thread has handled it. A robot's own
+   * waiting for idle events takes up to ten seconds a time on some virtual machines.
+   */
+  private void releaseAndSettle(Runnable release) {
+    int before = arrived.get();
+    release.run();
+    long end = System.nanoTime() + ARRIVAL_NANOS;
+    while (arrived.get() == before && System.nanoTime() < end) {
+      robot.delay(2);
+    }
+    settle();
+  }
+
+  /** Lets the event thread handle what has arrived, and what follows from it. */
+  private void settle() {
+    for (int i = 0; i < 3; i++) {
+      robot.delay(5);
+      onEventThread(() -> null);
+    }
   }
 
   // ---- Looking ----
@@ -162,7 +196,7 @@ final class RobotUser {
 
   private void moveTo(Point point) {
     robot.mouseMove(point.x, point.y);
-    robot.waitForIdle();
+    settle();
   }
 
   /**
@@ -180,7 +214,7 @@ final class RobotUser {
             ? ((Container) component).getMousePosition(true)
             : component.getMousePosition()) != null;
       });
-      robot.waitForIdle();
+      settle();
     }
   }
 
@@ -192,8 +226,7 @@ final class RobotUser {
   void click(Component component, Rectangle part) {
     moveTo(component, part);
     robot.mousePress(InputEvent.BUTTON1_DOWN_MASK);
-    robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK);
-    robot.waitForIdle();
+    releaseAndSettle(() -> robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK));
   }
 
   /** Clicks into a field until it has the keyboard: a window that has just come may take it back. */
@@ -202,7 +235,7 @@ final class RobotUser {
     Window window = SwingUtilities.getWindowAncestor(field);
     waitFor("the keyboard in the window", window::isFocused);
     robot.delay(50);
-    robot.waitForIdle();
+    settle();
     if (!onEventThread(field::isFocusOwner)) {
       click(field);
     }
@@ -213,8 +246,7 @@ final class RobotUser {
   void clickWith(int key, Component component, Rectangle part) {
     robot.keyPress(key);
     click(component, part);
-    robot.keyRelease(key);
-    robot.waitForIdle();
+    releaseAndSettle(() -> robot.keyRelease(key));
   }
 
   /** Drags from one part of a component to one of another, as slowly as a hand. */
@@ -234,14 +266,13 @@ final class RobotUser {
     moveTo(new Point(end.x + 1, end.y));
     moveTo(end);
     robot.delay(100);
-    robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK);
-    robot.waitForIdle();
+    releaseAndSettle(() -> robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK));
   }
 
   void wheel(Component component, int notches) {
     moveTo(component, null);
     robot.mouseWheel(notches);
-    robot.waitForIdle();
+    settle();
   }
 
   // ---- The keyboard ----
@@ -260,13 +291,13 @@ final class RobotUser {
       }
     }
     robot.keyPress(key.getKeyCode());
-    robot.keyRelease(key.getKeyCode());
+    releaseAndSettle(() -> robot.keyRelease(key.getKeyCode()));
     for (int i = keys.length - 1; i >= 0; i--) {
       if ((key.getModifiers() & masks[i]) != 0) {
         robot.keyRelease(keys[i]);
       }
     }
-    robot.waitForIdle();
+    settle();
   }
 
   /** Types a text; what a US keyboard has no key for is pasted. */
@@ -286,12 +317,12 @@ final class RobotUser {
         robot.keyPress(KeyEvent.VK_SHIFT);
       }
       robot.keyPress(code);
-      robot.keyRelease(code);
+      releaseAndSettle(() -> robot.keyRelease(code));
       if (shift) {
         robot.keyRelease(KeyEvent.VK_SHIFT);
       }
     }
-    robot.waitForIdle();
+    settle();
   }
 
   // ---- Trees ----
