@@ -201,19 +201,21 @@ final class RobotUser {
 
   /**
    * Moves to a part of a component. A window that has just come may still move: the component is
-   * followed until the mouse is over it, for a while, as another window may lie above.
+   * followed until the mouse rests over it, for a while, as another window may lie above.
    */
   private void moveTo(Component component, Rectangle part) {
     long end = System.nanoTime() + 3_000_000_000L;
-    boolean over = false;
-    while (!over && System.nanoTime() < end) {
-      over = onEventThread(() -> {
+    int over = 0;
+    while (over < 2 && System.nanoTime() < end) {
+      boolean hit = onEventThread(() -> {
         Point point = middle(component, part);
+        boolean there = point.equals(MouseInfo.getPointerInfo().getLocation());
         robot.mouseMove(point.x, point.y);
-        return (component instanceof Container
+        return there && (component instanceof Container
             ? ((Container) component).getMousePosition(true)
             : component.getMousePosition()) != null;
       });
+      over = hit ? over + 1 : 0;
       settle();
     }
   }
