@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
 import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertNull;
 import static org.junit.Assert.assertTrue;
 
 import com.olvane.kep.olvane.outline.Details;
@@ -16,10 +17,10 @@ import java.nio.file.Paths;
 import java.util.Arrays;
 import java.util.function.Function;
 import javax.swing.JButton;
+import javax.swing.JComboBox;
 import javax.swing.JLabel;
 import javax.swing.JList;
 import javax.swing.JTabbedPane;
-import javax.swing.JTable;
 import javax.swing.JTextField;
 import javax.swing.text.JTextComponent;
 import org.junit.Rule;
@@ -70,35 +71,17 @@ public class PanesTest {
     user.click(tabs, RobotUser.onEventThread(() -> tabs.getBoundsAt(tabs.indexOfTab(title))));
   }
 
-  /** The cell with the value of a row. */
-  private Rectangle cell(JTable grid, String label) {
-    return user.waitForOne("the row " + label, () -> {
-      for (int row = 0; row < grid.getRowCount(); row++) {
-        if (label.equals(grid.getValueAt(row, 0).toString().trim())) {
-          return grid.getCellRect(row, 1, false);
-        }
-      }
-      return null;
-    });
-  }
-
-  private void type(String grid, String label, String text) {
-    JTable table = user.find(JTable.class, grid);
-    Rectangle value = cell(table, label);
-    // By keyboard from the label on: it is the value that is edited.
-    user.click(table, new Rectangle(5, value.y, 20, value.height));
-    user.key("F2");
-    user.waitFor("the keyboard in " + label, () -> table.isEditing()
-        && table.getEditorComponent().isFocusOwner());
+  private void type(String field, String text) {
+    user.clickInto(user.find(JTextField.class, field));
     user.key("ctrl A");
     user.type(text);
   }
 
   /** Chooses by keyboard: opens the list, goes so far down, or up, and takes it. */
-  private void choose(String grid, String label, int down) {
-    JTable table = user.find(JTable.class, grid);
-    user.click(table, cell(table, label));
-    user.waitFor("the list of " + label, table::isEditing);
+  private void choose(String name, int down) {
+    JComboBox<?> box = user.find(JComboBox.class, name);
+    user.click(box);
+    user.waitFor("the list of " + name, box::isPopupVisible);
     for (int i = 0; i < Math.abs(down); i++) {
       user.key(down < 0 ? "UP" : "DOWN");
     }
@@ -124,9 +107,9 @@ public class PanesTest {
   public void detailsAreChangedAndRefusedWhereTheyAreTyped() throws Exception {
     openSample();
     select("Cola");
-    choose("Properties", "Consolidation", 1);
+    choose("Properties Consolidation", 1);
     expect("ADD", "SUBTRACT", outline -> read("Cola").consolidation().name());
-    type("Aliases", "French", "\u53ef\u53e3\u53ef\u4e50");
+    type("Aliases French", "\u53ef\u53e3\u53ef\u4e50");
     user.key("ENTER");
     expect("", "\u53ef\u53e3\u53ef\u4e50", outline -> read("Cola").alias("French"));
 
@@ -149,7 +132,7 @@ public class PanesTest {
     user.key("ctrl ENTER");
     expect("[][]", "[Cold][Cold]",
         outline -> "" + read("Cola").udas() + read("Tea green").udas());
-    choose("Properties", "Two-pass calculation", -1);
+    choose("Properties Two-pass calculation", -1);
     expect(false, true,
         outline -> read("Cola").isTwoPass() && read("Tea green").isTwoPass());
   }
@@ -158,16 +141,19 @@ public class PanesTest {
   public void aClickInTheTreeEndsWhatIsEditedBesideIt() throws Exception {
     openSample();
     select("Product");
-    JTable table = user.find(JTable.class, "Properties");
-    user.click(table, cell(table, "Consolidation"));
-    user.waitFor("the list", table::isEditing);
-    user.key("ESCAPE");
+    JComboBox<?> box = user.find(JComboBox.class, "Properties Consolidation");
+    user.click(box);
+    user.waitFor("the list", box::isPopupVisible);
+    user.key("DOWN");
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.waitFor("the list to go", () -> !box.isPopupVisible());
     user.click(open.tree, user.row(open.tree, "Product"));
     user.waitFor("the keyboard in the tree", open.tree::isFocusOwner);
+    assertNull("nothing was taken", open.workspace.history().toUndo());
     user.key("RIGHT");
     user.click(open.tree, user.row(open.tree, "Drinks"));
-    user.waitFor("the list to go", () -> !table.isEditing());
-    type("Properties", "Name", "Beverages");
+    user.find(JLabel.class, "the details", one -> "Drinks".equals(one.getText()));
+    type("Properties Name", "Beverages");
     user.click(open.tree, user.row(open.tree, "Product"));
     user.waitFor("the new name", () -> outline().find("Beverages").isPresent());
     user.waitFor("the keyboard in the tree", open.tree::isFocusOwner);
@@ -188,12 +174,12 @@ public class PanesTest {
     pane("Dimension");
     expect("", "Cola + \"Tea green\";", outline -> read("Drinks").formula());
 
-    type("Generations", "2", "Families");
+    type("Generations 2", "Families");
     user.key("ENTER");
     expect("[]", "[Families]",
         outline -> outline.generations().given(outline.find("Product").get()).toString());
     pane("Settings");
-    type("Attributes", "Member name for true", "");
+    type("Attributes Member name for true", "");
     user.key("BACK_SPACE");
     user.find(JLabel.class, "the refusal", one -> "A name is needed here.".equals(one.getText()));
     user.type("Yes");

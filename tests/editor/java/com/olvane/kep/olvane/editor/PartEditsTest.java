@@ -65,13 +65,13 @@ public class PartEditsTest {
   public void settingsComeBack() {
     boolean sensitive = sample.outline.settings().read().isCaseSensitive();
     boolean configured = sample.outline.settings().read().isAutoConfigure();
-    check(SettingsPane.caseSensitive(!sensitive));
-    check(SettingsPane.autoConfigure(!configured));
+    check(SettingsRows.caseSensitive(!sensitive));
+    check(SettingsRows.autoConfigure(!configured));
     for (Attributes.Name which : Attributes.Name.values()) {
-      check(SettingsPane.name(which, "The " + which.words()));
+      check(SettingsRows.name(which, "The " + which.words()));
     }
-    for (SettingsPane.Number which : SettingsPane.Number.values()) {
-      check(SettingsPane.number(which, (short) 3));
+    for (SettingsRows.Number which : SettingsRows.Number.values()) {
+      check(SettingsRows.number(which, (short) 3));
     }
   }
 

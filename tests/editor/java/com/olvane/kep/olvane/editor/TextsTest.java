@@ -3,9 +3,11 @@ package com.olvane.kep.olvane.editor;
 import static org.junit.Assert.assertEquals;
 
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
-import javax.swing.JLabel;
-import javax.swing.JTextArea;
+import java.util.function.Function;
+import javax.swing.JComboBox;
+import javax.swing.text.JTextComponent;
 import javax.swing.text.Segment;
 import org.fife.ui.rsyntaxtextarea.Token;
 import org.junit.Test;
@@ -64,29 +66,49 @@ public class TextsTest {
   @Test
   public void whatTheOutlineDoesNotTakeStaysToBeMended() {
     List<String> edits = new ArrayList<>();
-    JTextArea field = new JTextArea();
-    TextCommit commit = new TextCommit(
-        field, new JLabel(), text -> text.contains("x") ? "No x." : null, edits::add);
-    commit.show("old", false);
+    Function<String, Row> row = value -> Row.typed(
+        "Name", value, text -> text.contains("x") ? "No x." : null, edits::add);
+    RowField shown = new RowField(row.apply(""), "Name", true);
+    JTextComponent field = (JTextComponent) shown.input();
+    shown.show(row.apply("old"), false);
     field.setText("boxes");
-    commit.flush();
+    shown.flush();
     assertEquals("refused where it is typed", "[]", edits.toString());
     field.setText("new");
-    commit.flush();
-    commit.flush();
+    shown.flush();
+    shown.flush();
     assertEquals("once only", "[new]", edits.toString());
-    commit.failed();
+    shown.failed();
     assertEquals("new", field.getText());
-    commit.flush();
+    shown.flush();
     assertEquals("not again as it is", "[new]", edits.toString());
-    commit.show("changed by others", true);
+    shown.show(row.apply("changed by others"), true);
     assertEquals("what is typed stays", "new", field.getText());
     field.setText("newer");
-    commit.flush();
+    shown.flush();
     assertEquals("[new, newer]", edits.toString());
-    commit.show("newer", true);
-    commit.failed();
-    commit.show("other member", false);
+    shown.show(row.apply("newer"), true);
+    shown.failed();
+    shown.show(row.apply("other member"), false);
     assertEquals("other member", field.getText());
+  }
+
+  @Test
+  public void whatIsChosenIsAnEditOnceAndGoesBackWhereItFailed() {
+    List<String> edits = new ArrayList<>();
+    Function<String, Row> row =
+        value -> Row.chosen("Storage", value, Arrays.asList("a", "b"), edits::add);
+    RowField shown = new RowField(row.apply("a"), "Storage", true);
+    JComboBox<?> box = (JComboBox<?>) shown.input();
+    shown.show(row.apply(null), false);
+    assertEquals("different values are told, and to look is no edit", "(different) []",
+        box.getSelectedItem() + " " + edits);
+    box.setSelectedItem("b");
+    box.setSelectedItem(Row.DIFFERENT);
+    assertEquals("[b]", edits.toString());
+    shown.failed();
+    assertEquals("(different)", box.getSelectedItem());
+    shown.show(row.apply("a"), true);
+    assertEquals("a of 2 [b]", box.getSelectedItem() + " of " + box.getItemCount() + " " + edits);
   }
 }

@@ -50,7 +50,7 @@ final class AliasImportDialog {
     // The lines are judged anew when the name has been typed.
     Timer pause = new Timer(TYPING_MILLIS, event -> judge());
     pause.setRepeats(false);
-    TextCommit.onChange(table, () -> {
+    Listen.onChange(table, () -> {
       prompt.allow(false);
       pause.restart();
     });
@@ -61,8 +61,8 @@ final class AliasImportDialog {
     prompt.allow(false);
     String into = table.getText();
     String reason = into.isEmpty() ? "The file names no table; give one."
-        : TextCommit.atMost(AliasTablesDialog.NAME_LIMIT).apply(into);
-    TextCommit.markRefused(table, summary, reason);
+        : Row.atMost(AliasTablesDialog.NAME_LIMIT).apply(into);
+    RowField.markRefused(table, summary, reason);
     summary.setVisible(true);
     if (reason != null) {
       return;

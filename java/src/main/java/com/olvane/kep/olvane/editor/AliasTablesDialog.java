@@ -132,7 +132,7 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   /** Refuses what is too long, or taken unless it is {@code allowed}. */
   private Function<String, String> refusal(String allowed) {
     return name -> model.contains(name) && !name.equals(allowed)
-        ? "There is a table of this name." : TextCommit.atMost(NAME_LIMIT).apply(name);
+        ? "There is a table of this name." : Row.atMost(NAME_LIMIT).apply(name);
   }
 
   private void create() {
@@ -154,7 +154,7 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   private void copy(String table) {
     String name = NamePrompt.ask(this, "Copy " + table, "Name of the copy", "", "Copy",
         text -> text.equals(table) ? "This is the table itself."
-            : TextCommit.atMost(NAME_LIMIT).apply(text));
+            : Row.atMost(NAME_LIMIT).apply(text));
     if (name != null
         && (!model.contains(name) || confirm("Replace what is in " + name + "?", "Replace"))) {
       edit(AliasTableEdits.copy(table, name), name);

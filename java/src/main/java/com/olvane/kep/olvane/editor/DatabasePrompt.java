@@ -38,8 +38,8 @@ final class DatabasePrompt {
     label(form, "Database", database);
     form.add(remark, "skip 1");
     prompt = new Prompt(parent, title, verb, form);
-    TextCommit.onChange(database, this::check);
-    TextCommit.onChange(applicationField(), this::check);
+    Listen.onChange(database, this::check);
+    Listen.onChange(applicationField(), this::check);
     check();
   }
 

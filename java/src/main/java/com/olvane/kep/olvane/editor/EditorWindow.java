@@ -88,10 +88,10 @@ final class EditorWindow {
     SearchTask search = new SearchTask(workspace);
     layOut(new SearchBar(this, search));
     tree.onComplaint(status::say);
-    addPane("Details", new DetailsPane(workspace));
-    addPane("Dimension", new DimensionPane(workspace));
+    addPane("Details", new RowsPane(workspace, MemberRows::read));
+    addPane("Dimension", new RowsPane(workspace, DimensionRows::read));
     addPane("Picture", new PicturePane(workspace));
-    addPane("Settings", new SettingsPane(workspace));
+    addPane("Settings", new RowsPane(workspace, SettingsRows::read));
     addPane("Hits", new HitsPane(workspace, search));
     addPane("Findings", findings);
     addPane("History", new HistoryPane(workspace));

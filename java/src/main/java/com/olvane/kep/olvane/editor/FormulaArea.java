@@ -1,16 +1,12 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.outline.Changes;
-import com.olvane.kep.olvane.outline.Member;
 import java.awt.Color;
-import java.awt.Dimension;
 import java.awt.Insets;
 import org.fife.ui.rsyntaxtextarea.AbstractTokenMakerFactory;
 import org.fife.ui.rsyntaxtextarea.RSyntaxTextArea;
 import org.fife.ui.rsyntaxtextarea.Style;
 import org.fife.ui.rsyntaxtextarea.Token;
 import org.fife.ui.rsyntaxtextarea.TokenMakerFactory;
-import org.fife.ui.rtextarea.RTextScrollPane;
 
 /** A formula, coloured, with names completed by Ctrl+Space. */
 final class FormulaArea extends RSyntaxTextArea {
@@ -22,7 +18,7 @@ final class FormulaArea extends RSyntaxTextArea {
         .putMapping(SYNTAX, FormulaTokens.class.getName());
   }
 
-  private FormulaArea() {
+  FormulaArea(Workspace workspace) {
     super(5, 10);
     setSyntaxEditingStyle(SYNTAX);
     setLineWrap(true);
@@ -31,18 +27,7 @@ final class FormulaArea extends RSyntaxTextArea {
     setPopupMenu(null);
     setMargin(new Insets(4, 6, 4, 6));
     setToolTipText("Ctrl+Space completes a name, Ctrl+Enter applies the formula");
-    getAccessibleContext().setAccessibleName("Formula");
-  }
-
-  /** The formula of the selected members. */
-  static TextPart part(Workspace workspace) {
-    FormulaArea area = new FormulaArea();
-    MemberCompletion.install(area, workspace);
-    RTextScrollPane scroll = new RTextScrollPane(area, false);
-    scroll.setPreferredSize(new Dimension(100, 100));
-    return new TextPart(workspace, "Formula", area, scroll,
-        members -> MemberRows.common(members, Member::formula),
-        text -> member -> new Changes().formula(text));
+    MemberCompletion.install(this, workspace);
   }
 
   @Override

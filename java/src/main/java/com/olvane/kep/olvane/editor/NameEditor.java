@@ -33,7 +33,7 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
     field.setName("name");
     field.getAccessibleContext().setAccessibleName("Name of the member");
     field.addActionListener(event -> stopCellEditing());
-    TextCommit.onChange(field, this::check);
+    Listen.onChange(field, this::check);
   }
 
   /** What is wrong with a name, as a sentence; null for nothing. */

@@ -33,11 +33,11 @@ final class NamePrompt {
     Runnable check = () -> {
       String name = field.getText();
       String reason = name.isEmpty() ? null : refusal.apply(name);
-      TextCommit.markRefused(field, complaint, reason);
+      RowField.markRefused(field, complaint, reason);
       complaint.setVisible(true);
       prompt.allow(!name.isEmpty() && reason == null);
     };
-    TextCommit.onChange(field, check);
+    Listen.onChange(field, check);
     check.run();
     return prompt.ask() ? field.getText() : null;
   }

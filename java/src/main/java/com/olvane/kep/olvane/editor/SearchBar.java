@@ -50,7 +50,7 @@ final class SearchBar extends JPanel {
     add(count);
     add(cancel);
     add(where);
-    TextCommit.onChange(field, typing::restart);
+    Listen.onChange(field, typing::restart);
     field.addActionListener(event -> {
       if (typing.isRunning()) {
         start();

@@ -177,6 +177,8 @@ final class Theme {
     put(defaults, space(1, 5), "Table.cellNoFocusBorder");
     put(defaults, space(4, 4), "Menu.border", "MenuItem.border", "CheckBoxMenuItem.border",
         "RadioButtonMenuItem.border");
+    // The arrow keys go through a list; Enter or a click chooses.
+    defaults.put("ComboBox.noActionOnKeyNavigation", true);
     defaults.put("CheckBox.margin", new InsetsUIResource(3, 0, 3, 2));
     defaults.put("TabbedPane.contentBorderInsets", new InsetsUIResource(1, 0, 0, 0));
     defaults.put("TabbedPane.tabInsets", new InsetsUIResource(6, 12, 6, 12));

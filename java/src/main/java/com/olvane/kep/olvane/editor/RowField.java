@@ -1,0 +1,197 @@
+package com.olvane.kep.olvane.editor;
+
+import java.awt.Container;
+import java.awt.Font;
+import java.awt.event.FocusAdapter;
+import java.awt.event.FocusEvent;
+import java.util.ArrayList;
+import java.util.List;
+import javax.swing.DefaultComboBoxModel;
+import javax.swing.JComboBox;
+import javax.swing.JComponent;
+import javax.swing.JLabel;
+import javax.swing.JScrollPane;
+import javax.swing.JTextField;
+import javax.swing.plaf.ColorUIResource;
+import javax.swing.text.JTextComponent;
+
+/**
+ * A row on the screen. What is typed becomes an edit when the field is left or Enter is pressed
+ * (Ctrl+Enter in a text of several lines), what is chosen at once; Escape takes back what was
+ * typed. What does not fit is marked and explained while it is typed, and never becomes an edit.
+ */
+final class RowField {
+  private final JLabel label = new JLabel();
+  private final JLabel complaint = new JLabel();
+  /** Where the value is typed or chosen: one of them, the other is null. */
+  private final JTextComponent text;
+  private final JComboBox<String> box;
+  private Row row;
+  private List<String> choices;
+  /** What was given to the outline last. */
+  private String committed = "";
+  /** What the outline did not take. */
+  private String refused;
+
+  /**
+   * Makes the field of a row, and of others like it.
+   *
+   * @param name its name, for tests and assistive technology
+   */
+  RowField(Row row, String name, boolean editable) {
+    this.row = row;
+    text = row.choices == null ? row.field.get() : null;
+    box = row.choices == null ? null : new JComboBox<>();
+    input().setName(name);
+    input().getAccessibleContext().setAccessibleName(name);
+    label.setLabelFor(input());
+    complaint.setVisible(false);
+    if (text == null) {
+      box.setEnabled(editable);
+      box.addActionListener(event -> flush());
+      return;
+    }
+    text.setEditable(editable);
+    Listen.onChange(text,
+        () -> markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null));
+    text.addFocusListener(new FocusAdapter() {
+      @Override
+      public void focusLost(FocusEvent event) {
+        if (!event.isTemporary()) {
+          flush();
+        }
+      }
+    });
+    Listen.onKey(text, "ESCAPE", () -> set(shown()));
+    Listen.onKey(text, isLine() ? "ENTER" : "ctrl ENTER", this::flush);
+  }
+
+  private Row row() {
+    return row;
+  }
+
+  private boolean isLine() {
+    return text == null || text instanceof JTextField;
+  }
+
+  /** {@return the component with the keyboard} */
+  JComponent input() {
+    return text == null ? box : text;
+  }
+
+  /** Adds a label and the field to a form of two columns, a long text below its heading. */
+  void addTo(Container form) {
+    if (isLine()) {
+      form.add(label, "wmin 0");
+      form.add(input(), "w 80:100:");
+    } else {
+      label.setFont(label.getFont().deriveFont(Font.BOLD));
+      form.add(label, "span, wmin 0, gaptop 6");
+      form.add(new JScrollPane(text), "span, growx, wmin 0");
+    }
+    form.add(complaint, "span, wmin 0");
+  }
+
+  private String get() {
+    Object value = text == null ? box.getSelectedItem() : text.getText();
+    return value == null ? "" : value.toString();
+  }
+
+  private String shown() {
+    return row.value == null ? "" : row.value;
+  }
+
+  private boolean isTyped() {
+    return !get().equals(committed);
+  }
+
+  private void set(String value) {
+    committed = value;
+    if (!isTyped()) {
+      return;
+    }
+    if (text == null) {
+      box.setSelectedItem(value);
+    } else {
+      text.setText(value);
+      text.setCaretPosition(0);
+    }
+  }
+
+  /**
+   * Shows a row.
+   *
+   * @param again whether it was only read anew, so that what is being typed stays
+   */
+  void show(Row now, boolean again) {
+    boolean keep = again && isTyped();
+    row = now;
+    if (text == null) {
+      offer();
+    }
+    label.setText(text != null && row.value == null
+        ? row.label + " " + Row.DIFFERENT : row.label);
+    input().setForeground(new ColorUIResource(
+        row.faint || Row.DIFFERENT.equals(row.value) ? Theme.palette().faint
+            : Theme.palette().text));
+    if (isLine()) {
+      input().setToolTipText(shown().isEmpty() ? null : shown());
+    }
+    if (keep) {
+      committed = shown();
+    } else {
+      set(shown());
+    }
+    if (!isTyped()) {
+      markRefused(input(), complaint, null);
+    }
+  }
+
+  private void offer() {
+    List<String> offered = new ArrayList<>(row.choices);
+    if (!offered.contains(row.value)) {
+      offered.add(row.value);
+    }
+    if (!offered.equals(choices)) {
+      choices = offered;
+      DefaultComboBoxModel<String> model =
+          new DefaultComboBoxModel<>(offered.toArray(new String[0]));
+      committed = row.value;
+      model.setSelectedItem(row.value);
+      box.setModel(model);
+    }
+  }
+
+  /** Makes an edit of what was typed, if it fits. */
+  void flush() {
+    String value = get();
+    if (isTyped() && !value.equals(refused) && row.refusal.apply(value) == null) {
+      committed = value;
+      row.set.accept(value);
+    }
+  }
+
+  /** Takes note of an edit that failed: what was typed stays, to be mended or given up. */
+  void failed() {
+    if (committed.equals(shown())) {
+      return;
+    }
+    if (text == null) {
+      set(shown());
+      return;
+    }
+    refused = committed;
+    committed = shown();
+    markRefused(text, complaint, "The outline did not take this; Escape gives it up.");
+  }
+
+  /** Marks a field as refused for a reason, or with null as right again. */
+  static void markRefused(JComponent field, JLabel complaint, String reason) {
+    field.putClientProperty(FlatBorder.REFUSED, reason != null);
+    field.getAccessibleContext().setAccessibleDescription(reason);
+    field.repaint();
+    complaint.setText(reason == null ? " " : reason);
+    complaint.setForeground(Theme.palette().error);
+    complaint.setVisible(reason != null);
+  }
+}

@@ -1,0 +1,187 @@
+package com.olvane.kep.olvane.editor;
+
+import com.olvane.kep.olvane.outline.Member;
+import java.awt.BorderLayout;
+import java.awt.Component;
+import java.awt.Font;
+import java.awt.KeyboardFocusManager;
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.LinkedHashMap;
+import java.util.List;
+import java.util.Map;
+import java.util.stream.Collectors;
+import javax.swing.JLabel;
+import javax.swing.JPanel;
+import javax.swing.JScrollPane;
+import javax.swing.SwingUtilities;
+import net.miginfocom.swing.MigLayout;
+
+/**
+ * Something of the outline in rows to be read and changed: the selected members, a dimension, the
+ * settings. It is read, while the pane is seen, whenever the selection changes or an edit was made.
+ */
+final class RowsPane extends JPanel implements WorkspaceListener {
+  private static final long serialVersionUID = 1;
+
+  /** Where rows stand in a pane. */
+  enum Place {
+    LEFT(""), RIGHT(""), BELOW(", newline, span, growx"), ALONE(", span, wmax 560");
+
+    private final String constraints;
+
+    Place(String constraints) {
+      this.constraints = constraints;
+    }
+  }
+
+  /** Rows with a heading, which may be empty. */
+  private static final class Section {
+    final Place place;
+    final String heading;
+    final List<Row> rows;
+
+    Section(Place place, String heading, List<Row> rows) {
+      this.place = place;
+      this.heading = heading;
+      this.rows = rows;
+    }
+
+    String name(Row row) {
+      return (heading + " " + row.label).trim();
+    }
+
+    /** Tells fields apart. */
+    String key(Row row) {
+      return name(row) + (row.choices == null ? "" : "\n");
+    }
+  }
+
+  /** What a pane shows. */
+  static final class Contents {
+    private final Object subject;
+    private final String title;
+    private final String remark;
+    private final List<Section> sections = new ArrayList<>();
+
+    /**
+     * Makes contents without rows.
+     *
+     * @param subject what they are about: while it is the same, what is being typed stays
+     */
+    Contents(Object subject, String title, String remark) {
+      this.subject = subject;
+      this.title = title;
+      this.remark = remark;
+    }
+
+    /** Adds rows. */
+    void add(Place place, String heading, List<Row> rows) {
+      if (!rows.isEmpty()) {
+        sections.add(new Section(place, heading, rows));
+      }
+    }
+  }
+
+  /** Reads what is shown, on the work thread. */
+  interface Source {
+    Contents read(Workspace workspace, List<Member> selected);
+  }
+
+  private final transient Workspace workspace;
+  private final transient Source source;
+  private final JLabel title = new JLabel();
+  private final JLabel remark = new JLabel();
+  private final JPanel form = new JPanel(new MigLayout("insets 12, fillx, hidemode 3, gapy 6",
+      "[grow 50,fill,:160:]20[grow 50,fill,:160:]"));
+  private final transient Map<String, RowField> fields = new LinkedHashMap<>();
+  private transient List<String> layout;
+  private transient Object subject;
+  private int asked;
+
+  RowsPane(Workspace workspace, Source source) {
+    super(new BorderLayout());
+    this.workspace = workspace;
+    this.source = source;
+    title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));
+    remark.setEnabled(false);
+    JScrollPane scroll = new JScrollPane(form);
+    scroll.setBorder(null);
+    scroll.getVerticalScrollBar().setUnitIncrement(16);
+    add(scroll);
+    workspace.addListener(this);
+    Listen.onShowing(this, seen -> selected(workspace.selection()));
+  }
+
+  @Override
+  public void selected(List<Member> members) {
+    int number = ++asked;
+    if (isShowing()) {
+      workspace.read(() -> source.read(workspace, members), contents -> {
+        if (number == asked) {
+          show(contents);
+        }
+      });
+    }
+  }
+
+  @Override
+  public void failed(Exception failure) {
+    fields.values().forEach(RowField::failed);
+  }
+
+  private void show(Contents now) {
+    boolean again = now.subject.equals(subject);
+    if (!again) {
+      fields.values().forEach(RowField::flush);
+    }
+    subject = now.subject;
+    title.setText(now.title);
+    title.setVisible(!now.title.isEmpty());
+    remark.setText(now.remark);
+    remark.setVisible(!now.remark.isEmpty());
+    List<String> needed = now.sections.stream()
+        .flatMap(section -> section.rows.stream().map(section::key)).collect(Collectors.toList());
+    if (!needed.equals(layout)) {
+      layout = needed;
+      layOut(now.sections);
+    }
+    now.sections.forEach(section ->
+        section.rows.forEach(row -> fields.get(section.key(row)).show(row, again)));
+  }
+
+  private void layOut(List<Section> sections) {
+    Component focus = KeyboardFocusManager.getCurrentKeyboardFocusManager().getFocusOwner();
+    boolean inside = focus != null && SwingUtilities.isDescendingFrom(focus, form);
+    form.removeAll();
+    form.add(title, "span, wmin 0, wrap, gapbottom 0");
+    form.add(remark, "span, wmin 0, wrap");
+    for (Place place : Place.values()) {
+      JPanel part = new JPanel(
+          new MigLayout("insets 0, fillx, wrap 2, hidemode 3, gapy 3", "[:pref:65%]12[grow,fill]"));
+      sections.stream().filter(section -> section.place == place)
+          .forEach(section -> addSection(part, section));
+      if (part.getComponentCount() > 0) {
+        form.add(part, "wmin 0, aligny top" + place.constraints);
+      }
+    }
+    fields.keySet().retainAll(layout);
+    form.revalidate();
+    form.repaint();
+    if (inside) {
+      focus.requestFocusInWindow();
+    }
+  }
+
+  private void addSection(JPanel part, Section section) {
+    if (!section.heading.isEmpty()) {
+      JLabel heading = new JLabel(section.heading);
+      heading.setFont(heading.getFont().deriveFont(Font.BOLD));
+      part.add(heading, "span, gaptop 6");
+    }
+    for (Row row : section.rows) {
+      fields.computeIfAbsent(section.key(row),
+          key -> new RowField(row, section.name(row), workspace.isEditable())).addTo(part);
+    }
+  }
+}
