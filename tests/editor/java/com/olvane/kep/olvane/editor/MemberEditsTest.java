@@ -38,6 +38,10 @@ public class MemberEditsTest {
     }));
     sample.check(MemberEdits.sort(sample.find("Product"), true));
     sample.check(MemberEdits.sort(sample.find("Product"), false));
+    sample.check(MemberEdits.sort(null, true));
+    assertEquals("attributes behind the others", "[Product, Year, New dimension, Size]",
+        sample.outline.dimensions().toString());
+    sample.check(MemberEdits.sort(null, false));
     sample.check(MemberEdits.move(sample.some("Bread", "All"), Target.firstBelow(Ref.to(sample.find("Drinks")))));
     sample.check(MemberEdits.copy(sample.some("Drinks"), Target.lastBelow(Ref.to(sample.find("Food")))));
     sample.check(MemberEdits.delete(sample.some("Food", "Drinks")));
@@ -134,14 +138,12 @@ public class MemberEditsTest {
     for (int round = 0; round < 2; round++) {
       while (history.toUndo() != null) {
         String title = history.toUndo().title();
-        history.toUndo().revert(sample.context);
-        history.undone();
+        history.undo(sample.context);
         assertEquals("undone: " + title, states.get(history.position()), sample.everything());
       }
       while (history.toRedo() != null) {
         String title = history.toRedo().title();
-        history.toRedo().apply(sample.context);
-        history.redone();
+        history.redo(sample.context);
         assertEquals("done again: " + title, states.get(history.position()), sample.everything());
       }
     }

@@ -51,7 +51,7 @@ public class PanesTest {
   }
 
   private Member read(String name) {
-    return outline().find(name, ChangeEdit.all(outline())).get();
+    return outline().find(name, MemberParts.all(outline())).get();
   }
 
   private void select(String... names) {

@@ -83,7 +83,7 @@ final class SampleOutline extends ExternalResource {
 
   /** Everything that can be read of the outline, a line a member. */
   String everything() {
-    Details details = ChangeEdit.all(outline);
+    Details details = MemberParts.all(outline);
     StringBuilder text = new StringBuilder();
     for (Member dimension : outline.dimensions()) {
       text.append(outline.generations().given(dimension)).append(outline.levels().given(dimension))

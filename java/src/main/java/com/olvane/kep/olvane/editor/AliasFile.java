@@ -11,7 +11,9 @@ import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.LinkedHashMap;
 import java.util.List;
+import java.util.Map;
 import java.util.Optional;
 
 /**
@@ -135,14 +137,9 @@ final class AliasFile {
 
   /** The edit that sets what applies. */
   Edit edit(String into) {
-    List<String> members = new ArrayList<>();
-    List<String> aliases = new ArrayList<>();
-    for (Line line : lines) {
-      if (line.outcome.applies()) {
-        members.add(line.member);
-        aliases.add(line.alias);
-      }
-    }
-    return AliasTableEdits.fill(into, members, aliases);
+    Map<String, String> aliases = new LinkedHashMap<>();
+    lines.stream().filter(line -> line.outcome.applies())
+        .forEach(line -> aliases.put(line.member, line.alias));
+    return AliasTableEdits.fill(into, aliases);
   }
 }

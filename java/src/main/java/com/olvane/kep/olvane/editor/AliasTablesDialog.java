@@ -22,7 +22,7 @@ import javax.swing.ListSelectionModel;
 import net.miginfocom.swing.MigLayout;
 
 /** The alias tables of the outline, and all that is done with whole tables. */
-final class AliasTablesDialog extends JDialog implements WorkspaceListener {
+final class AliasTablesDialog extends JDialog {
   private static final long serialVersionUID = 1;
   /** Bytes of the name of a table that an outline keeps. */
   static final int NAME_LIMIT = 30;
@@ -32,6 +32,11 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
   private final JList<String> list = new JList<>(model);
   private final transient List<JButton> onOne = new ArrayList<>();
   private final JButton delete;
+  private final transient Consumer<OutlineChange> changed = change -> {
+    if (change.aliasTablesChanged) {
+      read();
+    }
+  };
   private String selectNext;
   private File folder;
 
@@ -75,13 +80,13 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
         KeyStroke.getKeyStroke("ESCAPE"), JPanel.WHEN_IN_FOCUSED_WINDOW);
     pack();
     setLocationRelativeTo(owner);
-    workspace.addListener(this);
+    workspace.changed.hear(changed);
     read();
   }
 
   @Override
   public void dispose() {
-    workspace.removeListener(this);
+    workspace.changed.forget(changed);
     super.dispose();
   }
 
@@ -104,13 +109,6 @@ final class AliasTablesDialog extends JDialog implements WorkspaceListener {
     onOne.forEach(button -> button.setEnabled(one));
     delete.setEnabled(list.getSelectedIndex() > 0 && workspace.isEditable());
     delete.setToolTipText(list.getSelectedIndex() == 0 ? "The default table stays" : null);
-  }
-
-  @Override
-  public void changed(OutlineChange change) {
-    if (change.aliasTablesChanged()) {
-      read();
-    }
   }
 
   private void read() {

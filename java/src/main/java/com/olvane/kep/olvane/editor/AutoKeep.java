@@ -17,14 +17,11 @@ final class AutoKeep {
     this.window = window;
     this.workspace = window.workspace();
     pause.setRepeats(false);
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void historyChanged() {
-        if (workspace.dirty()) {
-          pause.restart();
-        } else {
-          pause.stop();
-        }
+    workspace.historyChanged.hear(history -> {
+      if (history.dirty()) {
+        pause.restart();
+      } else {
+        pause.stop();
       }
     });
   }

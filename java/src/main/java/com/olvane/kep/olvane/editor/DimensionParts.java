@@ -1,83 +1,83 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.defs.outline.DynamicTimeSeries;
-import com.olvane.kep.olvane.outline.Attribute;
+import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NumberedNames;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Place;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.Map;
+import java.util.TreeMap;
 
-/** What a dimension has besides its members: category, names of generations, time series. */
+/** What a dimension has besides its members: its kind, named generations and levels, series. */
 final class DimensionParts {
   private final Member dimension;
-  private Map<Integer, String> generations;
-  private Map<Integer, String> levels;
-  private final List<String> givenGenerations = new ArrayList<>();
-  private final List<String> givenLevels = new ArrayList<>();
+  private final Map<Integer, String> generations;
+  private final Map<Integer, String> levels;
+  private final List<String> attributeDimensions;
   private final List<DynamicTimeSeries> series = new ArrayList<>();
-  private final List<Ref> attributeDimensions = new ArrayList<>();
-
-  private DimensionParts(Member dimension) {
-    this.dimension = dimension;
-  }
 
   /** Takes them down as they are now. */
-  static DimensionParts of(EditContext context, Member dimension) {
+  DimensionParts(EditContext context, Member dimension) {
     Outline outline = context.outline();
-    DimensionParts parts = new DimensionParts(dimension);
-    for (Attribute attribute : outline.read(dimension, Details.NONE.attributes()).attributes()) {
-      Ref ref = Ref.toHandle(attribute.handle());
-      context.handle(ref);
-      parts.attributeDimensions.add(ref);
-    }
-    parts.generations = outline.generations().all(dimension);
-    parts.levels = outline.levels().all(dimension);
-    parts.givenGenerations.addAll(outline.generations().given(dimension));
-    parts.givenLevels.addAll(outline.levels().given(dimension));
+    this.dimension = dimension;
+    generations = given(outline.generations(), dimension);
+    levels = given(outline.levels(), dimension);
+    attributeDimensions =
+        MemberParts.attributes(outline.read(dimension, Details.NONE.attributes()));
     if (dimension.category() == DimensionCategory.TIME) {
-      parts.series.addAll(outline.timeSeries().enabled());
+      series.addAll(outline.timeSeries().enabled());
     }
-    return parts;
   }
 
-  /** Gives a dimension without children the category and types, at its place. */
-  void restoreKind(EditContext context, Member made, Place place) {
+  /** The names that were given, by number. */
+  static Map<Integer, String> given(NumberedNames names, Member dimension) {
+    Map<Integer, String> given = new TreeMap<>(names.all(dimension));
+    given.values().retainAll(names.given(dimension));
+    return given;
+  }
+
+  /** Gives a dimension the kind, at its place. */
+  void restoreKind(EditContext context, Member now, Place place) {
     Outline outline = context.outline();
-    if (dimension.storageTypeCode() != made.storageTypeCode()) {
-      outline.setStorageType(made, dimension.storageTypeCode());
+    if (now.storageTypeCode() != dimension.storageTypeCode()) {
+      outline.setStorageType(now, dimension.storageTypeCode());
     }
-    if (dimension.categoryCode() != made.categoryCode()) {
+    if (now.categoryCode() != dimension.categoryCode()) {
       if (dimension.category() == DimensionCategory.ATTRIBUTE) {
-        outline.makeAttributeDimension(made, dimension.attributeTypeCode());
+        outline.makeAttributeDimension(now, dimension.attributeTypeCode());
       } else {
-        outline.categorise(made, dimension.category());
+        outline.categorise(now, dimension.category());
+        // An attribute dimension has properties of its own.
+        outline.change(now, new Changes().shareCode(dimension.shareCode())
+            .consolidationCode(dimension.consolidationCode()));
       }
-      outline.move(made, place);
+      outline.move(now, place);
     }
-    if (dimension.isHybridAnalysisEnabled() != made.isHybridAnalysisEnabled()) {
-      outline.setHybridAnalysis(made, dimension.isHybridAnalysisEnabled());
+    if (now.isHybridAnalysisEnabled() != dimension.isHybridAnalysisEnabled()) {
+      outline.setHybridAnalysis(now, dimension.isHybridAnalysisEnabled());
     }
-    for (Ref attribute : attributeDimensions) {
-      outline.attributes().associate(made, context.member(attribute));
+    List<String> has = MemberParts.attributes(outline.read(now, Details.NONE.attributes()));
+    for (String attribute : attributeDimensions) {
+      if (!has.contains(attribute)) {
+        outline.attributes().associate(now, outline.find(attribute).get());
+      }
     }
   }
 
   /** Gives the dimension its names of generations and levels, and the time series. */
-  void restoreNames(Outline outline, Member made) {
-    generations.forEach((number, name) -> {
-      if (givenGenerations.contains(name)) {
-        outline.generations().name(made, number, name);
-      }
-    });
-    levels.forEach((number, name) -> {
-      if (givenLevels.contains(name)) {
-        outline.levels().name(made, number, name);
-      }
-    });
+  void restoreNames(Outline outline, Member now) {
+    generations.forEach((number, name) -> outline.generations().name(now, number, name));
+    levels.forEach((number, name) -> outline.levels().name(now, number, name));
+    enable(outline, series);
+  }
+
+  /** Enables time series, with their aliases. */
+  static void enable(Outline outline, List<DynamicTimeSeries> series) {
     for (DynamicTimeSeries one : series) {
       outline.timeSeries().enable(one.getName(), one.getGeneration());
       one.getAliases().forEach(

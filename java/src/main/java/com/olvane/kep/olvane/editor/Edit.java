@@ -1,69 +1,120 @@
 package com.olvane.kep.olvane.editor;
 
 import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.LinkedList;
 import java.util.List;
+import java.util.function.BiConsumer;
+import java.util.function.Consumer;
+import java.util.function.Function;
+import java.util.function.Supplier;
 
 /**
- * A step that can be undone and done again. Both methods run on the work thread and do everything
- * or, when they throw, nothing. They are called in turns, beginning with {@link #apply}, and find
- * the outline as the other one left it.
+ * A step of the history that can be undone and done again. It is applied and reverted in turns on
+ * the work thread, and finds the outline as it left it.
  */
-interface Edit {
+final class Edit {
+  /** Does something wholly or, when it throws, not at all. */
+  interface Step {
+    /** {@return what takes it back} */
+    Step run(EditContext context);
+  }
+
+  private final Supplier<String> title;
+  private Step apply;
+  private Step revert;
+
+  Edit(String title, Step apply) {
+    this(() -> title, apply);
+  }
+
+  /** Makes an edit whose title is known only when it was applied. */
+  Edit(Supplier<String> title, Step apply) {
+    this.title = title;
+    this.apply = apply;
+  }
+
   /** What it does, as the history shows it: "Rename Colas to Cola". */
-  String title();
+  String title() {
+    return title.get();
+  }
 
   /** Carries it out, also again after {@link #revert}. */
-  void apply(EditContext context);
+  void apply(EditContext context) {
+    revert = apply.run(context);
+  }
 
   /** Takes it back. */
-  void revert(EditContext context);
+  void revert(EditContext context) {
+    apply = revert.run(context);
+  }
 
-  /** Several edits as one step. */
-  final class Batch implements Edit {
-    private final String title;
-    private final List<Edit> edits;
+  /** Two edits that were applied one after the other, as one. */
+  static Edit joined(String title, Edit first, Edit second) {
+    Edit both = new Edit(title, null);
+    both.revert = all(Arrays.asList(second.revert, first.revert));
+    return both;
+  }
 
-    Batch(String title, List<? extends Edit> edits) {
-      this.title = title;
-      this.edits = new ArrayList<>(edits);
-    }
-
-    @Override
-    public String title() {
-      return title;
-    }
-
-    @Override
-    public void apply(EditContext context) {
-      int done = 0;
+  /** Several steps as one. */
+  static Step all(List<Step> steps) {
+    return context -> {
+      LinkedList<Step> back = new LinkedList<>();
       try {
-        for (Edit edit : edits) {
-          context.progress(done, edits.size());
-          edit.apply(context);
-          done++;
+        for (Step step : steps) {
+          if (steps.size() > 1) {
+            context.progress(back.size(), steps.size());
+          }
+          back.addFirst(step.run(context));
         }
       } catch (RuntimeException e) {
-        while (done > 0) {
-          edits.get(--done).revert(context);
+        back.forEach(step -> step.run(context));
+        throw e;
+      }
+      return all(new ArrayList<>(back));
+    };
+  }
+
+  /**
+   * An edit that takes down a state, changes it, and takes it back by restoring the state.
+   *
+   * @param what tells what is changed by it
+   * @param keep takes the state down; what it gives restores it, wholly or half changed as it is
+   */
+  static Edit restoring(String title, Consumer<OutlineChange> what,
+      Function<EditContext, Consumer<EditContext>> keep, Consumer<EditContext> change) {
+    return new Edit(title, restoring(what, keep, change));
+  }
+
+  private static Step restoring(Consumer<OutlineChange> what,
+      Function<EditContext, Consumer<EditContext>> keep, Consumer<EditContext> change) {
+    return context -> {
+      Consumer<EditContext> restore = keep.apply(context);
+      try {
+        change.accept(context);
+      } catch (RuntimeException e) {
+        try {
+          restore.accept(context);
+        } catch (RuntimeException notRestored) {
+          e.addSuppressed(notRestored);
         }
         throw e;
       }
-    }
+      what.accept(context.change());
+      return again -> {
+        restore.accept(again);
+        what.accept(again.change());
+        return restoring(what, keep, change);
+      };
+    };
+  }
 
-    @Override
-    public void revert(EditContext context) {
-      int left = edits.size();
-      try {
-        while (left > 0) {
-          edits.get(left - 1).revert(context);
-          left--;
-        }
-      } catch (RuntimeException e) {
-        while (left < edits.size()) {
-          edits.get(left++).apply(context);
-        }
-        throw e;
-      }
-    }
+  /** An edit that sets something to a value, and takes that back by setting what it was before. */
+  static <T> Edit set(String title, Consumer<OutlineChange> what, Function<EditContext, T> read,
+      BiConsumer<EditContext, T> write, T value) {
+    return restoring(title, what, context -> {
+      T before = read.apply(context);
+      return again -> write.accept(again, before);
+    }, context -> write.accept(context, value));
   }
 }

@@ -3,12 +3,11 @@ package com.olvane.kep.olvane.editor;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
-import java.util.ArrayList;
 import java.util.HashMap;
-import java.util.List;
+import java.util.HashSet;
 import java.util.Map;
+import java.util.Set;
 import java.util.concurrent.CancellationException;
-import java.util.stream.Stream;
 
 /**
  * What edits work with: the outline, the table that keeps references right, and the list of what
@@ -24,7 +23,7 @@ final class EditContext {
   private static final Progress NONE = (done, total) -> true;
 
   private final Outline outline;
-  private final Map<Integer, List<Ref>> refs = new HashMap<>();
+  private final Map<Integer, Set<Ref>> refs = new HashMap<>();
   private OutlineChange change = new OutlineChange();
   private Progress progress = NONE;
 
@@ -41,15 +40,17 @@ final class EditContext {
     return change;
   }
 
-  /** Begins to gather changes anew; {@code progress} is null for an edit that can't be given up. */
-  void begin(Progress progress) {
+  /** Begins to gather changes anew. */
+  void begin(Progress wanted) {
     change = new OutlineChange();
-    this.progress = progress == null ? NONE : progress;
+    progress = wanted;
   }
 
   /** Tells how far the edit is; throws when it is to be given up. */
   void progress(long done, long total) {
     if (!progress.at(done, total)) {
+      // What follows takes back what was done.
+      progress = NONE;
       throw new CancellationException();
     }
   }
@@ -64,21 +65,23 @@ final class EditContext {
     if (ref.handle == 0) {
       throw new IllegalStateException("The member is not in the outline any more");
     }
-    List<Ref> known = refs.computeIfAbsent(ref.handle, h -> new ArrayList<>(1));
-    if (!known.contains(ref)) {
-      known.add(ref);
-    }
+    refs.computeIfAbsent(ref.handle, handle -> new HashSet<>(2)).add(ref);
     return ref.handle;
   }
 
   /** Reads a member. */
   Member member(Ref ref, Details details) {
-    return outline.read(new int[] {handle(ref)}, details).get(0);
+    return member(handle(ref), details);
   }
 
   /** Reads a member's name and properties. */
   Member member(Ref ref) {
     return member(ref, Details.NONE);
+  }
+
+  /** Reads the member that has a handle now. */
+  Member member(int handle, Details details) {
+    return outline.read(new int[] {handle}, details).get(0);
   }
 
   /** Says which member a reference is to from now on. */
@@ -87,49 +90,21 @@ final class EditContext {
     handle(ref);
   }
 
-  /** The references to members of a subtree, by their place in pre-order. */
-  static final class Bound {
-    private final Map<Integer, List<Ref>> byIndex = new HashMap<>();
-    private int size;
-  }
-
-  /** Deletes a subtree; {@link #rebind} gives its references to the members that come back. */
-  Bound delete(Member root) {
-    Bound bound = new Bound();
-    List<Integer> handles = new ArrayList<>();
-    try (Stream<Member> members = outline.subtree(root, Details.NONE)) {
-      members.forEach(member -> {
-        List<Ref> known = refs.get(member.handle());
-        if (known != null) {
-          bound.byIndex.put(bound.size, known);
-          handles.add(member.handle());
-        }
-        bound.size++;
-      });
-    }
-    outline.delete(root);
-    for (Integer handle : handles) {
-      for (Ref ref : refs.remove(handle)) {
-        ref.handle = 0;
+  /** Takes down the references to members that went, by the numbers of these members. */
+  Map<Integer, Set<Ref>> unbind(int[] handles) {
+    Map<Integer, Set<Ref>> bound = new HashMap<>();
+    for (int i = 0; i < handles.length; i++) {
+      Set<Ref> known = refs.remove(handles[i]);
+      if (known != null) {
+        known.forEach(ref -> ref.handle = 0);
+        bound.put(i, known);
       }
     }
-    change.added(-bound.size);
     return bound;
   }
 
-  /** Gives references to the members of a subtree that has come back. */
-  void rebind(Bound bound, int[] handles) {
-    bound.byIndex.forEach((index, known) -> {
-      for (Ref ref : known) {
-        bind(ref, handles[index]);
-      }
-    });
-  }
-
-  /** The handles of a subtree in pre-order. */
-  int[] handlesOf(Member root) {
-    try (Stream<Member> members = outline.subtree(root, Details.NONE)) {
-      return members.mapToInt(Member::handle).toArray();
-    }
+  /** Gives references to the members that have come back. */
+  void rebind(Map<Integer, Set<Ref>> bound, int[] handles) {
+    bound.forEach((number, known) -> known.forEach(ref -> bind(ref, handles[number])));
   }
 }

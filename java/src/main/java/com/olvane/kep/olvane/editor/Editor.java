@@ -141,7 +141,7 @@ final class Editor {
     inBackground(() -> {
       UnsavedWork work = result.work();
       if (answer == 0) {
-        return Workspace.ofFound(store, work.open(), outline, result.found.members());
+        return new Workspace(store, work.open(), outline, result.found.members());
       }
       if (answer == 1) {
         work.found();

@@ -1,6 +1,5 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.outline.Member;
 import java.awt.BorderLayout;
 import java.awt.Component;
 import java.awt.Dimension;
@@ -9,7 +8,6 @@ import java.awt.Toolkit;
 import java.awt.event.WindowAdapter;
 import java.awt.event.WindowEvent;
 import java.util.LinkedHashMap;
-import java.util.List;
 import java.util.Map;
 import javax.swing.Action;
 import javax.swing.BorderFactory;
@@ -58,28 +56,14 @@ final class EditorWindow {
     for (String menu : new String[] {"File", "Edit", "Search", "View", "Outline"}) {
       menu(menu);
     }
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void selected(List<Member> members) {
-        commands.update();
-      }
-
-      @Override
-      public void busy(Busy busy) {
-        commands.update();
-      }
-
-      @Override
-      public void historyChanged() {
-        commands.update();
-        setTitle();
-      }
-
-      @Override
-      public void failed(Exception failure) {
-        say(failure.getMessage() == null ? failure.toString() : failure.getMessage());
-      }
+    workspace.selected.hear(members -> commands.update());
+    workspace.busy.hear(busy -> commands.update());
+    workspace.historyChanged.hear(history -> {
+      commands.update();
+      setTitle();
     });
+    workspace.failed.hear(failure ->
+        say(failure.getMessage() == null ? failure.toString() : failure.getMessage()));
     FindingsPane findings = new FindingsPane(workspace);
     files = new FileCommands(this, findings);
     addHistoryCommands();

@@ -2,13 +2,14 @@ package com.olvane.kep.olvane.editor;
 
 import java.util.ArrayList;
 import java.util.List;
+import java.util.stream.Collectors;
 
 /** The steps that were done and can be undone, and those that were undone and can be done again. */
 final class History {
   private static final int NOWHERE = -1;
 
   private final List<Edit> edits = new ArrayList<>();
-  private int done;
+  private volatile int done;
   private int saved;
 
   /** Enters a step that was done; those that were undone are forgotten. */
@@ -25,14 +26,10 @@ final class History {
   synchronized void join(Edit edit, String title) {
     if (done == 0 || saved == done) {
       add(edit);
-      return;
+    } else {
+      done--;
+      add(Edit.joined(title, edits.get(done), edit));
     }
-    Edit last = edits.get(done - 1);
-    List<Edit> both = new ArrayList<>();
-    both.add(last);
-    both.add(edit);
-    done--;
-    add(new Edit.Batch(title, both));
   }
 
   /** The step that would be undone; null when there is none. */
@@ -45,14 +42,22 @@ final class History {
     return done == edits.size() ? null : edits.get(done);
   }
 
-  /** The step of {@link #toUndo} was undone. */
-  synchronized void undone() {
-    done--;
+  /** Takes the step back that was done last, if there is one. */
+  void undo(EditContext context) {
+    Edit edit = toUndo();
+    if (edit != null) {
+      edit.revert(context);
+      done--;
+    }
   }
 
-  /** The step of {@link #toRedo} was done again. */
-  synchronized void redone() {
-    done++;
+  /** Does the step again that was taken back last, if there is one. */
+  void redo(EditContext context) {
+    Edit edit = toRedo();
+    if (edit != null) {
+      edit.apply(context);
+      done++;
+    }
   }
 
   /** The outline was saved as it is now. */
@@ -72,15 +77,11 @@ final class History {
 
   /** The titles of all steps in order. */
   synchronized List<String> titles() {
-    List<String> titles = new ArrayList<>();
-    for (Edit edit : edits) {
-      titles.add(edit.title());
-    }
-    return titles;
+    return edits.stream().map(Edit::title).collect(Collectors.toList());
   }
 
   /** The number of steps that are done; those behind them were undone. */
-  synchronized int position() {
+  int position() {
     return done;
   }
 }

@@ -30,12 +30,7 @@ final class HistoryPane extends JPanel {
     add(hint, BorderLayout.NORTH);
     add(scroll);
     listing.onChoice(2, this::go);
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void historyChanged() {
-        showSteps();
-      }
-    });
+    workspace.historyChanged.hear(history -> showSteps());
     showSteps();
   }
 

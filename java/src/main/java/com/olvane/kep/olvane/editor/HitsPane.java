@@ -45,12 +45,9 @@ final class HitsPane extends JPanel {
     add(hint, BorderLayout.NORTH);
     add(scroll);
     search.onProgress(this::follow);
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void changed(OutlineChange change) {
-        paths.clear();
-        listing.repaint();
-      }
+    workspace.changed.hear(change -> {
+      paths.clear();
+      listing.repaint();
     });
   }
 

@@ -1,42 +1,260 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Changes;
+import com.olvane.kep.olvane.outline.CopyRun;
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NewMember;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.OutlineException;
 import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.Collections;
+import java.util.Comparator;
 import java.util.List;
+import java.util.concurrent.atomic.AtomicReference;
+import java.util.function.Consumer;
 import java.util.function.Function;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
 
 /** The edits of members. */
 final class MemberEdits {
+  private static final Details PLACE = Details.NONE.place();
+
   private MemberEdits() {}
 
-  /** Makes a member of a name, or of the name with a number behind it if it is in use. */
-  static Edit create(Target target, String name) {
-    return new CreateEdit(target, name);
+  /** "Delete Cola", "Delete 3 members". */
+  static String title(String verb, List<Member> members) {
+    return verb + " "
+        + (members.size() == 1 ? members.get(0).name() : members.size() + " members");
   }
 
-  static Edit rename(Member member, String name) {
-    return new RenameEdit(member, name);
+  private static Edit each(String title, List<Member> members, Function<Ref, Edit.Step> step) {
+    return new Edit(title, Edit.all(
+        members.stream().map(Ref::to).map(step).collect(Collectors.toList())));
+  }
+
+  /** Members came below a parent, or went with a negative number; one is to be selected. */
+  private static void tell(EditContext context, int parent, long count, Ref selected) {
+    OutlineChange change = context.change();
+    change.membersAdded += count;
+    change.parents.add(parent);
+    change.settingsChanged |= parent == OutlineChange.DIMENSIONS;
+    if (selected != null) {
+      change.selection.add(selected);
+    }
+  }
+
+  /** The number of members of subtrees. */
+  static long count(Outline outline, List<Member> roots) {
+    long count = 0;
+    for (Member root : roots) {
+      try (Stream<Member> all = outline.subtree(root, Details.NONE)) {
+        count += all.count();
+      }
+    }
+    return count;
+  }
+
+  // ---- Making and deleting ----
+
+  /** Makes a member of a name, or of the name with a number behind it if it is in use. */
+  static Edit create(Target target, String proposed) {
+    AtomicReference<String> name = new AtomicReference<>(proposed);
+    return new Edit(() -> "Create " + name, context -> {
+      Outline outline = context.outline();
+      for (int number = 2; outline.find(name.get()).isPresent(); number++) {
+        name.set(proposed + " " + number);
+      }
+      int parent = target.parent(context);
+      Ref made = Ref.toCome();
+      context.bind(made, outline.build(target.place(context),
+          Collections.singletonList(new NewMember(name.get())))[0]);
+      tell(context, parent, 1, made);
+      return delete(made, null);
+    });
   }
 
   /** Deletes members with everything below them. */
   static Edit delete(List<Member> members) {
-    return each("Delete", members, DeleteEdit::new);
+    return each(title("Delete", members), members, member -> delete(member, null));
   }
+
+  /** Deletes a member; then another one is selected, the parent for null. */
+  private static Edit.Step delete(Ref member, Ref selected) {
+    return context -> {
+      Member now = context.member(member, PLACE);
+      Target origin = Target.of(context, now);
+      Snapshot snapshot = Snapshot.of(context, now);
+      context.outline().delete(now);
+      snapshot.unbind(context);
+      tell(context, now.parentHandle(), -snapshot.size(),
+          selected == null ? Ref.toHandle(now.parentHandle()) : selected);
+      return bringBack(member, origin, snapshot, selected);
+    };
+  }
+
+  private static Edit.Step bringBack(Ref member, Target origin, Snapshot snapshot, Ref selected) {
+    return context -> {
+      int parent = origin.parent(context);
+      snapshot.restore(context, origin);
+      tell(context, parent, snapshot.size(), member);
+      return delete(member, selected);
+    };
+  }
+
+  // ---- Moving and copying ----
 
   /** Moves members with everything below them, one behind the other. */
   static Edit move(List<Member> members, Target target) {
-    return chain("Move", members, target, MoveEdit::new);
+    return chain("Move", members, target, false);
   }
 
   /** Copies members with everything below them, one behind the other. */
   static Edit copy(List<Member> members, Target target) {
-    return chain("Copy", members, target, CopyEdit::new);
+    return chain("Copy", members, target, true);
   }
 
-  /** Sorts the children of a member by name. */
+  private static Edit chain(String verb, List<Member> members, Target first, boolean copying) {
+    List<Edit.Step> steps = new ArrayList<>();
+    Target target = first;
+    for (Member member : members) {
+      Ref ref = Ref.to(member);
+      Ref placed = copying ? Ref.toCome() : ref;
+      steps.add(copying ? copy(ref, target, placed) : move(ref, target, context -> {}));
+      target = Target.behind(placed);
+    }
+    return new Edit(title(verb, members), Edit.all(steps));
+  }
+
+  private static Edit.Step move(Ref member, Target target, Consumer<EditContext> associate) {
+    return context -> {
+      Member now = context.member(member, PLACE);
+      Target origin = Target.of(context, now);
+      int parent = target.parent(context);
+      boolean leaves = parent != OutlineChange.DIMENSIONS
+          && context.member(parent, Details.NONE).dimensionHandle() != now.dimensionHandle();
+      Consumer<EditContext> back =
+          leaves ? PlacedTexts.associations(context, now) : again -> {};
+      context.outline().move(now, target.place(context));
+      associate.accept(context);
+      context.change().parents.add(now.parentHandle());
+      context.change().parents.add(parent);
+      context.change().selection.add(member);
+      return move(member, origin, back);
+    };
+  }
+
+  private static Edit.Step copy(Ref source, Target target, Ref copy) {
+    return context -> {
+      Member member = context.member(source);
+      int parent = target.parent(context);
+      requireOutside(context, member, parent);
+      long total = count(context.outline(), Collections.singletonList(member));
+      CopyRun run = context.outline().copy(member, target.place(context));
+      try {
+        while (run.next()) {
+          context.progress(run.copied(), total);
+        }
+      } catch (RuntimeException e) {
+        run.cancel();
+        throw e;
+      }
+      context.bind(copy, run.result().handle());
+      tell(context, parent, total, copy);
+      return delete(copy, source);
+    };
+  }
+
+  /** A copy that grows into itself would have no end. */
+  private static void requireOutside(EditContext context, Member source, int parent) {
+    for (int at = parent; at != 0; at = context.member(at, PLACE).parentHandle()) {
+      if (at == source.handle()) {
+        throw new IllegalArgumentException(
+            source.name() + " cannot be copied below itself; choose a place outside of it.");
+      }
+    }
+  }
+
+  // ---- Sorting ----
+
+  /** Sorts the children of a member by name; of null the dimensions, attributes behind. */
   static Edit sort(Member parent, boolean ascending) {
-    return new SortEdit(parent, ascending);
+    Ref ref = parent == null ? null : Ref.to(parent);
+    String what = parent == null ? "dimensions" : "children of " + parent.name();
+    return new Edit("Sort the " + what + (ascending ? "" : " from Z to A"), context -> {
+      if (ref == null) {
+        return arrange(null, sortedDimensions(context.outline(), ascending)).run(context);
+      }
+      long[] before = children(context, ref);
+      context.outline().sortChildren(context.member(ref), ascending);
+      long[] after = children(context, ref);
+      Arrays.sort(before);
+      Arrays.sort(after);
+      int[] places = new int[before.length];
+      for (int i = 0; i < places.length; i++) {
+        places[(int) before[i]] = (int) after[i];
+      }
+      context.change().parents.add(context.handle(ref));
+      return arrange(ref, places);
+    });
+  }
+
+  private static int[] sortedDimensions(Outline outline, boolean ascending) {
+    List<Member> now = outline.dimensions();
+    Comparator<Member> byName =
+        Comparator.comparing(Member::name, String.CASE_INSENSITIVE_ORDER);
+    return now.stream().sorted(Comparator
+        .comparing((Member one) -> one.category() == DimensionCategory.ATTRIBUTE)
+        .thenComparing(ascending ? byName : byName.reversed())).mapToInt(now::indexOf).toArray();
+  }
+
+  /** The handles of the children, each with its place in the lower half. */
+  private static long[] children(EditContext context, Ref parent) {
+    int[] place = {0};
+    try (Stream<Member> children = parent == null ? context.outline().dimensions().stream()
+        : context.outline().children(context.member(parent), Details.NONE)) {
+      return children.mapToLong(one -> (long) one.handle() << Integer.SIZE | place[0]++).toArray();
+    }
+  }
+
+  /** Puts children in another order: those at the places that are given, one behind the other. */
+  private static Edit.Step arrange(Ref parent, int[] places) {
+    return context -> {
+      long[] now = children(context, parent);
+      int[] back = new int[places.length];
+      Target target = Target.lastBelow(parent);
+      for (int i = places.length - 1; i >= 0; i--) {
+        back[places[i]] = i;
+        Ref child = Ref.toHandle((int) (now[places[i]] >> Integer.SIZE));
+        context.outline().move(context.member(child), target.place(context));
+        target = Target.before(child);
+      }
+      context.change().parents.add(context.handle(parent));
+      return arrange(parent, back);
+    };
+  }
+
+  // ---- Names and details ----
+
+  static Edit rename(Member member, String name) {
+    // Whoever has typed the name may have gone on to another member by now.
+    return new Edit("Rename " + member.name() + " to " + name,
+        rename(Ref.to(member), name, false));
+  }
+
+  private static Edit.Step rename(Ref member, String name, boolean select) {
+    return context -> {
+      Member before = context.member(member);
+      context.outline().rename(before, name);
+      context.change().members.add(before.handle());
+      if (select) {
+        context.change().selection.add(member);
+      }
+      return rename(member, before.name(), true);
+    };
   }
 
   /** Changes details of members. */
@@ -50,39 +268,24 @@ final class MemberEdits {
    * @param changes gives the changes of a member, which was read with all details
    */
   static Edit change(String title, List<Member> members, Function<Member, Changes> changes) {
-    return new ChangeEdit(title, members, changes);
+    return each(title, members, member -> change(member, changes));
   }
 
-  /** "Delete Cola", "Delete 3 members". */
-  static String title(String verb, List<Member> members) {
-    return verb + " "
-        + (members.size() == 1 ? members.get(0).name() : members.size() + " members");
-  }
-
-  private interface OfMember {
-    Edit of(Member member);
-  }
-
-  private interface ToTarget {
-    Edit of(Member member, Target target);
-  }
-
-  private static Edit each(String verb, List<Member> members, OfMember edit) {
-    List<Edit> edits = new ArrayList<>();
-    for (Member member : members) {
-      edits.add(edit.of(member));
-    }
-    return edits.size() == 1 ? edits.get(0) : new Edit.Batch(title(verb, members), edits);
-  }
-
-  private static Edit chain(String verb, List<Member> members, Target first, ToTarget edit) {
-    List<Edit> edits = new ArrayList<>();
-    Target target = first;
-    for (Member member : members) {
-      Edit one = edit.of(member, target);
-      edits.add(one);
-      target = Target.behind(one instanceof CopyEdit ? ((CopyEdit) one).copy() : Ref.to(member));
-    }
-    return edits.size() == 1 ? edits.get(0) : new Edit.Batch(title(verb, members), edits);
+  private static Edit.Step change(Ref member, Function<Member, Changes> changes) {
+    return context -> {
+      Outline outline = context.outline();
+      Member before = context.member(member, MemberParts.all(outline));
+      Member now;
+      try {
+        now = outline.change(before, changes.apply(before));
+      } catch (OutlineException e) {
+        Member half = outline.read(before, before.details());
+        outline.change(half, MemberParts.difference(half, before));
+        throw e;
+      }
+      context.change().members.add(before.handle());
+      Changes back = MemberParts.difference(now, before);
+      return change(member, again -> back);
+    };
   }
 }

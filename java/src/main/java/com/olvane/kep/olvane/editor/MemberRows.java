@@ -47,7 +47,7 @@ final class MemberRows {
     this.workspace = workspace;
     outline = workspace.outline();
     members = outline.read(
-        selected.stream().mapToInt(Member::handle).toArray(), ChangeEdit.all(outline));
+        selected.stream().mapToInt(Member::handle).toArray(), MemberParts.all(outline));
   }
 
   /** Reads what members have. */

@@ -76,17 +76,8 @@ final class OutlineTree extends JTree {
         }
       }
     });
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void changed(OutlineChange change) {
-        refresh(change);
-      }
-
-      @Override
-      public void selected(List<Member> members) {
-        show(members);
-      }
-    });
+    workspace.changed.hear(this::refresh);
+    workspace.selected.hear(this::show);
     model.onRename((member, name) -> workspace.edit(MemberEdits.rename(member, name)));
     setDragEnabled(true);
     setDropMode(DropMode.ON_OR_INSERT);
@@ -116,9 +107,9 @@ final class OutlineTree extends JTree {
     Details details = Details.NONE.formula().attributes();
     model.setDetails(table.isEmpty() ? details : details.aliases(table));
     OutlineChange all = new OutlineChange();
-    all.details();
+    all.detailsChanged = true;
     if (model.getRoot().childCount == 0) {
-      all.children(OutlineChange.DIMENSIONS);
+      all.parents.add(OutlineChange.DIMENSIONS);
     }
     refresh(all);
   }
@@ -246,7 +237,7 @@ final class OutlineTree extends JTree {
   private void refresh(OutlineChange change) {
     TreeRefresh refresh = new TreeRefresh(model);
     boolean any = false;
-    for (Integer handle : change.parents()) {
+    for (Integer handle : change.parents) {
       MemberNode node = model.node(handle);
       if (node != null) {
         refresh.parent(handle, pagesInView(node));
@@ -262,9 +253,9 @@ final class OutlineTree extends JTree {
       keep.remove(0);
       refresh.keep(keep);
     }
-    refresh.changed(change.detailsChanged()
+    refresh.changed(change.detailsChanged
         ? model.nodes().stream().map(MemberNode::handle).collect(Collectors.toList())
-        : change.members());
+        : change.members);
     workspace.read(() -> refresh.read(workspace.outline()), this::apply);
   }
 

@@ -1,6 +1,5 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.outline.Attribute;
 import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
@@ -14,7 +13,7 @@ import java.io.DataInputStream;
 import java.io.DataOutputStream;
 import java.io.IOException;
 import java.io.UncheckedIOException;
-import java.util.ArrayList;
+import java.util.Collections;
 import java.util.Iterator;
 import java.util.LinkedHashMap;
 import java.util.LinkedHashSet;
@@ -42,51 +41,49 @@ final class PackedMembers {
   private byte[] packed;
 
   PackedMembers(List<String> tables) {
-    this.tables = new ArrayList<>(tables);
+    this.tables = tables;
   }
 
   /** Adds a member that was read with all details. */
   void add(Member member) {
     try {
       out.writeShort(member.generation());
-      text(member.name());
-      out.writeShort(member.consolidationCode());
-      out.writeShort(member.conversionCode());
-      out.writeShort(member.timeBalanceCode());
-      out.writeShort(member.timeBalanceSkipCode());
-      out.writeShort(member.shareCode());
-      out.writeBoolean(member.isTwoPass());
-      out.writeBoolean(member.isExpense());
-      text(member.currencyMember());
-      text(member.comment());
-      text(member.extendedComment());
-      text(member.formula());
+      write(member.name());
+      for (MemberParts.Part<Short> part : MemberParts.CODES) {
+        out.writeShort(part.read.apply(member));
+      }
+      for (MemberParts.Part<Boolean> part : MemberParts.FLAGS) {
+        out.writeBoolean(part.read.apply(member));
+      }
+      for (MemberParts.Part<String> part : MemberParts.TEXTS) {
+        write(part.read.apply(member));
+      }
       for (String table : tables) {
-        text(member.alias(table));
+        write(member.alias(table));
       }
-      out.writeInt(member.udas().size());
-      for (String uda : member.udas()) {
-        text(uda);
-      }
+      writeAll(member.udas());
       // Those of a dimension are dimensions and are associated in another way.
-      List<Attribute> attributes =
-          member.isDimension() ? new ArrayList<>() : member.attributes();
-      out.writeInt(attributes.size());
-      for (Attribute attribute : attributes) {
-        text(attribute.name());
-      }
+      writeAll(member.isDimension()
+          ? Collections.<String>emptyList() : MemberParts.attributes(member));
     } catch (IOException e) {
       throw new UncheckedIOException(e);
     }
   }
 
-  private void text(String text) throws IOException {
+  private void write(String text) throws IOException {
     out.writeInt(text.length());
     out.writeChars(text);
   }
 
+  private void writeAll(List<String> texts) throws IOException {
+    out.writeInt(texts.size());
+    for (String text : texts) {
+      write(text);
+    }
+  }
+
   /** Ends adding. */
-  PackedMembers finish() {
+  void finish() {
     try {
       out.writeShort(0);
       out.close();
@@ -97,7 +94,6 @@ final class PackedMembers {
     packed = bytes.toByteArray();
     bytes.reset();
     out = null;
-    return this;
   }
 
   /** Reads the members as what is to be made. */
@@ -115,30 +111,25 @@ final class PackedMembers {
         new InflaterInputStream(new ByteArrayInputStream(packed)), BUFFER));
     private final Map<Integer, String> late = new LinkedHashMap<>();
     private final Set<String> onTheWay = new LinkedHashSet<>();
+    /** The generation of the member that comes next; that of the root. */
     private int generation;
     private int rootGeneration;
     private int count;
-    private Changes rootChanges;
-    private boolean shared;
 
     private Reader(Outline outline) {
       this.outline = outline;
+    }
+
+    /** The root, with all below it or, for {@link #children} to come, without. */
+    NewMember root(boolean withChildren) {
       try {
         generation = in.readUnsignedShort();
+        rootGeneration = generation;
       } catch (IOException e) {
         throw new UncheckedIOException(e);
       }
-    }
-
-    /** The root, with all below it. */
-    NewMember root() {
-      rootGeneration = generation;
-      return next();
-    }
-
-    /** The root alone, its children being left for {@link #children}. */
-    NewMember withoutChildren(NewMember root) {
-      return new NewMember(root.name(), rootChanges);
+      NewMember root = next();
+      return withChildren ? root : root.below(Collections.<NewMember>emptyList());
     }
 
     Iterable<NewMember> children() {
@@ -174,11 +165,32 @@ final class PackedMembers {
       try {
         int own = generation;
         String name = text();
-        Changes changes = changes();
-        if (count == 0) {
-          rootChanges = changes;
+        Changes changes = new Changes();
+        boolean shared = false;
+        for (MemberParts.Part<Short> part : MemberParts.CODES) {
+          short code = in.readShort();
+          part.set.apply(changes, code);
+          shared |= part == MemberParts.SHARE && Share.of(code) == Share.SHARED;
         }
-        NewMember member = new NewMember(free(name), changes).below(below(own));
+        for (MemberParts.Part<Boolean> part : MemberParts.FLAGS) {
+          part.set.apply(changes, in.readBoolean());
+        }
+        for (MemberParts.Part<String> part : MemberParts.TEXTS) {
+          part.set.apply(changes, text());
+        }
+        for (String table : tables) {
+          String alias = text();
+          if (!alias.isEmpty()) {
+            changes.alias(table, alias);
+          }
+        }
+        for (int left = in.readInt(); left > 0; left--) {
+          changes.uda(text());
+        }
+        for (int left = in.readInt(); left > 0; left--) {
+          changes.attribute(text());
+        }
+        NewMember member = new NewMember(free(name, shared), changes).below(below(own));
         count++;
         generation = in.readUnsignedShort();
         return member;
@@ -187,14 +199,12 @@ final class PackedMembers {
       }
     }
 
-    private String free(String name) {
+    private String free(String name, boolean shared) {
       String folded = name.toLowerCase(Locale.ROOT);
       if (!shared && !onTheWay.contains(folded) && !outline.find(name).isPresent()) {
         onTheWay.add(folded);
         if (onTheWay.size() > NAMES_ON_THE_WAY) {
-          Iterator<String> oldest = onTheWay.iterator();
-          oldest.next();
-          oldest.remove();
+          onTheWay.remove(onTheWay.iterator().next());
         }
         return name;
       }
@@ -204,39 +214,6 @@ final class PackedMembers {
         number += 1_000_003;
       }
       return "\u2026 " + number;
-    }
-
-    private Changes changes() throws IOException {
-      Changes changes = new Changes()
-          .consolidationCode(in.readShort())
-          .conversionCode(in.readShort())
-          .timeBalanceCode(in.readShort())
-          .timeBalanceSkipCode(in.readShort());
-      short share = in.readShort();
-      shared = Share.of(share) == Share.SHARED;
-      changes.shareCode(share).twoPass(in.readBoolean()).expense(in.readBoolean())
-          .currencyMember(text()).comment(text());
-      String extended = text();
-      if (!extended.isEmpty()) {
-        changes.extendedComment(extended);
-      }
-      String formula = text();
-      if (!formula.isEmpty()) {
-        changes.formula(formula);
-      }
-      for (String table : tables) {
-        String alias = text();
-        if (!alias.isEmpty()) {
-          changes.alias(table, alias);
-        }
-      }
-      for (int left = in.readInt(); left > 0; left--) {
-        changes.uda(text());
-      }
-      for (int left = in.readInt(); left > 0; left--) {
-        changes.attribute(text());
-      }
-      return changes;
     }
 
     private String text() throws IOException {

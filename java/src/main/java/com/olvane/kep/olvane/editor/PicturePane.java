@@ -37,7 +37,7 @@ import net.miginfocom.swing.MigLayout;
  * The outline as a picture beside the tree. The members are read in steps between which others can
  * read, and anew a moment after an edit, while the picture is seen.
  */
-final class PicturePane extends JPanel implements WorkspaceListener {
+final class PicturePane extends JPanel {
   private static final long serialVersionUID = 1;
   private static final int STEP = 20_000;
   private static final int MOST_IN_LEGEND = 8;
@@ -102,7 +102,8 @@ final class PicturePane extends JPanel implements WorkspaceListener {
         read();
       }
     });
-    workspace.addListener(this);
+    workspace.selected.hear(this::selected);
+    workspace.changed.hear(this::changed);
   }
 
   private static void addChoice(JPanel bar, String text, JComboBox<String> box) {
@@ -136,13 +137,11 @@ final class PicturePane extends JPanel implements WorkspaceListener {
     up.setEnabled(view.root() >= 0);
   }
 
-  @Override
-  public void selected(List<Member> members) {
+  private void selected(List<Member> members) {
     view.select(members.isEmpty() ? -1 : view.picture().find(members.get(0).handle()));
   }
 
-  @Override
-  public void changed(OutlineChange change) {
+  private void changed(OutlineChange change) {
     stale = true;
     pause.restart();
   }

@@ -21,7 +21,7 @@ import net.miginfocom.swing.MigLayout;
  * Something of the outline in rows to be read and changed: the selected members, a dimension, the
  * settings. It is read, while the pane is seen, whenever the selection changes or an edit was made.
  */
-final class RowsPane extends JPanel implements WorkspaceListener {
+final class RowsPane extends JPanel {
   private static final long serialVersionUID = 1;
 
   /** Where rows stand in a pane. */
@@ -109,12 +109,12 @@ final class RowsPane extends JPanel implements WorkspaceListener {
     scroll.setBorder(null);
     scroll.getVerticalScrollBar().setUnitIncrement(16);
     add(scroll);
-    workspace.addListener(this);
+    workspace.selected.hear(this::selected);
+    workspace.failed.hear(failure -> fields.values().forEach(RowField::failed));
     Listen.onShowing(this, seen -> selected(workspace.selection()));
   }
 
-  @Override
-  public void selected(List<Member> members) {
+  private void selected(List<Member> members) {
     int number = ++asked;
     if (isShowing()) {
       workspace.read(() -> source.read(workspace, members), contents -> {
@@ -123,11 +123,6 @@ final class RowsPane extends JPanel implements WorkspaceListener {
         }
       });
     }
-  }
-
-  @Override
-  public void failed(Exception failure) {
-    fields.values().forEach(RowField::failed);
   }
 
   private void show(Contents now) {

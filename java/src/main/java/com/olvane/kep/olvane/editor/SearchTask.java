@@ -27,13 +27,10 @@ final class SearchTask {
 
   SearchTask(Workspace workspace) {
     this.workspace = workspace;
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void changed(OutlineChange change) {
-        // What was found may be gone: it is looked for again when it is next asked for.
-        if (running) {
-          start(wanted, wantedDetails);
-        }
+    workspace.changed.hear(change -> {
+      // What was found may be gone: it is looked for again when it is next asked for.
+      if (running) {
+        start(wanted, wantedDetails);
       }
     });
   }

@@ -57,9 +57,8 @@ final class SettingsRows {
 
   private static <T> Edit set(
       String title, Function<Outline, T> read, BiConsumer<Outline, T> write, T value) {
-    return new StateEdit<>(title, context -> read.apply(context.outline()),
-        context -> write.accept(context.outline(), value),
-        (context, before) -> write.accept(context.outline(), before), OutlineChange::settings);
+    return Edit.set(title, OutlineChange::settings, context -> read.apply(context.outline()),
+        (context, now) -> write.accept(context.outline(), now), value);
   }
 
   static Edit caseSensitive(boolean sensitive) {

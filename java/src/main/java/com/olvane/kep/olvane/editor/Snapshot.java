@@ -1,78 +1,94 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
-import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Place;
-import java.util.Arrays;
 import java.util.Collections;
+import java.util.HashMap;
 import java.util.Map;
+import java.util.Set;
+import java.util.function.Consumer;
+import java.util.stream.IntStream;
 import java.util.stream.Stream;
 
-/** A subtree as it was, so that it can be made again: its members, and what dimensions have. */
+/** A subtree as it was, so that it can be made again with all that referred to it. */
 final class Snapshot {
   private final PackedMembers members;
+  /** What the root has as a dimension; null where it is none. */
   private final DimensionParts parts;
-
-  private Snapshot(PackedMembers members, DimensionParts parts) {
-    this.members = members;
-    this.parts = parts;
-  }
+  /** Makes the associations again of others with attributes in the subtree. */
+  private final Consumer<EditContext> associations;
+  private int[] handles;
+  private Map<Integer, Set<Ref>> refs = new HashMap<>();
 
   /** Takes down a subtree. */
   static Snapshot of(EditContext context, Member root) {
-    Outline outline = context.outline();
-    Details details = ChangeEdit.all(outline);
-    PackedMembers packed = new PackedMembers(details.aliasTables());
-    try (Stream<Member> subtree = outline.subtree(root, details)) {
-      subtree.forEach(packed::add);
-    }
-    return new Snapshot(packed.finish(),
-        root.isDimension() ? DimensionParts.of(context, root) : null);
+    return new Snapshot(context, root);
   }
 
-  /**
-   * Makes the subtree again.
-   *
-   * @return the handles of its members in pre-order
-   */
-  int[] restore(EditContext context, Target target) {
+  private Snapshot(EditContext context, Member root) {
+    Outline outline = context.outline();
+    Details details = MemberParts.all(outline);
+    members = new PackedMembers(details.aliasTables());
+    IntStream.Builder all = IntStream.builder();
+    try (Stream<Member> subtree = outline.subtree(root, details)) {
+      subtree.forEach(member -> {
+        members.add(member);
+        all.add(member.handle());
+      });
+    }
+    members.finish();
+    handles = all.build().toArray();
+    parts = root.isDimension() ? new DimensionParts(context, root) : null;
+    boolean attributes = context.member(root.dimensionHandle(), Details.NONE).category()
+        == DimensionCategory.ATTRIBUTE;
+    associations = attributes ? PlacedTexts.associations(context, root) : again -> {};
+  }
+
+  /** The number of members. */
+  int size() {
+    return handles.length;
+  }
+
+  /** Takes down the references to the members, which were deleted. */
+  void unbind(EditContext context) {
+    refs = context.unbind(handles);
+  }
+
+  /** Makes the subtree again, and whatever referred to it. */
+  void restore(EditContext context, Target target) {
     Outline outline = context.outline();
     Place place = target.place(context);
     PackedMembers.Reader reader = members.reader(outline);
     int root = 0;
     try {
-      NewMember plan = reader.root();
       // A dimension comes first, without members: what they may have depends on it.
-      int[] handles = outline.build(place,
-          Collections.singletonList(parts == null ? plan : reader.withoutChildren(plan)));
-      root = handles[0];
+      int[] made = outline.build(place, Collections.singletonList(reader.root(parts == null)));
+      root = made[0];
       if (parts != null) {
-        Member dimension = member(outline, root);
+        Member dimension = context.member(root, Details.NONE);
         parts.restoreKind(context, dimension, place);
         int[] below = outline.build(Place.firstBelow(dimension), reader.children());
-        handles = Arrays.copyOf(handles, 1 + below.length);
-        System.arraycopy(below, 0, handles, 1, below.length);
+        made = IntStream.concat(IntStream.of(made), IntStream.of(below)).toArray();
         parts.restoreNames(outline, dimension);
       }
       for (Map.Entry<Integer, String> late : reader.namesTakenLate().entrySet()) {
-        outline.rename(member(outline, handles[late.getKey()]), late.getValue());
+        outline.rename(context.member(made[late.getKey()], Details.NONE), late.getValue());
       }
-      return handles;
+      associations.accept(context);
+      handles = made;
+      context.rebind(refs, handles);
     } catch (RuntimeException e) {
       if (root == 0 && e instanceof OutlineException && ((OutlineException) e).made().length > 0) {
         root = ((OutlineException) e).made()[0];
       }
       if (root != 0) {
-        outline.delete(member(outline, root));
+        outline.delete(context.member(root, Details.NONE));
       }
       throw e;
     }
-  }
-
-  private static Member member(Outline outline, int handle) {
-    return outline.read(new int[] {handle}, Details.NONE).get(0);
   }
 }

@@ -29,7 +29,7 @@ final class StatusLine extends JPanel {
   private final Timer forget;
   private final Timer watch;
   private long since;
-  private transient WorkspaceListener.Busy busy;
+  private transient Busy busy;
 
   StatusLine(Workspace workspace) {
     super(new MigLayout(
@@ -59,17 +59,8 @@ final class StatusLine extends JPanel {
     forget.setRepeats(false);
     watch = new Timer(100, event -> watchWork());
     Timer measure = new Timer(2000, event -> showMemory());
-    workspace.addListener(new WorkspaceListener() {
-      @Override
-      public void busy(Busy work) {
-        begin(work);
-      }
-
-      @Override
-      public void historyChanged() {
-        showState();
-      }
-    });
+    workspace.busy.hear(this::begin);
+    workspace.historyChanged.hear(history -> showState());
     addHierarchyListener(event -> {
       if ((event.getChangeFlags() & HierarchyEvent.SHOWING_CHANGED) != 0) {
         if (isShowing()) {
@@ -90,7 +81,7 @@ final class StatusLine extends JPanel {
     forget.restart();
   }
 
-  private void begin(WorkspaceListener.Busy work) {
+  private void begin(Busy work) {
     busy = work;
     since = System.nanoTime();
     if (work == null) {
@@ -114,12 +105,12 @@ final class StatusLine extends JPanel {
       return;
     }
     bar.setVisible(true);
-    cancel.setVisible(busy.canCancel());
+    cancel.setVisible(busy.canCancel);
     double share = busy.share();
     bar.setIndeterminate(share < 0);
     bar.setValue((int) (share * 100));
     forget.stop();
-    message.setText(busy.title() + " \u2026 " + millis / 1000 + " s");
+    message.setText(busy.title + " \u2026 " + millis / 1000 + " s");
   }
 
   private void showState() {

@@ -3,43 +3,45 @@ package com.olvane.kep.olvane.editor;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Place;
+import java.util.function.Function;
 
 /** Where a member is to go, named by a reference; {@link Place} for edits. */
 final class Target {
-  private enum Kind { FIRST_BELOW, LAST_BELOW, BEFORE, BEHIND }
-
-  private final Kind kind;
   private final Ref member;
+  private final boolean below;
+  private final Function<Member, Place> place;
 
-  private Target(Kind kind, Ref member) {
-    this.kind = kind;
+  private Target(Ref member, boolean below, Function<Member, Place> place) {
     this.member = member;
+    this.below = below;
+    this.place = place;
   }
 
   /** As the first child of a member; of null as the first dimension. */
   static Target firstBelow(Ref parent) {
-    return new Target(Kind.FIRST_BELOW, parent);
+    return new Target(parent, true,
+        known -> known == null ? Place.firstDimension() : Place.firstBelow(known));
   }
 
   /** As the last child of a member; of null as the last dimension. */
   static Target lastBelow(Ref parent) {
-    return new Target(Kind.LAST_BELOW, parent);
+    return new Target(parent, true,
+        known -> known == null ? Place.lastDimension() : Place.lastBelow(known));
   }
 
   static Target before(Ref sibling) {
-    return new Target(Kind.BEFORE, sibling);
+    return new Target(sibling, false, Place::before);
   }
 
   static Target behind(Ref sibling) {
-    return new Target(Kind.BEHIND, sibling);
+    return new Target(sibling, false, Place::behind);
   }
 
-  /** Where a member stands now. */
+  /** Where a member stands that was read with its place. */
   static Target of(EditContext context, Member member) {
-    Member now = context.outline().read(member, Details.NONE.place());
-    Ref previous = Ref.toHandle(now.previousHandle());
-    Ref parent = Ref.toHandle(now.parentHandle());
-    Target target = previous != null ? behind(previous) : firstBelow(parent);
+    Ref previous = Ref.toHandle(member.previousHandle());
+    Target target =
+        previous != null ? behind(previous) : firstBelow(Ref.toHandle(member.parentHandle()));
     // Entered into the table, so that it follows its member from here on.
     context.handle(target.member);
     return target;
@@ -47,22 +49,11 @@ final class Target {
 
   /** The handle of the member that becomes the parent; 0 for a dimension. */
   int parent(EditContext context) {
-    return kind == Kind.FIRST_BELOW || kind == Kind.LAST_BELOW
-        ? context.handle(member)
+    return below ? context.handle(member)
         : context.member(member, Details.NONE.place()).parentHandle();
   }
 
   Place place(EditContext context) {
-    Member known = member == null ? null : context.member(member);
-    switch (kind) {
-      case FIRST_BELOW:
-        return known == null ? Place.firstDimension() : Place.firstBelow(known);
-      case LAST_BELOW:
-        return known == null ? Place.lastDimension() : Place.lastBelow(known);
-      case BEFORE:
-        return Place.before(known);
-      default:
-        return Place.behind(known);
-    }
+    return place.apply(member == null ? null : context.member(member));
   }
 }

@@ -8,7 +8,6 @@ import java.awt.event.MouseEvent;
 import java.text.NumberFormat;
 import java.util.Collections;
 import java.util.List;
-import java.util.stream.Stream;
 import javax.swing.Action;
 import javax.swing.JPopupMenu;
 import javax.swing.KeyStroke;
@@ -103,6 +102,9 @@ final class TreeCommands {
         () -> workspace.edit(MemberEdits.sort(first(), true)));
     addFor("sort-down", "Sort Children Z to A", null, "Sort the children in the reverse order",
         () -> workspace.edit(MemberEdits.sort(first(), false)), false);
+    window.addToMenu(EDIT, window.commands().addForTree("sort-dimensions", "Sort Dimensions", null,
+        "Sort the dimensions by name, those of attributes behind the others",
+        workspace::isEditable, () -> workspace.edit(MemberEdits.sort(null, true))));
   }
 
   private void addPopup() {
@@ -171,25 +173,13 @@ final class TreeCommands {
 
   private void delete() {
     List<Member> members = chosen();
-    workspace.read(() -> {
-      long count = 0;
-      for (Member member : members) {
-        try (Stream<Member> all = workspace.outline().subtree(member, Details.NONE)) {
-          count += all.count();
-        }
-      }
-      return count;
-    }, count -> {
-      if (count == members.size() || window.confirm("Delete " + what(members) + " with "
+    workspace.read(() -> MemberEdits.count(workspace.outline(), members), count -> {
+      if (count == members.size() || window.confirm(MemberEdits.title("Delete", members) + " with "
           + NumberFormat.getIntegerInstance().format(count - members.size())
           + " below?", "Delete")) {
         workspace.edit(MemberEdits.delete(members));
       }
     });
-  }
-
-  private static String what(List<Member> members) {
-    return members.size() == 1 ? members.get(0).name() : members.size() + " members";
   }
 
   // ---- The clipboard ----

@@ -41,12 +41,9 @@ final class ViewCommands {
         "Close all members", tree::collapseAll));
     window.addSeparator(VIEW);
     window.menu(VIEW).add(aliases);
-    window.workspace().addListener(new WorkspaceListener() {
-      @Override
-      public void changed(OutlineChange change) {
-        if (change.aliasTablesChanged()) {
-          listAliasTables();
-        }
+    window.workspace().changed.hear(change -> {
+      if (change.aliasTablesChanged) {
+        listAliasTables();
       }
     });
     addThemes();

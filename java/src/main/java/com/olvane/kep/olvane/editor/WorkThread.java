@@ -1,33 +1,32 @@
 package com.olvane.kep.olvane.editor;
 
-import java.util.concurrent.LinkedBlockingQueue;
+import java.util.Queue;
+import java.util.concurrent.ConcurrentLinkedQueue;
+import java.util.concurrent.ExecutorService;
+import java.util.concurrent.Executors;
 import java.util.concurrent.RejectedExecutionException;
-import java.util.concurrent.ThreadPoolExecutor;
-import java.util.concurrent.TimeUnit;
 
 /** The thread that uses an outline: one task after the other. */
 final class WorkThread {
-  private static final class Reader implements Runnable {
-    private final Runnable task;
+  private final Queue<Runnable> readers = new ConcurrentLinkedQueue<>();
+  private final ExecutorService executor = Executors.newSingleThreadExecutor(task -> {
+    Thread thread = new Thread(task, "outline");
+    thread.setDaemon(true);
+    return thread;
+  });
 
-    Reader(Runnable task) {
-      this.task = task;
-    }
-
-    @Override
-    public void run() {
-      task.run();
-    }
+  /** Queues a task that only reads. */
+  void read(Runnable task) {
+    readers.add(task);
+    write(() -> {
+      if (readers.remove(task)) {
+        task.run();
+      }
+    });
   }
 
-  private final ThreadPoolExecutor executor =
-      new ThreadPoolExecutor(1, 1, 0, TimeUnit.SECONDS, new LinkedBlockingQueue<>(), task -> {
-        Thread thread = new Thread(task, "outline");
-        thread.setDaemon(true);
-        return thread;
-      });
-
-  private void queue(Runnable task) {
+  /** Queues a task that changes something. */
+  void write(Runnable task) {
     try {
       executor.execute(task);
     } catch (RejectedExecutionException e) {
@@ -35,22 +34,10 @@ final class WorkThread {
     }
   }
 
-  /** Queues a task that only reads. */
-  void read(Runnable task) {
-    queue(new Reader(task));
-  }
-
-  /** Queues a task that changes something. */
-  void write(Runnable task) {
-    queue(task);
-  }
-
   /** Runs the readers that wait; for the task that runs, between its steps. */
   void letReadersIn() {
-    for (Runnable waiting : executor.getQueue().toArray(new Runnable[0])) {
-      if (waiting instanceof Reader && executor.remove(waiting)) {
-        waiting.run();
-      }
+    for (Runnable task = readers.poll(); task != null; task = readers.poll()) {
+      task.run();
     }
   }
 

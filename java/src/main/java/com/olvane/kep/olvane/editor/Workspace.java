@@ -10,7 +10,6 @@ import java.util.Collections;
 import java.util.List;
 import java.util.concurrent.Callable;
 import java.util.concurrent.CancellationException;
-import java.util.concurrent.CopyOnWriteArrayList;
 import java.util.function.Consumer;
 import javax.swing.SwingUtilities;
 
@@ -20,15 +19,25 @@ import javax.swing.SwingUtilities;
  * the other.
  */
 final class Workspace {
+  /** The outline was edited, or an edit undone. Members that are shown are out of date. */
+  final Event<OutlineChange> changed = new Event<>();
+  /** Other members are selected, or the same ones with other details. */
+  final Event<List<Member>> selected = new Event<>();
+  /** Something that takes time began, or, with null, ended. */
+  final Event<Busy> busy = new Event<>();
+  /** Something failed; the failure has the sentence. */
+  final Event<Exception> failed = new Event<>();
+  /** Undo, redo or the need to save changed. */
+  final Event<History> historyChanged = new Event<>();
+
   private final Store store;
   private final Outline outline;
-  /** The outline of the database, locked, where {@link #outline} is work that was found kept. */
+  /** The outline of the database, locked: the same, or other than work that was found kept. */
   private final Outline locked;
   private final UnsavedWork unsaved;
   private final EditContext context;
   private final History history = new History();
   private final WorkThread work = new WorkThread();
-  private final List<WorkspaceListener> listeners = new CopyOnWriteArrayList<>();
   private volatile List<Member> selection = Collections.emptyList();
   private volatile long members;
 
@@ -38,20 +47,7 @@ final class Workspace {
    * @param members the number of its members
    */
   Workspace(Store store, Outline outline, long members) {
-    this(store, outline, null, members);
-  }
-
-  private Workspace(Store store, Outline outline, Outline locked, long members) {
-    this.store = store;
-    this.outline = outline;
-    this.locked = locked;
-    this.members = members;
-    this.context = new EditContext(outline);
-    this.unsaved = new UnsavedWork(store, application(), database());
-    if (locked != null) {
-      unsaved.found();
-      history.neverSaved();
-    }
+    this(store, outline, outline, members);
   }
 
   /**
@@ -60,8 +56,17 @@ final class Workspace {
    * @param found the work
    * @param locked the outline of its database, open for editing
    */
-  static Workspace ofFound(Store store, Outline found, Outline locked, long members) {
-    return new Workspace(store, found, locked, members);
+  Workspace(Store store, Outline found, Outline locked, long members) {
+    this.store = store;
+    this.outline = found;
+    this.locked = locked;
+    this.members = members;
+    this.context = new EditContext(outline);
+    this.unsaved = new UnsavedWork(store, application(), database());
+    if (locked != found) {
+      unsaved.found();
+      history.neverSaved();
+    }
   }
 
   Store store() {
@@ -88,11 +93,11 @@ final class Workspace {
   }
 
   String application() {
-    return (locked == null ? outline : locked).applicationName();
+    return locked.applicationName();
   }
 
   String database() {
-    return (locked == null ? outline : locked).databaseName();
+    return locked.databaseName();
   }
 
   /** Whether it can be edited. */
@@ -100,113 +105,50 @@ final class Workspace {
     return outline.isEditable();
   }
 
-  void addListener(WorkspaceListener listener) {
-    listeners.add(listener);
+  /** Shows a failure, from any thread. */
+  void fail(Exception failure) {
+    SwingUtilities.invokeLater(() -> failed.tell(failure));
   }
 
-  void removeListener(WorkspaceListener listener) {
-    listeners.remove(listener);
+  // ---- Reading and long work ----
+
+  private interface Task {
+    void run() throws Exception;
   }
 
-  private void tell(Consumer<WorkspaceListener> event) {
-    for (WorkspaceListener listener : listeners) {
-      event.accept(listener);
+  private void attempt(Task task) {
+    try {
+      task.run();
+    } catch (CancellationException e) {
+      // Given up by the user, who knows.
+    } catch (Exception e) {
+      fail(e);
     }
   }
 
-  /** Shows a failure, from any thread. */
-  void fail(Exception failure) {
-    SwingUtilities.invokeLater(() -> tell(listener -> listener.failed(failure)));
+  private static <T> Task handOver(Callable<T> work, Consumer<T> then) {
+    return () -> {
+      T result = work.call();
+      SwingUtilities.invokeLater(() -> then.accept(result));
+    };
   }
-
-  // ---- Reading ----
 
   /** Reads on the work thread; {@code then} takes what was read on the event thread. */
   <T> void read(Callable<T> reading, Consumer<T> then) {
-    work.read(() -> {
-      try {
-        T result = reading.call();
-        SwingUtilities.invokeLater(() -> then.accept(result));
-      } catch (CancellationException e) {
-        // Given up by the user, who knows.
-      } catch (Exception e) {
-        fail(e);
-      }
-    });
-  }
-
-  // ---- Long work ----
-
-  /** What runs and takes its time. */
-  final class BusyWork implements WorkspaceListener.Busy {
-    private final String title;
-    private final boolean canCancel;
-    private volatile double share = -1;
-    private volatile boolean cancelled;
-
-    private BusyWork(String title, boolean canCancel) {
-      this.title = title;
-      this.canCancel = canCancel;
-    }
-
-    @Override
-    public String title() {
-      return title;
-    }
-
-    @Override
-    public double share() {
-      return share;
-    }
-
-    @Override
-    public boolean canCancel() {
-      return canCancel;
-    }
-
-    @Override
-    public void cancel() {
-      cancelled = true;
-    }
-
-    /** Takes note of how far it is and lets readers in; false when it is to be given up. */
-    boolean at(long done, long total) {
-      share = total == 0 ? -1 : (double) done / total;
-      work.letReadersIn();
-      return !cancelled;
-    }
-  }
-
-  private interface LongWork {
-    void run(BusyWork busy) throws Exception;
+    work.read(() -> attempt(handOver(reading, then)));
   }
 
   /** Does something that takes time and can't be given up; {@code then} follows success. */
   <T> void run(String title, Callable<T> task, Consumer<T> then) {
-    start(title, false, running -> {
-      T result = task.call();
-      SwingUtilities.invokeLater(() -> then.accept(result));
-    });
+    start(new Busy(title, false), handOver(task, then));
   }
 
-  private void start(String title, boolean canCancel, LongWork task) {
+  private void start(Busy running, Task task) {
     work.write(() -> {
-      BusyWork running = new BusyWork(title, canCancel);
-      SwingUtilities.invokeLater(() -> setBusy(running));
-      try {
-        task.run(running);
-      } catch (CancellationException e) {
-        // Given up by the user, who knows.
-      } catch (Exception e) {
-        fail(e);
-      } finally {
-        SwingUtilities.invokeLater(() -> setBusy(null));
-      }
+      SwingUtilities.invokeLater(() -> busy.tell(running));
+      attempt(task);
+      SwingUtilities.invokeLater(() -> busy.tell(null));
     });
-  }
-
-  private void setBusy(BusyWork running) {
-    tell(listener -> listener.busy(running));
   }
 
   // ---- Editing ----
@@ -218,58 +160,58 @@ final class Workspace {
 
   /** The same; {@code then} follows success, when all listeners have heard of it. */
   void edit(Edit edit, Runnable then) {
-    start(edit.title(), true, running -> {
-      change(running, edit::apply, () -> history.add(edit));
-      SwingUtilities.invokeLater(then);
-    });
+    change(edit.title(), true, () -> {
+      edit.apply(context);
+      history.add(edit);
+    }, then);
   }
 
   /** The same for an edit that belongs to the one before, as naming what was just made. */
   void editFurther(Edit edit, String title) {
-    start(title, true, running -> change(running, edit::apply, () -> history.join(edit, title)));
+    change(title, true, () -> {
+      edit.apply(context);
+      history.join(edit, title);
+    }, () -> {});
   }
 
   /** Takes the last edit back. */
   void undo() {
-    start("Undo", false, running -> {
-      Edit edit = history.toUndo();
-      if (edit != null) {
-        change(running, edit::revert, history::undone);
-      }
-    });
+    change("Undo", false, () -> history.undo(context), () -> {});
   }
 
   /** Carries the edit out again that was taken back last. */
   void redo() {
-    start("Redo", false, running -> {
-      Edit edit = history.toRedo();
-      if (edit != null) {
-        change(running, edit::apply, history::redone);
-      }
-    });
+    change("Redo", false, () -> history.redo(context), () -> {});
   }
 
-  private void change(BusyWork running, Consumer<EditContext> step, Runnable entry) {
-    context.begin(running::at);
-    try {
-      step.accept(context);
-      entry.run();
-    } finally {
-      OutlineChange change = context.change();
-      members += change.membersAdded();
-      List<Member> selected = selectionAfter(change);
-      SwingUtilities.invokeLater(() -> {
-        tell(listener -> listener.changed(change));
-        select(selected);
-        tell(WorkspaceListener::historyChanged);
+  private void change(String title, boolean canCancel, Task task, Runnable then) {
+    Busy running = new Busy(title, canCancel);
+    start(running, () -> {
+      context.begin((done, total) -> {
+        boolean goOn = running.at(done, total);
+        work.letReadersIn();
+        return goOn;
       });
-    }
+      try {
+        task.run();
+      } finally {
+        OutlineChange change = context.change();
+        members += change.membersAdded;
+        List<Member> after = selectionAfter(change);
+        SwingUtilities.invokeLater(() -> {
+          changed.tell(change);
+          select(after);
+          historyChanged.tell(history);
+        });
+      }
+      SwingUtilities.invokeLater(then);
+    });
   }
 
   /** What is selected after an edit: what it names, else what was and still is there. */
   private List<Member> selectionAfter(OutlineChange change) {
     List<Member> after = new ArrayList<>();
-    for (Ref ref : change.selection()) {
+    for (Ref ref : change.selection) {
       if (ref.handle != 0) {
         after.add(context.member(ref));
       }
@@ -294,8 +236,10 @@ final class Workspace {
   /** Selects members, also those that are selected already, as their details may have changed. */
   void select(List<Member> chosen) {
     selection = Collections.unmodifiableList(new ArrayList<>(chosen));
-    tell(listener -> listener.selected(selection));
+    selected.tell(selection);
   }
+
+  // ---- Saving and closing ----
 
   /** Whether there is something to save. */
   boolean dirty() {
@@ -305,16 +249,16 @@ final class Workspace {
   /** Saves the outline; {@code then} follows success. */
   void save(Runnable then) {
     run("Saving", () -> {
-      if (locked == null) {
+      if (locked == outline) {
         outline.save();
       } else {
         store.localObjects().writeBack(outline, application(), database());
       }
       history.saved();
       unsaved.remove();
-      return null;
-    }, nothing -> {
-      tell(WorkspaceListener::historyChanged);
+      return history;
+    }, saved -> {
+      historyChanged.tell(saved);
       then.run();
     });
   }
@@ -323,12 +267,12 @@ final class Workspace {
   void keepAside(Consumer<Exception> then) {
     work.write(() -> {
       Exception failure = null;
-      if (history.dirty()) {
-        try {
+      try {
+        if (history.dirty()) {
           unsaved.keep(outline);
-        } catch (RuntimeException e) {
-          failure = e;
         }
+      } catch (RuntimeException e) {
+        failure = e;
       }
       Exception told = failure;
       SwingUtilities.invokeLater(() -> then.accept(told));
@@ -338,14 +282,8 @@ final class Workspace {
   /** Closes the outline behind the work that waits; what was not saved is gone. */
   void close(Runnable then) {
     work.write(() -> {
-      try {
-        outline.close();
-        if (locked != null) {
-          locked.close();
-        }
-      } catch (OutlineException e) {
-        fail(e);
-      }
+      attempt(outline::close);
+      attempt(locked::close);
       unsaved.remove();
       work.end();
       SwingUtilities.invokeLater(then);

@@ -1,0 +1,32 @@
+package com.olvane.kep.olvane.editor;
+
+/** Work that takes its time. */
+final class Busy {
+  /** What is being done: "Saving". */
+  final String title;
+  /** Whether {@link #cancel} has an effect. */
+  final boolean canCancel;
+  private volatile double share = -1;
+  private volatile boolean cancelled;
+
+  Busy(String title, boolean canCancel) {
+    this.title = title;
+    this.canCancel = canCancel;
+  }
+
+  /** How much is done, from 0 to 1; negative where nobody knows. */
+  double share() {
+    return share;
+  }
+
+  /** Asks for it to be given up; nothing of it stays. */
+  void cancel() {
+    cancelled = true;
+  }
+
+  /** Takes note of how far it is; false when it is to be given up. */
+  boolean at(long done, long total) {
+    share = total == 0 ? -1 : (double) done / total;
+    return !cancelled;
+  }
+}
