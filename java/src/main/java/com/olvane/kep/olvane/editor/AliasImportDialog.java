@@ -6,7 +6,7 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
 import java.util.stream.Collectors;
-import javax.swing.JCheckBox;
+import javax.swing.JComboBox;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
@@ -23,7 +23,8 @@ final class AliasImportDialog {
   private final JTextField table = new JTextField();
   private final JLabel summary = new JLabel(" ");
   private final JLabel note = new JLabel(" ");
-  private final JCheckBox problems = new JCheckBox("Only what does not apply");
+  private final JComboBox<String> which =
+      new JComboBox<>(new String[] {"All lines", "Only what does not apply"});
   private final Listing<AliasFile.Line> lines = new Listing<>("Lines",
       new String[] {"Line", "Member", "Alias", "What happens"}, new int[] {60, 170, 220, 170},
       Arrays.asList(line -> Integer.toString(line.number), line -> line.member,
@@ -43,8 +44,9 @@ final class AliasImportDialog {
     form.add(table);
     form.add(summary, "span, growx, wmin 0");
     form.add(note, "span, growx, wmin 0");
-    form.add(problems, "span");
-    problems.addActionListener(event -> showLines());
+    which.setName("Show");
+    form.add(which, "span");
+    which.addActionListener(event -> showLines());
     form.add(new JScrollPane(lines), "span, grow, w 640, h 320");
     prompt = new Prompt(owner, "Import " + path.getFileName(), "Import", form);
     // The lines are judged anew when the name has been typed.
@@ -101,7 +103,7 @@ final class AliasImportDialog {
 
   private void showLines() {
     lines.show(file.lines.stream()
-        .filter(line -> !problems.isSelected() || !line.outcome.applies())
+        .filter(line -> which.getSelectedIndex() == 0 || !line.outcome.applies())
         .collect(Collectors.toList()));
   }
 

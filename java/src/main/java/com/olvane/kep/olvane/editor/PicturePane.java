@@ -23,13 +23,13 @@ import java.util.List;
 import java.util.Map;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
+import javax.swing.BorderFactory;
 import javax.swing.JButton;
 import javax.swing.JComboBox;
 import javax.swing.JFileChooser;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.KeyStroke;
-import javax.swing.SwingConstants;
 import javax.swing.Timer;
 import net.miginfocom.swing.MigLayout;
 
@@ -259,8 +259,10 @@ final class PicturePane extends JPanel {
     } else {
       legend.removeAll();
       for (int i = 0; i < Math.min(MOST_IN_LEGEND, read.numbers.size()); i++) {
-        legend.add(new JLabel(
-            read.numbers.get(i), FlatIcons.swatch(view.legend(i + 1)), SwingConstants.LEADING));
+        JLabel label = new JLabel(read.numbers.get(i));
+        label.setBorder(BorderFactory.createCompoundBorder(
+            BorderFactory.createMatteBorder(0, 11, 0, 0, view.legend(i + 1)), Theme.space(0, 6)));
+        legend.add(label);
       }
     }
     legend.revalidate();

@@ -209,7 +209,7 @@ final class PictureView extends JPanel {
         clipped.dispose();
       }
       if (selected >= block.first && block.first >= 0 && holdsSelected(block)) {
-        FlatBorder.paint(g, (int) box.getX(), (int) box.getY(), (int) box.getWidth(),
+        Flat.box(g, (int) box.getX(), (int) box.getY(), (int) box.getWidth(),
             (int) Math.max(4, box.getHeight()), null, palette.accent, 2f);
       }
     }

@@ -187,7 +187,7 @@ final class RowField {
 
   /** Marks a field as refused for a reason, or with null as right again. */
   static void markRefused(JComponent field, JLabel complaint, String reason) {
-    field.putClientProperty(FlatBorder.REFUSED, reason != null);
+    field.putClientProperty(Flat.REFUSED, reason != null);
     field.getAccessibleContext().setAccessibleDescription(reason);
     field.repaint();
     complaint.setText(reason == null ? " " : reason);
