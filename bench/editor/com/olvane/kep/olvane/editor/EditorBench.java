@@ -287,7 +287,7 @@ public final class EditorBench {
     ThreadMXBean threads = ManagementFactory.getThreadMXBean();
     List<Long> pauses = new ArrayList<>();
     OutlineTree tree = window.tree();
-    int step = Math.max(PagedTreeModel.PAGE, size / 2000);
+    int step = Math.max(MemberNode.Page.SIZE, size / 2000);
     long start = System.nanoTime();
     for (int row = 1; row <= size; row += step) {
       int at = row;

@@ -71,7 +71,7 @@ final class EditorWindow {
     new ViewCommands(this);
     SearchTask search = new SearchTask(workspace);
     layOut(new SearchBar(this, search));
-    tree.onComplaint(status::say);
+    tree.complaint = status::say;
     addPane("Details", new RowsPane(workspace, MemberRows::read));
     addPane("Dimension", new RowsPane(workspace, DimensionRows::read));
     addPane("Picture", new PicturePane(workspace));

@@ -10,26 +10,38 @@ import javax.swing.tree.TreePath;
  * in pages, those that were looked at last.
  */
 final class MemberNode {
+  /** Children that are read together. */
+  static final class Page {
+    static final int SIZE = 64;
+
+    final MemberNode parent;
+    final int number;
+    final MemberNode[] nodes;
+
+    Page(MemberNode parent, int number) {
+      this.parent = parent;
+      this.number = number;
+      nodes = new MemberNode[Math.min(SIZE, parent.childCount - number * SIZE)];
+      for (int i = 0; i < nodes.length; i++) {
+        nodes[i] = new MemberNode(parent, number * SIZE + i);
+      }
+    }
+  }
+
   /** The node above; null for the root, whose children are the dimensions. */
-  MemberNode parent;
+  final MemberNode parent;
   /** The place among the siblings. */
-  int index;
+  final int index;
   /** The member; null for the root and for one that has not been read yet. */
   Member member;
   /** The number of children. */
   int childCount;
   /** The pages of children, by number. */
-  final Map<Integer, MemberNode[]> pages = new HashMap<>();
+  final Map<Integer, Page> pages = new HashMap<>();
 
   MemberNode(MemberNode parent, int index) {
     this.parent = parent;
     this.index = index;
-  }
-
-  /** Takes a member as it was read now. */
-  void set(Member read) {
-    member = read;
-    childCount = (int) Math.min(read.childCount(), Integer.MAX_VALUE);
   }
 
   /** The handle of the member, 0 for the root and for one that is not read yet. */
@@ -53,6 +65,11 @@ final class MemberNode {
   /** The way from the root. */
   TreePath path() {
     return parent == null ? new TreePath(this) : parent.path().pathByAddingChild(this);
+  }
+
+  /** The node at the end of a path. */
+  static MemberNode of(TreePath path) {
+    return (MemberNode) path.getLastPathComponent();
   }
 
   /** The name, as assistive technology and the tests read it. */

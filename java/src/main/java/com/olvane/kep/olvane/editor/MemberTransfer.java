@@ -109,9 +109,8 @@ final class MemberTransfer extends TransferHandler {
     if (index == 0) {
       return Target.firstBelow(parent.isRoot() ? null : Ref.to(parent.member));
     }
-    MemberNode[] page = parent.pages.get((index - 1) / PagedTreeModel.PAGE);
-    MemberNode before = page == null ? null : page[(index - 1) % PagedTreeModel.PAGE];
-    return before == null || before.member == null ? null : Target.behind(Ref.to(before.member));
+    MemberNode before = tree.pagedModel().child(parent, index - 1);
+    return before.member == null ? null : Target.behind(Ref.to(before.member));
   }
 
   /** Between two dimensions, members go behind what stands above the gap. */

@@ -55,7 +55,7 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
     field.setBorder(BorderFactory.createCompoundBorder(
         BorderFactory.createLineBorder(complaint == null ? palette.accent : palette.error),
         BorderFactory.createEmptyBorder(0, 4, 0, 4)));
-    tree.complain(complaint == null || !field.isShowing() ? "" : complaint);
+    tree.complaint.accept(complaint == null || !field.isShowing() ? "" : complaint);
     // Not now: the field has yet to hear of the change and would lay out what it no longer holds.
     SwingUtilities.invokeLater(() -> {
       if (field.isShowing()) {
@@ -98,13 +98,13 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
       field.getToolkit().beep();
       return false;
     }
-    tree.complain("");
+    tree.complaint.accept("");
     return super.stopCellEditing();
   }
 
   @Override
   public void cancelCellEditing() {
-    tree.complain("");
+    tree.complaint.accept("");
     super.cancelCellEditing();
   }
 }

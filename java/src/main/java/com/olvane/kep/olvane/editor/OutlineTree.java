@@ -7,12 +7,17 @@ import java.awt.event.KeyEvent;
 import java.awt.event.MouseEvent;
 import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.Collection;
 import java.util.Collections;
 import java.util.Comparator;
+import java.util.HashMap;
 import java.util.HashSet;
 import java.util.LinkedHashSet;
 import java.util.List;
+import java.util.Map;
+import java.util.Objects;
 import java.util.Set;
+import java.util.function.BiConsumer;
 import java.util.function.Consumer;
 import java.util.stream.Collectors;
 import javax.swing.DropMode;
@@ -32,6 +37,8 @@ final class OutlineTree extends JTree {
   private static final long serialVersionUID = 1;
   /** More members than these are not selected at once. */
   static final int SELECTABLE = 10_000;
+  /** More than these are not selected any more after an edit. */
+  private static final int KEPT_SELECTED = 1000;
 
   private final transient Workspace workspace;
   private final transient PagedTreeModel model;
@@ -39,14 +46,19 @@ final class OutlineTree extends JTree {
   private final transient Set<Integer> selectedHandles = new HashSet<>();
   /** Above 0 while the tree itself changes what is expanded or selected. */
   private int adjusting;
-  private String aliasTable = "Default";
-  private transient Consumer<String> complaints = sentence -> {};
-  private transient Consumer<Character> typing = letter -> {};
+  private String aliasTable;
+  /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
+  transient Consumer<String> complaint = sentence -> {};
+  /** Hears of letters that are typed on the tree. */
+  transient Consumer<Character> typed = letter -> {};
+  /** Hears of names that were typed for members. */
+  transient BiConsumer<Member, String> renamed = (member, name) -> {};
 
   OutlineTree(Workspace workspace) {
     this.workspace = workspace;
     this.model = new PagedTreeModel(workspace, this::arrived,
-        node -> expanded.contains(node) || selectedHandles.contains(node.handle()));
+        node -> expanded.contains(node) || selectedHandles.contains(node.handle()),
+        (member, name) -> renamed.accept(member, name));
     setModel(model);
     setName("outline");
     getAccessibleContext().setAccessibleName("Outline");
@@ -66,23 +78,22 @@ final class OutlineTree extends JTree {
     addTreeExpansionListener(new TreeExpansionListener() {
       @Override
       public void treeExpanded(TreeExpansionEvent event) {
-        expanded.add((MemberNode) event.getPath().getLastPathComponent());
+        expanded.add(MemberNode.of(event.getPath()));
       }
 
       @Override
       public void treeCollapsed(TreeExpansionEvent event) {
         if (adjusting == 0) {
-          expanded.remove((MemberNode) event.getPath().getLastPathComponent());
+          expanded.remove(MemberNode.of(event.getPath()));
         }
       }
     });
-    workspace.changed.hear(this::refresh);
+    workspace.changed.hear(this::changed);
     workspace.selected.hear(this::show);
-    model.onRename((member, name) -> workspace.edit(MemberEdits.rename(member, name)));
     setDragEnabled(true);
     setDropMode(DropMode.ON_OR_INSERT);
     setTransferHandler(new MemberTransfer(this, workspace));
-    setAliasTable(aliasTable);
+    setAliasTable("Default");
   }
 
   @Override
@@ -105,13 +116,8 @@ final class OutlineTree extends JTree {
   void setAliasTable(String table) {
     aliasTable = table;
     Details details = Details.NONE.formula().attributes();
-    model.setDetails(table.isEmpty() ? details : details.aliases(table));
-    OutlineChange all = new OutlineChange();
-    all.detailsChanged = true;
-    if (model.getRoot().childCount == 0) {
-      all.parents.add(OutlineChange.DIMENSIONS);
-    }
-    refresh(all);
+    model.details = table.isEmpty() ? details : details.aliases(table);
+    refresh();
   }
 
   // ---- Selection ----
@@ -142,7 +148,7 @@ final class OutlineTree extends JTree {
     Arrays.sort(rows);
     List<MemberNode> nodes = new ArrayList<>(rows.length);
     for (int row : rows) {
-      nodes.add((MemberNode) getPathForRow(row).getLastPathComponent());
+      nodes.add(MemberNode.of(getPathForRow(row)));
     }
     return nodes;
   }
@@ -151,7 +157,7 @@ final class OutlineTree extends JTree {
   private void arrived() {
     TreePath[] paths = getSelectionPaths();
     if (paths != null && Arrays.stream(paths).anyMatch(path -> {
-      MemberNode node = (MemberNode) path.getLastPathComponent();
+      MemberNode node = MemberNode.of(path);
       return node.member != null && !selectedHandles.contains(node.handle());
     })) {
       selectionChanged();
@@ -175,8 +181,9 @@ final class OutlineTree extends JTree {
   /** Opens what is above members, selects them and brings the first into view. */
   void reveal(List<Member> members, Runnable then) {
     List<Member> few = members.subList(0, Math.min(members.size(), SELECTABLE));
-    workspace.read(() -> TreePlaces.of(workspace.outline(), few, model.details()), places -> {
-      List<MemberNode> nodes = places.attach(model);
+    List<Integer> handles = few.stream().map(Member::handle).collect(Collectors.toList());
+    workspace.read(() -> new TreeReading(workspace.outline(), model.details, handles), read -> {
+      List<MemberNode> nodes = read.addTo(model);
       adjusting++;
       try {
         nodes.forEach(node -> expandPath(node.path().getParentPath()));
@@ -192,8 +199,8 @@ final class OutlineTree extends JTree {
   }
 
   /** Opens members at their places. */
-  void open(TreePlaces places) {
-    places.attach(model).forEach(node -> expandPath(node.path()));
+  void open(TreeReading read) {
+    read.addTo(model).forEach(node -> expandPath(node.path()));
   }
 
   /** Closes all members; what is selected below becomes its dimension. */
@@ -234,32 +241,44 @@ final class OutlineTree extends JTree {
 
   // ---- Edits ----
 
-  private void refresh(OutlineChange change) {
-    TreeRefresh refresh = new TreeRefresh(model);
-    boolean any = false;
-    for (Integer handle : change.parents) {
-      MemberNode node = model.node(handle);
-      if (node != null) {
-        refresh.parent(handle, pagesInView(node));
-        any = true;
-      }
+  private void changed(OutlineChange change) {
+    if (change.detailsChanged
+        || change.parents.stream().anyMatch(handle -> model.node(handle) != null)) {
+      refresh();
+      return;
     }
-    if (any) {
-      Set<Integer> keep =
-          expanded.stream().map(MemberNode::handle).collect(Collectors.toCollection(HashSet::new));
-      if (selectedHandles.size() <= 1000) {
-        keep.addAll(selectedHandles);
-      }
-      keep.remove(0);
-      refresh.keep(keep);
-    }
-    refresh.changed(change.detailsChanged
-        ? model.nodes().stream().map(MemberNode::handle).collect(Collectors.toList())
-        : change.members);
-    workspace.read(() -> refresh.read(workspace.outline()), this::apply);
+    List<Integer> known = change.members.stream()
+        .filter(handle -> model.node(handle) != null).collect(Collectors.toList());
+    workspace.read(() -> new TreeReading(workspace.outline(), model.details, known), read -> {
+      read.update(model);
+      repaint();
+    });
   }
 
-  private void apply(TreeRefresh refresh) {
+  /** Reads all that is in view, expanded or selected anew, wherever it stands now. */
+  private void refresh() {
+    Set<Integer> keep = handles(expanded);
+    Set<Integer> open = new HashSet<>(keep);
+    if (selectedHandles.size() <= KEPT_SELECTED) {
+      keep.addAll(selectedHandles);
+    }
+    Map<Integer, Set<Integer>> inView = pagesInView();
+    Details details = model.details;
+    workspace.read(() -> new TreeReading(workspace.outline(), details, keep).withPages(inView),
+        read -> {
+          if (open.equals(handles(expanded)) && details == model.details) {
+            replace(read, open);
+          } else {
+            refresh();
+          }
+        });
+  }
+
+  private static Set<Integer> handles(Collection<MemberNode> nodes) {
+    return nodes.stream().map(MemberNode::handle).collect(Collectors.toCollection(HashSet::new));
+  }
+
+  private void replace(TreeReading read, Set<Integer> open) {
     Set<Integer> selection = new HashSet<>(selectedHandles);
     adjusting++;
     try {
@@ -267,24 +286,17 @@ final class OutlineTree extends JTree {
       clearSelection();
       setLeadSelectionPath(null);
       setAnchorSelectionPath(null);
-      refresh.apply();
-      List<MemberNode> open = new ArrayList<>(expanded);
-      open.sort(Comparator.comparingInt(MemberNode::depth));
+      read.replace(model);
       expanded.clear();
-      for (MemberNode node : open) {
-        if (isThere(node) && node.childCount > 0) {
-          expanded.add(node);
-          expandPath(node.path());
-        }
-      }
-      List<MemberNode> selected = new ArrayList<>();
-      for (Integer handle : selection) {
-        MemberNode node = model.node(handle);
-        if (node != null && isThere(node)) {
-          selected.add(node);
-        }
-      }
-      select(selected);
+      model.fireChanged();
+      open.stream().map(model::node).filter(node -> node != null && node.childCount > 0)
+          .sorted(Comparator.comparingInt(MemberNode::depth)).forEach(node -> {
+            if (node.parent.isRoot() || expanded.contains(node.parent)) {
+              expandPath(node.path());
+            }
+          });
+      select(selection.stream().map(model::node).filter(Objects::nonNull)
+          .collect(Collectors.toList()));
     } finally {
       adjusting--;
     }
@@ -294,52 +306,26 @@ final class OutlineTree extends JTree {
     repaint();
   }
 
-  /** Whether a node still stands in the tree. */
-  private boolean isThere(MemberNode node) {
-    MemberNode at = node;
-    while (at.parent != null) {
-      MemberNode[] page = at.parent.pages.get(at.index / PagedTreeModel.PAGE);
-      if (page == null || at.index % PagedTreeModel.PAGE >= page.length
-          || page[at.index % PagedTreeModel.PAGE] != at) {
-        return false;
-      }
-      at = at.parent;
-    }
-    return at == model.getRoot();
-  }
-
-  private Set<Integer> pagesInView(MemberNode parent) {
-    Set<Integer> pages = new LinkedHashSet<>();
+  /** The pages of children that are in view, by the handles of the parents. */
+  private Map<Integer, Set<Integer>> pagesInView() {
+    Map<Integer, Set<Integer>> pages = new HashMap<>();
     Rectangle view = getVisibleRect();
     int last = getClosestRowForLocation(0, view.y + view.height);
     for (int row = Math.max(0, getClosestRowForLocation(0, view.y)); row <= last; row++) {
-      MemberNode node = (MemberNode) getPathForRow(row).getLastPathComponent();
-      if (node.parent == parent) {
-        pages.add(node.index / PagedTreeModel.PAGE);
+      MemberNode node = MemberNode.of(getPathForRow(row));
+      if (!node.parent.isRoot()) {
+        pages.computeIfAbsent(node.parent.handle(), handle -> new HashSet<>())
+            .add(node.index / MemberNode.Page.SIZE);
       }
     }
     return pages;
-  }
-
-  /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
-  void onComplaint(Consumer<String> listener) {
-    complaints = listener;
-  }
-
-  void complain(String sentence) {
-    complaints.accept(sentence);
-  }
-
-  /** Hears of letters that are typed on the tree. */
-  void onTyping(Consumer<Character> listener) {
-    typing = listener;
   }
 
   @Override
   protected void processKeyEvent(KeyEvent event) {
     if (event.getID() == KeyEvent.KEY_TYPED && !event.isControlDown() && !event.isAltDown()
         && Character.isLetterOrDigit(event.getKeyChar())) {
-      typing.accept(event.getKeyChar());
+      typed.accept(event.getKeyChar());
       event.consume();
       return;
     }
@@ -355,7 +341,7 @@ final class OutlineTree extends JTree {
   /** Begins to edit the name of a member that is selected. */
   void editName() {
     TreePath path = getLeadSelectionPath();
-    if (path != null && ((MemberNode) path.getLastPathComponent()).member != null) {
+    if (path != null && (MemberNode.of(path)).member != null) {
       scrollInto(path);
       startEditingAtPath(path);
     }
@@ -364,7 +350,7 @@ final class OutlineTree extends JTree {
   @Override
   public String getToolTipText(MouseEvent event) {
     TreePath path = getPathForLocation(event.getX(), event.getY());
-    MemberNode node = path == null ? null : (MemberNode) path.getLastPathComponent();
+    MemberNode node = path == null ? null : MemberNode.of(path);
     return node == null || node.member == null
         ? null : ((MemberRenderer) getCellRenderer()).description(node.member);
   }

@@ -87,10 +87,10 @@ final class SearchBar extends JPanel {
         "Go to the next member found", search::hasHits, () -> search.next(1)));
     window.addToMenu("Search", commands.add("find-previous", "Previous", "shift F3",
         "Go to the previous member found", search::hasHits, () -> search.next(-1)));
-    window.tree().onTyping(letter -> {
+    window.tree().typed = letter -> {
       field.setText(letter.toString());
       field.requestFocusInWindow();
-    });
+    };
   }
 
   private void leave() {

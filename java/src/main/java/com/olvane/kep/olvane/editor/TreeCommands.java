@@ -29,7 +29,7 @@ final class TreeCommands {
     this.window = window;
     this.workspace = window.workspace();
     this.tree = tree;
-    tree.pagedModel().onRename(this::rename);
+    tree.renamed = this::rename;
     // The window's commands have these keys.
     for (String keys : new String[] {"ctrl C", "ctrl X", "ctrl V", "COPY", "CUT", "PASTE", "F2"}) {
       tree.getInputMap().put(KeyStroke.getKeyStroke(keys), "none");

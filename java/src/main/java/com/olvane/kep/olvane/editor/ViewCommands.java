@@ -6,6 +6,7 @@ import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.Locale;
+import java.util.stream.Collectors;
 import java.util.stream.Stream;
 import javax.swing.ButtonGroup;
 import javax.swing.JMenu;
@@ -56,8 +57,8 @@ final class ViewCommands {
     Outline outline = window.workspace().outline();
     window.workspace().read(() -> {
       List<Member> toOpen = toOpen(outline, generation);
-      return toOpen.size() > OPENED ? null
-          : TreePlaces.of(outline, toOpen, tree.pagedModel().details());
+      return toOpen.size() > OPENED ? null : new TreeReading(outline, tree.pagedModel().details,
+          toOpen.stream().map(Member::handle).collect(Collectors.toList()));
     }, places -> {
       if (places == null) {
         window.status("More than " + OPENED + " members would be opened;"
