@@ -194,7 +194,7 @@ public class PanesTest {
     Files.write(file, Arrays.asList("$ALT_NAME  'French'", "\"Cola\"   \"Coca\"",
         "\"Nowhere\"   \"Nulle part\"", "$END"), StandardCharsets.UTF_8);
     javax.swing.SwingUtilities.invokeLater(
-        () -> open.window.commands().get("alias-tables").actionPerformed(null));
+        () -> open.window.commands().get("Alias Tables \u2026").actionPerformed(null));
     JList<?> tables = user.find(JList.class, "Alias tables");
     user.click(button("New\u2026"));
     JTextField name = user.find(JTextField.class, "Name of the table");

@@ -129,7 +129,7 @@ public final class Screenshots {
     edit(MemberEdits.change(Collections.singletonList(member("FR")),
         new Changes().alias("French", "Japon")));
     RobotUser.onEventThread(() -> {
-      window.commands().get("verify").actionPerformed(null);
+      window.commands().get("Verify").actionPerformed(null);
       return null;
     });
     pane("Findings");
@@ -139,7 +139,7 @@ public final class Screenshots {
   private void takeAliasTables() throws IOException {
     // A dialog holds the call that opens it until it closes.
     SwingUtilities.invokeLater(
-        () -> window.commands().get("alias-tables").actionPerformed(null));
+        () -> window.commands().get("Alias Tables \u2026").actionPerformed(null));
     user.find(JComponent.class, "Alias tables");
     take("alias-tables");
     user.key("ESCAPE");

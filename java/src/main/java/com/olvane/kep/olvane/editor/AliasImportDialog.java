@@ -3,7 +3,6 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Window;
 import java.nio.file.Path;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.List;
 import java.util.stream.Collectors;
 import javax.swing.JComboBox;
@@ -25,10 +24,10 @@ final class AliasImportDialog {
   private final JLabel note = new JLabel(" ");
   private final JComboBox<String> which =
       new JComboBox<>(new String[] {"All lines", "Only what does not apply"});
-  private final Listing<AliasFile.Line> lines = new Listing<>("Lines",
-      new String[] {"Line", "Member", "Alias", "What happens"}, new int[] {60, 170, 220, 170},
-      Arrays.asList(line -> Integer.toString(line.number), line -> line.member,
-          line -> line.alias, line -> line.outcome.words));
+  private final Listing<AliasFile.Line> lines = new Listing<AliasFile.Line>("Lines")
+      .column("Line", 60, line -> Integer.toString(line.number))
+      .column("Member", 170, line -> line.member).column("Alias", 220, line -> line.alias)
+      .column("What happens", 170, line -> line.outcome.words);
   private final Prompt prompt;
 
   private AliasImportDialog(Window owner, Workspace workspace, Path path, AliasFile file) {

@@ -6,27 +6,37 @@ import java.util.Map;
 import java.util.function.BooleanSupplier;
 import javax.swing.AbstractAction;
 import javax.swing.Action;
+import javax.swing.JMenu;
+import javax.swing.JMenuBar;
 import javax.swing.KeyStroke;
 
-/** All that can be done in the window, as actions with names, keys and a sentence each. */
+/** All that can be done in the window: actions in menus, with names, keys and a sentence each. */
 final class Commands {
-  private final class Command extends AbstractAction {
+  /** Something that can be done. */
+  final class Command extends AbstractAction {
     private static final long serialVersionUID = 1;
 
     private final transient Runnable run;
-    private final transient BooleanSupplier possible;
-    private final boolean forTree;
+    private transient BooleanSupplier possible = () -> true;
+    private boolean forTree;
 
-    Command(String name, String keys, String description, BooleanSupplier possible,
-        Runnable run, boolean forTree) {
+    private Command(String name, String keys, String description, Runnable run) {
       super(name);
-      this.forTree = forTree;
       this.run = run;
-      this.possible = possible;
       putValue(SHORT_DESCRIPTION, description);
-      if (keys != null) {
-        putValue(ACCELERATOR_KEY, KeyStroke.getKeyStroke(keys));
-      }
+      putValue(ACCELERATOR_KEY, keys == null ? null : KeyStroke.getKeyStroke(keys));
+    }
+
+    /** Says when it can be done. */
+    Command when(BooleanSupplier condition) {
+      possible = condition;
+      return this;
+    }
+
+    /** Says that it works on the tree: elsewhere its keys do nothing. */
+    Command onTree() {
+      forTree = true;
+      return this;
     }
 
     @Override
@@ -37,52 +47,47 @@ final class Commands {
     }
   }
 
+  private final JMenuBar bar = new JMenuBar();
+  private final Map<String, JMenu> menus = new LinkedHashMap<>();
   private final Map<String, Command> commands = new LinkedHashMap<>();
   private final BooleanSupplier elsewhere;
 
   /** {@code elsewhere} tells whether the keyboard is at a part of the window beside the tree. */
-  Commands(BooleanSupplier elsewhere) {
+  Commands(BooleanSupplier elsewhere, String... menuNames) {
     this.elsewhere = elsewhere;
+    for (String name : menuNames) {
+      JMenu menu = new JMenu(name);
+      menu.setMnemonic(name.charAt(0));
+      menus.put(name, menu);
+      bar.add(menu);
+    }
+  }
+
+  JMenuBar bar() {
+    return bar;
+  }
+
+  JMenu menu(String name) {
+    return menus.get(name);
   }
 
   /**
-   * Adds a command.
+   * Adds a command to a menu.
    *
-   * @param id the name that the program uses
-   * @param name the name in menus
    * @param keys the keys as {@link KeyStroke#getKeyStroke(String)} takes them, or null
    * @param description one sentence, shown as a tool tip
-   * @param possible whether it can be done now
    * @param run does it, on the event thread
    */
-  Action add(String id, String name, String keys, String description, BooleanSupplier possible,
-      Runnable run) {
-    return put(id, new Command(name, keys, description, possible, run, false));
-  }
-
-  /** The same for one that works on the tree: elsewhere its keys do nothing. */
-  Action addForTree(String id, String name, String keys, String description,
-      BooleanSupplier possible, Runnable run) {
-    return put(id, new Command(name, keys, description, possible, run, true));
-  }
-
-  private Action put(String id, Command command) {
-    commands.put(id, command);
+  Command add(JMenu menu, String name, String keys, String description, Runnable run) {
+    Command command = new Command(name, keys, description, run);
+    commands.put(name, command);
+    menu.add(command);
     return command;
   }
 
-  /** The same for a command that can always be done. */
-  Action add(String id, String name, String keys, String description, Runnable run) {
-    return add(id, name, keys, description, () -> true, run);
-  }
-
-  /** The command of an id. */
-  Action get(String id) {
-    Command command = commands.get(id);
-    if (command == null) {
-      throw new IllegalArgumentException("There is no command " + id);
-    }
-    return command;
+  /** The command of a name. */
+  Action get(String name) {
+    return commands.get(name);
   }
 
   /** Enables what can be done now, and disables the rest. */

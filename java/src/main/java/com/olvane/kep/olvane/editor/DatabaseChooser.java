@@ -4,17 +4,14 @@ import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.event.WindowAdapter;
 import java.awt.event.WindowEvent;
-import java.text.NumberFormat;
 import java.time.ZoneId;
 import java.time.format.DateTimeFormatter;
 import java.time.format.FormatStyle;
-import java.util.Arrays;
 import java.util.Collections;
 import java.util.List;
 import javax.swing.JButton;
 import javax.swing.JFrame;
 import javax.swing.JLabel;
-import javax.swing.JOptionPane;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import javax.swing.WindowConstants;
@@ -22,16 +19,18 @@ import net.miginfocom.swing.MigLayout;
 
 /** The list of the store's databases, to open one or make a new one. */
 final class DatabaseChooser {
+  private static final DateTimeFormatter TIME =
+      DateTimeFormatter.ofLocalizedDateTime(FormatStyle.MEDIUM, FormatStyle.SHORT)
+          .withZone(ZoneId.systemDefault());
+
   private final Editor editor;
-  private final JFrame frame = new JFrame("Outline Editor");
+  private final JFrame frame = new JFrame(Ask.TITLE);
   private List<StoredDatabase> databases = Collections.emptyList();
-  private final Listing<StoredDatabase> listing = new Listing<>("databases",
-      new String[] {"Application", "Database", "Members", "Saved"}, new int[] {130, 130, 90, 170},
-      Arrays.asList(StoredDatabase::application, StoredDatabase::database,
-          one -> NumberFormat.getIntegerInstance().format(one.members()),
-          one -> one.size() == 0 ? "never"
-              : DateTimeFormatter.ofLocalizedDateTime(FormatStyle.MEDIUM, FormatStyle.SHORT)
-                  .withZone(ZoneId.systemDefault()).format(one.saved())));
+  private final Listing<StoredDatabase> listing = new Listing<StoredDatabase>("databases")
+      .column("Application", 130, StoredDatabase::application)
+      .column("Database", 130, StoredDatabase::database)
+      .column("Members", 90, one -> String.format("%,d", one.members()))
+      .column("Saved", 170, one -> one.size() == 0 ? "never" : TIME.format(one.saved()));
   private final JButton open = new JButton("Open");
 
   DatabaseChooser(Editor editor) {
@@ -39,7 +38,8 @@ final class DatabaseChooser {
     listing.onChoice(2, one -> open(one.application(), one.database()));
     listing.getSelectionModel().addListSelectionListener(
         event -> open.setEnabled(listing.chosen() != null));
-    open.addActionListener(event -> openChosen());
+    open.addActionListener(
+        event -> open(listing.chosen().application(), listing.chosen().database()));
     open.setEnabled(false);
     JButton create = new JButton("New \u2026");
     create.addActionListener(event -> create());
@@ -70,10 +70,9 @@ final class DatabaseChooser {
       databases = found;
       listing.show(found);
       if (!found.isEmpty()) {
-        listing.setRowSelectionInterval(0, 0);
+        listing.choose(0);
       }
-    }, failure -> JOptionPane.showMessageDialog(
-        frame, failure.getMessage(), "Outline Editor", JOptionPane.WARNING_MESSAGE));
+    }, failure -> Ask.say(frame, failure));
     frame.setVisible(true);
     listing.requestFocusInWindow();
   }
@@ -86,12 +85,6 @@ final class DatabaseChooser {
     frame.dispose();
   }
 
-  private void openChosen() {
-    if (listing.chosen() != null) {
-      open(listing.chosen().application(), listing.chosen().database());
-    }
-  }
-
   private void open(String application, String database) {
     open.setEnabled(false);
     editor.open(application, database, frame, opened -> {
@@ -101,18 +94,16 @@ final class DatabaseChooser {
   }
 
   private void create() {
-    String[] names =
-        DatabasePrompt.ask(listing, "New Database", "Create", databases, false);
-    if (names == null) {
+    DatabasePrompt prompt =
+        new DatabasePrompt(listing, "New Database", "Create", databases, false);
+    if (!prompt.ask()) {
       return;
     }
     try {
-      editor.store().create(names[0], names[1]);
+      editor.store().create(prompt.application(), prompt.database());
+      open(prompt.application(), prompt.database());
     } catch (StatusException e) {
-      JOptionPane.showMessageDialog(
-          frame, e.getMessage(), "Outline Editor", JOptionPane.WARNING_MESSAGE);
-      return;
+      Ask.say(frame, e);
     }
-    open(names[0], names[1]);
   }
 }

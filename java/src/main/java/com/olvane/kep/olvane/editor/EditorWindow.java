@@ -7,15 +7,10 @@ import java.awt.KeyboardFocusManager;
 import java.awt.Toolkit;
 import java.awt.event.WindowAdapter;
 import java.awt.event.WindowEvent;
-import java.util.LinkedHashMap;
-import java.util.Map;
-import javax.swing.Action;
 import javax.swing.BorderFactory;
 import javax.swing.JComponent;
 import javax.swing.JFrame;
 import javax.swing.JMenu;
-import javax.swing.JMenuBar;
-import javax.swing.JOptionPane;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import javax.swing.JSplitPane;
@@ -25,7 +20,6 @@ import javax.swing.WindowConstants;
 
 /** The frame: menus, search and tree on the left, tabs on the right, the status line below. */
 final class EditorWindow {
-  private static final String TITLE = "Outline Editor";
   private static final int WIDTH = 1280;
   private static final int HEIGHT = 800;
   private static final int TREE_WIDTH = 520;
@@ -33,14 +27,12 @@ final class EditorWindow {
   private final Editor editor;
   private final Workspace workspace;
   private final JFrame frame = new JFrame();
-  private final Commands commands = new Commands(this::isBesideTree);
-  private final JMenuBar menus = new JMenuBar();
-  private final Map<String, JMenu> menusByName = new LinkedHashMap<>();
+  private final Commands commands =
+      new Commands(this::isBesideTree, "File", "Edit", "Search", "View", "Outline");
   private final JTabbedPane tabs = new JTabbedPane();
   private final JSplitPane split = new JSplitPane(JSplitPane.HORIZONTAL_SPLIT);
   private final StatusLine status;
   private final OutlineTree tree;
-  private final FileCommands files;
   private final AutoKeep autoKeep;
   /** Whether it is being asked what to do before closing: a key may be held too long. */
   private boolean closing;
@@ -51,51 +43,47 @@ final class EditorWindow {
     this.workspace = workspace;
     status = new StatusLine(workspace);
     tree = new OutlineTree(workspace);
-    frame.setDefaultCloseOperation(WindowConstants.DO_NOTHING_ON_CLOSE);
-    frame.setJMenuBar(menus);
-    for (String menu : new String[] {"File", "Edit", "Search", "View", "Outline"}) {
-      menu(menu);
-    }
+    tree.complaint = status::say;
     workspace.selected.hear(members -> commands.update());
     workspace.busy.hear(busy -> commands.update());
     workspace.historyChanged.hear(history -> {
       commands.update();
       setTitle();
     });
-    workspace.failed.hear(failure ->
-        say(failure.getMessage() == null ? failure.toString() : failure.getMessage()));
-    FindingsPane findings = new FindingsPane(workspace);
-    files = new FileCommands(this, findings);
-    addHistoryCommands();
-    new TreeCommands(this, tree);
-    new ViewCommands(this);
+    workspace.failed.hear(failure -> Ask.say(frame, failure));
     SearchTask search = new SearchTask(workspace);
-    layOut(new SearchBar(this, search));
-    tree.complaint = status::say;
-    addPane("Details", new RowsPane(workspace, MemberRows::read));
-    addPane("Dimension", new RowsPane(workspace, DimensionRows::read));
-    addPane("Picture", new PicturePane(workspace));
-    addPane("Settings", new RowsPane(workspace, SettingsRows::read));
-    addPane("Hits", new HitsPane(workspace, search));
-    addPane("Findings", findings);
-    addPane("History", new HistoryPane(workspace));
+    FindingsPane findings = new FindingsPane(workspace);
+    new FileCommands(this, findings);
+    addHistoryCommands();
+    new TreeCommands(this);
+    new ViewCommands(this);
+    layOut(new SearchBar(this, search).panel);
+    tabs.addTab("Details", new RowsPane(workspace, MemberRows::read));
+    tabs.addTab("Dimension", new RowsPane(workspace, DimensionRows::read));
+    tabs.addTab("Picture", new PicturePane(workspace));
+    tabs.addTab("Settings", new RowsPane(workspace, SettingsRows::read));
+    tabs.addTab("Hits", new HitsPane(workspace, search).panel);
+    tabs.addTab("Findings", findings.panel);
+    tabs.addTab("History", new HistoryPane(workspace).panel);
     autoKeep = new AutoKeep(this);
     setTitle();
   }
 
-  private void layOut(SearchBar search) {
-    JScrollPane scroll = new JScrollPane(tree);
-    scroll.setBorder(BorderFactory.createEmptyBorder());
+  private void layOut(JPanel search) {
     JPanel left = new JPanel(new BorderLayout());
     left.add(search, BorderLayout.NORTH);
+    JScrollPane scroll = new JScrollPane(tree);
+    scroll.setBorder(BorderFactory.createEmptyBorder());
     left.add(scroll);
     split.setLeftComponent(left);
     split.setRightComponent(tabs);
     split.setBorder(BorderFactory.createEmptyBorder());
     tabs.setName("panes");
     tabs.getAccessibleContext().setAccessibleName("Panes");
+    frame.setJMenuBar(commands.bar());
     frame.add(split, BorderLayout.CENTER);
     frame.add(status, BorderLayout.SOUTH);
+    frame.setDefaultCloseOperation(WindowConstants.DO_NOTHING_ON_CLOSE);
     frame.addWindowListener(new WindowAdapter() {
       @Override
       public void windowClosing(WindowEvent event) {
@@ -111,12 +99,13 @@ final class EditorWindow {
   }
 
   private void addHistoryCommands() {
+    JMenu menu = commands.menu("Edit");
     History history = workspace.history();
-    addToMenu("Edit", commands.add("undo", "Undo", "ctrl Z", "Take the last edit back",
-        () -> history.toUndo() != null, workspace::undo));
-    addToMenu("Edit", commands.add("redo", "Redo", "ctrl Y", "Do the edit again",
-        () -> history.toRedo() != null, workspace::redo));
-    addSeparator("Edit");
+    commands.add(menu, "Undo", "ctrl Z", "Take the last edit back", workspace::undo)
+        .when(() -> history.toUndo() != null);
+    commands.add(menu, "Redo", "ctrl Y", "Do the edit again", workspace::redo)
+        .when(() -> history.toRedo() != null);
+    menu.addSeparator();
   }
 
   Editor editor() {
@@ -144,11 +133,8 @@ final class EditorWindow {
     return focus != null && SwingUtilities.isDescendingFrom(focus, tabs);
   }
 
-  // ---- For those who fill the window ----
-
-  /** Adds a tab on the right. */
-  void addPane(String title, JComponent pane) {
-    tabs.addTab(title, pane);
+  private void setTitle() {
+    frame.setTitle((workspace.dirty() ? "* " : "") + workspace.name() + " \u2013 " + Ask.TITLE);
   }
 
   /** Shows a tab. */
@@ -156,53 +142,10 @@ final class EditorWindow {
     tabs.setSelectedComponent(pane);
   }
 
-  /** Adds a command to a menu, which is made when it is first named. */
-  void addToMenu(String menu, Action command) {
-    menu(menu).add(command);
-  }
-
-  /** Ends a group of commands in a menu. */
-  void addSeparator(String menu) {
-    menu(menu).addSeparator();
-  }
-
-  /** The menu of a name, made when it is first asked for. */
-  JMenu menu(String name) {
-    return menusByName.computeIfAbsent(name, n -> {
-      JMenu made = new JMenu(n);
-      made.setMnemonic(n.charAt(0));
-      menus.add(made);
-      return made;
-    });
-  }
-
-  // ---- Telling and asking ----
-
-  private void setTitle() {
-    frame.setTitle((workspace.dirty() ? "* " : "") + workspace.name() + " \u2013 " + TITLE);
-  }
-
-  /** Shows a sentence in a dialog. */
-  void say(String sentence) {
-    JOptionPane.showMessageDialog(frame, sentence, TITLE, JOptionPane.WARNING_MESSAGE);
-  }
-
   /** Shows a sentence in the status line for a while. */
   void status(String sentence) {
     status.say(sentence);
   }
-
-  /** Asks whether to do something; {@code yes} is the name of the button that does it. */
-  boolean confirm(String question, String yes) {
-    return ask(question, yes, "Cancel") == 0;
-  }
-
-  private int ask(String question, Object... answers) {
-    return JOptionPane.showOptionDialog(frame, question, TITLE, JOptionPane.DEFAULT_OPTION,
-        JOptionPane.QUESTION_MESSAGE, null, answers, answers[0]);
-  }
-
-  // ---- Showing and closing ----
 
   /** Shows the window. */
   void show() {
@@ -227,15 +170,13 @@ final class EditorWindow {
     closing = true;
     settle(() -> {
       int answer = !workspace.dirty() ? 1
-          : ask("There are unsaved changes in " + workspace.name() + ".",
+          : Ask.choose(frame, "There are unsaved changes in " + workspace.name() + ".",
               "Save", "Discard", "Cancel");
+      closing = answer == 1;
       if (answer == 0) {
-        closing = false;
         workspace.save(this::closeNow);
       } else if (answer == 1) {
         closeNow();
-      } else {
-        closing = false;
       }
     });
   }

@@ -2,40 +2,27 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Finding;
-import com.olvane.kep.olvane.outline.Member;
-import java.awt.BorderLayout;
 import java.text.NumberFormat;
-import java.util.Arrays;
-import java.util.Collections;
 import java.util.List;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
-import javax.swing.JScrollPane;
 
 /** What verification found; to choose a finding goes to its member. */
-final class FindingsPane extends JPanel {
-  private static final long serialVersionUID = 1;
-
+final class FindingsPane {
   private final JLabel summary = new JLabel("Verify the outline to see what is wrong with it.");
-  private final transient Listing<Finding> listing = new Listing<>("findings",
-      new String[] {"Member", "Finding"}, new int[] {160, 520}, Arrays.asList(
-          finding -> finding.handle() == 0 ? "The whole outline" : finding.member(),
-          Finding::toString));
+  private final Listing<Finding> listing = new Listing<Finding>("findings")
+      .column("Member", 160,
+          finding -> finding.handle() == 0 ? "The whole outline" : finding.member())
+      .column("Finding", 520, Finding::toString);
+  final JPanel panel = listing.pane(summary);
 
   FindingsPane(Workspace workspace) {
-    super(new BorderLayout());
-    summary.setBorder(Theme.space(8, 10));
     listing.onChoice(1, finding -> {
       if (finding.handle() != 0) {
-        workspace.read(
-            () -> workspace.outline().read(new int[] {finding.handle()}, Details.NONE).get(0),
-            (Member member) -> workspace.select(Collections.singletonList(member)));
+        workspace.read(() -> workspace.outline().read(new int[] {finding.handle()}, Details.NONE),
+            workspace::select);
       }
     });
-    JScrollPane scroll = new JScrollPane(listing);
-    scroll.setBorder(Theme.space(0, 0));
-    add(summary, BorderLayout.NORTH);
-    add(scroll);
   }
 
   /** Shows what was found. */

@@ -4,9 +4,7 @@ import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
-import java.awt.BorderLayout;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.Collections;
 import java.util.HashMap;
 import java.util.List;
@@ -14,37 +12,29 @@ import java.util.Map;
 import java.util.stream.Collectors;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
-import javax.swing.JScrollPane;
 import javax.swing.SwingUtilities;
 
 /** The members that a search found, with their paths, which are read when they come into view. */
-final class HitsPane extends JPanel {
-  private static final long serialVersionUID = 1;
+final class HitsPane {
   private static final String TO_COME = "\u2026";
 
-  private final transient Workspace workspace;
-  private final transient SearchTask search;
-  private final transient Map<Integer, String> paths = new HashMap<>();
-  private final transient List<Member> asked = new ArrayList<>();
-  private final transient Listing<Member> listing = new Listing<>("hits",
-      new String[] {"Member", "Alias", "Path"}, new int[] {160, 200, 360},
-      Arrays.asList(Member::name, HitsPane::alias, this::path));
+  private final Workspace workspace;
+  private final SearchTask search;
+  private final Map<Integer, String> paths = new HashMap<>();
+  private final List<Member> asked = new ArrayList<>();
+  private final Listing<Member> listing = new Listing<Member>("hits")
+      .column("Member", 160, Member::name).column("Alias", 200, HitsPane::alias)
+      .column("Path", 360, this::path);
+  final JPanel panel = listing.pane(
+      new JLabel("Type into the search field above the tree; click a member to go to it."));
   private int shown;
 
   HitsPane(Workspace workspace, SearchTask search) {
-    super(new BorderLayout());
     this.workspace = workspace;
     this.search = search;
     listing.show(search.hits());
     listing.onChoice(1, member -> search.go(listing.getSelectedRow()));
-    JLabel hint =
-        new JLabel("Type into the search field above the tree; click a member to go to it.");
-    hint.setBorder(Theme.space(8, 10));
-    JScrollPane scroll = new JScrollPane(listing);
-    scroll.setBorder(Theme.space(0, 0));
-    add(hint, BorderLayout.NORTH);
-    add(scroll);
-    search.onProgress(this::follow);
+    search.progress.hear(task -> follow());
     workspace.changed.hear(change -> {
       paths.clear();
       listing.repaint();
@@ -60,9 +50,8 @@ final class HitsPane extends JPanel {
     }
     shown = now;
     int position = search.position();
-    if (position >= 0 && position < now && listing.getSelectedRow() != position) {
-      listing.setRowSelectionInterval(position, position);
-      listing.scrollRectToVisible(listing.getCellRect(position, 0, true));
+    if (position >= 0 && listing.getSelectedRow() != position) {
+      listing.choose(position);
     }
   }
 
@@ -72,8 +61,7 @@ final class HitsPane extends JPanel {
   }
 
   private String path(Member member) {
-    if (!paths.containsKey(member.handle())) {
-      paths.put(member.handle(), TO_COME);
+    if (paths.putIfAbsent(member.handle(), TO_COME) == null) {
       if (asked.isEmpty()) {
         // Behind the painting that asks for all rows in view.
         SwingUtilities.invokeLater(this::readPaths);
@@ -86,11 +74,9 @@ final class HitsPane extends JPanel {
   private void readPaths() {
     List<Member> some = new ArrayList<>(asked);
     asked.clear();
-    workspace.read(() -> some.stream().map(one -> path(workspace.outline(), one))
-        .collect(Collectors.toList()), found -> {
-          for (int i = 0; i < some.size(); i++) {
-            paths.put(some.get(i).handle(), found.get(i));
-          }
+    workspace.read(() -> some.stream().collect(Collectors.toMap(
+        Member::handle, one -> path(workspace.outline(), one), (path, same) -> path)), found -> {
+          paths.putAll(found);
           listing.repaint();
         });
   }

@@ -1,59 +1,51 @@
 package com.olvane.kep.olvane.editor;
 
+import java.awt.BorderLayout;
 import java.awt.KeyboardFocusManager;
-import java.awt.event.ActionEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
+import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
 import java.util.function.Consumer;
 import java.util.function.Function;
-import javax.swing.AbstractAction;
+import javax.swing.JLabel;
+import javax.swing.JPanel;
+import javax.swing.JScrollPane;
 import javax.swing.JTable;
-import javax.swing.KeyStroke;
 import javax.swing.ListSelectionModel;
 import javax.swing.table.AbstractTableModel;
+import javax.swing.table.TableColumn;
 
 /** A table of things to choose from by click or Enter, a column for each aspect of them. */
 final class Listing<T> extends JTable {
   private static final long serialVersionUID = 1;
 
-  private final transient List<Function<T, String>> aspects;
+  private final transient List<Function<T, String>> aspects = new ArrayList<>();
+  private final AbstractTableModel rows = new AbstractTableModel() {
+    private static final long serialVersionUID = 1;
+
+    @Override
+    public int getRowCount() {
+      return shown.size();
+    }
+
+    @Override
+    public int getColumnCount() {
+      return aspects.size();
+    }
+
+    @Override
+    public Object getValueAt(int row, int column) {
+      return aspects.get(column).apply(shown.get(row));
+    }
+  };
   private transient List<T> shown = Collections.emptyList();
 
-  /**
-   * Makes an empty table.
-   *
-   * @param name its name, for tests and assistive technology
-   * @param headings the headings of the columns
-   * @param widths the widths that they had best, in pixels
-   * @param aspects what stands in the columns
-   */
-  Listing(String name, String[] headings, int[] widths, List<Function<T, String>> aspects) {
-    this.aspects = aspects;
-    setModel(new AbstractTableModel() {
-      private static final long serialVersionUID = 1;
-
-      @Override
-      public int getRowCount() {
-        return shown.size();
-      }
-
-      @Override
-      public int getColumnCount() {
-        return headings.length;
-      }
-
-      @Override
-      public String getColumnName(int column) {
-        return headings[column];
-      }
-
-      @Override
-      public Object getValueAt(int row, int column) {
-        return Listing.this.aspects.get(column).apply(shown.get(row));
-      }
-    });
+  /** Makes a table without columns; its name is for tests and assistive technology. */
+  Listing(String name) {
+    setAutoCreateColumnsFromModel(false);
+    setModel(rows);
     Theme.style(this);
     setName(name);
     getAccessibleContext().setAccessibleName(name);
@@ -61,20 +53,43 @@ final class Listing<T> extends JTable {
     // Tab leaves the table, as there is nothing to edit in its cells.
     setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
     setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
-    for (int column = 0; column < widths.length; column++) {
-      getColumnModel().getColumn(column).setPreferredWidth(widths[column]);
-    }
+  }
+
+  /** Adds a column of the width that it had best. */
+  Listing<T> column(String heading, int width, Function<T, String> aspect) {
+    TableColumn column = new TableColumn(aspects.size(), width);
+    column.setHeaderValue(heading);
+    aspects.add(aspect);
+    addColumn(column);
+    return this;
+  }
+
+  /** {@return this below a sentence, as a pane of the window} */
+  JPanel pane(JLabel sentence) {
+    JPanel pane = new JPanel(new BorderLayout());
+    sentence.setBorder(Theme.space(8, 10));
+    JScrollPane scroll = new JScrollPane(this);
+    scroll.setBorder(Theme.space(0, 0));
+    pane.add(sentence, BorderLayout.NORTH);
+    pane.add(scroll);
+    return pane;
   }
 
   /** Shows things; the list may grow, and {@link #grown} says so. */
   void show(List<T> things) {
     shown = things;
-    ((AbstractTableModel) getModel()).fireTableDataChanged();
+    rows.fireTableDataChanged();
   }
 
   /** The list that is shown has become longer. */
   void grown(int before) {
-    ((AbstractTableModel) getModel()).fireTableRowsInserted(before, shown.size() - 1);
+    rows.fireTableRowsInserted(before, shown.size() - 1);
+  }
+
+  /** Chooses what is in a row, and brings it into view. */
+  void choose(int row) {
+    setRowSelectionInterval(row, row);
+    scrollRectToVisible(getCellRect(row, 0, true));
   }
 
   /** What is chosen; null for nothing. */
@@ -84,24 +99,19 @@ final class Listing<T> extends JTable {
 
   /** Hears of what is clicked so many times, or of Enter. */
   void onChoice(int clicks, Consumer<T> listener) {
+    Runnable choice = () -> {
+      if (chosen() != null) {
+        listener.accept(chosen());
+      }
+    };
     addMouseListener(new MouseAdapter() {
       @Override
       public void mouseClicked(MouseEvent event) {
-        if (event.getClickCount() == clicks && chosen() != null) {
-          listener.accept(chosen());
+        if (event.getClickCount() == clicks) {
+          choice.run();
         }
       }
     });
-    getInputMap().put(KeyStroke.getKeyStroke("ENTER"), "choose");
-    getActionMap().put("choose", new AbstractAction() {
-      private static final long serialVersionUID = 1;
-
-      @Override
-      public void actionPerformed(ActionEvent event) {
-        if (chosen() != null) {
-          listener.accept(chosen());
-        }
-      }
-    });
+    Listen.onKey(this, "ENTER", choice);
   }
 }

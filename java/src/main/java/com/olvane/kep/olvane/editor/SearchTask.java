@@ -15,9 +15,11 @@ final class SearchTask {
   /** More members than these are not listed. */
   private static final int LISTED = 100_000;
 
+  /** Tells, on the event thread, of what was found and of how far the search is. */
+  final Event<SearchTask> progress = new Event<>();
+
   private final Workspace workspace;
   private final List<Member> hits = new ArrayList<>();
-  private final List<Runnable> listeners = new ArrayList<>();
   private Search wanted;
   private Details wantedDetails;
   private int number;
@@ -35,25 +37,12 @@ final class SearchTask {
     });
   }
 
-  /** Hears, on the event thread, of what was found and of how far the search is. */
-  void onProgress(Runnable listener) {
-    listeners.add(listener);
-  }
-
-  private void tell() {
-    listeners.forEach(Runnable::run);
-  }
-
   /** Begins to search and to read such details of what is found; what runs is given up. */
   void start(Search search, Details details) {
     wanted = search;
     wantedDetails = details;
-    hits.clear();
-    position = -1;
-    searched = 0;
-    running = true;
-    int own = ++number;
-    tell();
+    clear(true);
+    int own = number;
     workspace.read(() -> workspace.outline().search(search, details), run -> batch(own, run));
   }
 
@@ -78,7 +67,7 @@ final class SearchTask {
       if (position < 0 && !hits.isEmpty()) {
         next(1);
       }
-      tell();
+      progress.tell(this);
       batch(own, run);
     });
   }
@@ -86,16 +75,21 @@ final class SearchTask {
   /** Gives the search up; what was found stays. */
   void cancel() {
     running = false;
-    tell();
+    progress.tell(this);
   }
 
   /** Forgets what was found. */
   void clear() {
+    clear(false);
+  }
+
+  private void clear(boolean starting) {
     number++;
-    running = false;
+    running = starting;
     hits.clear();
+    searched = 0;
     position = -1;
-    tell();
+    progress.tell(this);
   }
 
   /** Goes so many members on among those found, and round at the ends. */
@@ -113,14 +107,10 @@ final class SearchTask {
       try {
         return Collections.singletonList(workspace.outline().read(member, Details.NONE));
       } catch (OutlineException e) {
-        return Collections.<Member>emptyList();
+        return workspace.selection();
       }
-    }, found -> {
-      if (!found.isEmpty()) {
-        workspace.select(found);
-      }
-    });
-    tell();
+    }, workspace::select);
+    progress.tell(this);
   }
 
   boolean isRunning() {

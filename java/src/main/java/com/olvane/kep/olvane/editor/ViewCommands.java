@@ -14,63 +14,63 @@ import javax.swing.JRadioButtonMenuItem;
 
 /** The commands that change what is shown, and nothing in the outline. */
 final class ViewCommands {
-  private static final String VIEW = "View";
-  private static final int GENERATIONS = 6;
+  private static final int LAST_GENERATION = 7;
   /** More members than these are not opened at once. */
   private static final int OPENED = 5000;
 
   private final EditorWindow window;
+  private final Workspace workspace;
   private final OutlineTree tree;
   private final JMenu aliases = new JMenu("Aliases Shown");
 
   ViewCommands(EditorWindow window) {
     this.window = window;
+    this.workspace = window.workspace();
     this.tree = window.tree();
     Commands commands = window.commands();
-    window.addToMenu(VIEW, commands.add("jump", "Jump to Selection", "ctrl J",
-        "Bring the selected member into view", () -> !window.workspace().selection().isEmpty(),
-        () -> tree.reveal(window.workspace().selection(), tree::requestFocusInWindow)));
+    JMenu view = commands.menu("View");
+    commands.add(view, "Jump to Selection", "ctrl J", "Bring the selected member into view",
+        () -> tree.reveal(workspace.selection(), tree::requestFocusInWindow))
+        .when(() -> !workspace.selection().isEmpty());
     JMenu expand = new JMenu("Expand to Generation");
-    for (int generation = 2; generation < 2 + GENERATIONS; generation++) {
+    for (int generation = 2; generation <= LAST_GENERATION; generation++) {
       int last = generation;
-      expand.add(commands.add("expand-" + generation, "Generation " + generation,
-          "ctrl " + generation, "Open members until generation " + generation + " is seen",
-          () -> expand(last)));
+      commands.add(expand, "Generation " + last, "ctrl " + last,
+          "Open members until generation " + last + " is seen", () -> expand(last));
     }
-    window.menu(VIEW).add(expand);
-    window.addToMenu(VIEW, commands.add("collapse", "Collapse All", "ctrl 1",
-        "Close all members", tree::collapseAll));
-    window.addSeparator(VIEW);
-    window.menu(VIEW).add(aliases);
-    window.workspace().changed.hear(change -> {
+    view.add(expand);
+    commands.add(view, "Collapse All", "ctrl 1", "Close all members", tree::collapseAll);
+    view.addSeparator();
+    view.add(aliases);
+    view.add(themes());
+    workspace.changed.hear(change -> {
       if (change.aliasTablesChanged) {
         listAliasTables();
       }
     });
-    addThemes();
     listAliasTables();
   }
 
   // ---- Expanding ----
 
   private void expand(int generation) {
-    Outline outline = window.workspace().outline();
-    window.workspace().read(() -> {
-      List<Member> toOpen = toOpen(outline, generation);
-      return toOpen.size() > OPENED ? null : new TreeReading(outline, tree.pagedModel().details,
-          toOpen.stream().map(Member::handle).collect(Collectors.toList()));
-    }, places -> {
-      if (places == null) {
+    Outline outline = workspace.outline();
+    workspace.read(() -> {
+      List<Integer> toOpen = toOpen(outline, generation);
+      return toOpen.size() > OPENED ? null
+          : new TreeReading(outline, tree.pagedModel().details, toOpen);
+    }, read -> {
+      if (read == null) {
         window.status("More than " + OPENED + " members would be opened;"
             + " choose a lower generation.");
       } else {
-        tree.open(places);
+        tree.open(read);
       }
     });
   }
 
   /** The members to be opened, parents first; a few more than allowed when there are too many. */
-  private static List<Member> toOpen(Outline outline, int generation) {
+  private static List<Integer> toOpen(Outline outline, int generation) {
     List<Member> found = new ArrayList<>(outline.dimensions());
     for (int i = 0; i < found.size() && found.size() <= OPENED; i++) {
       if (found.get(i).generation() + 1 < generation) {
@@ -79,44 +79,42 @@ final class ViewCommands {
         }
       }
     }
-    return found;
+    return found.stream().map(Member::handle).collect(Collectors.toList());
   }
 
   // ---- Aliases and colours ----
 
   private void listAliasTables() {
-    window.workspace().read(() -> window.workspace().outline().aliasTables().names(), names -> {
+    workspace.read(() -> workspace.outline().aliasTables().names(), names -> {
       aliases.removeAll();
       ButtonGroup group = new ButtonGroup();
       if (!names.contains(tree.aliasTable()) && !tree.aliasTable().isEmpty()) {
         tree.setAliasTable(names.get(0));
       }
-      addAliasTable(group, "None", "");
-      names.forEach(name -> addAliasTable(group, name, name));
+      addChoice(aliases, group, "None", tree.aliasTable().isEmpty(), () -> tree.setAliasTable(""));
+      names.forEach(name -> addChoice(aliases, group, name, name.equals(tree.aliasTable()),
+          () -> tree.setAliasTable(name)));
     });
   }
 
-  private void addAliasTable(ButtonGroup group, String text, String table) {
-    JRadioButtonMenuItem item = new JRadioButtonMenuItem(text, table.equals(tree.aliasTable()));
-    item.addActionListener(event -> tree.setAliasTable(table));
-    group.add(item);
-    aliases.add(item);
-  }
-
-  private void addThemes() {
+  private JMenu themes() {
     JMenu themes = new JMenu("Colours");
     ButtonGroup group = new ButtonGroup();
     for (Palette palette : Palette.values()) {
       String name = palette == Palette.LIGHT ? "Light" : "Dark";
-      JRadioButtonMenuItem item =
-          new JRadioButtonMenuItem(name, Theme.palette() == palette);
-      item.addActionListener(event -> {
+      addChoice(themes, group, name, Theme.palette() == palette, () -> {
         Theme.install(palette);
         window.editor().settings().put("theme", name.toLowerCase(Locale.ROOT));
       });
-      group.add(item);
-      themes.add(item);
     }
-    window.menu(VIEW).add(themes);
+    return themes;
+  }
+
+  private static void addChoice(
+      JMenu menu, ButtonGroup group, String text, boolean chosen, Runnable choose) {
+    JRadioButtonMenuItem item = new JRadioButtonMenuItem(text, chosen);
+    item.addActionListener(event -> choose.run());
+    group.add(item);
+    menu.add(item);
   }
 }
