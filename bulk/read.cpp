@@ -94,11 +94,21 @@ GivenHandle first_child(const Request& request, uint32_t* field) {
   return ask_handle(OlvOtlGetNextSibling, outline, request.next);
 }
 
+// Says so in a record when its codes are those of the record before.
+void mark_same_codes(const uint8_t* before, uint8_t* record) {
+  constexpr size_t kBytes = KEPOTL_FORMAT(CODE_COUNT) * sizeof(int16_t);
+  const size_t codes = KEPOTL_FORMAT(READ_CODES);
+  if (std::memcmp(before + codes, record + codes, kBytes) != 0) return;
+  uint8_t* const flags = record + KEPOTL_FORMAT(READ_FLAGS);
+  store(flags, load<uint32_t>(flags) | uint32_t{KEPOTL_FORMAT(SAME_CODES)});
+}
+
 // Writes the members from a cursor on. `dimension` of all of them, or 0 where it is to be found for
 // each.
 template <typename Cursor>
 void list(const Request& request, Cursor cursor, HMember dimension, Answer* answer) {
   const char* last_dimension = nullptr;
+  const uint8_t* before = nullptr;
   uint8_t* at = request.answer;
   while (cursor.member() != 0 && (request.limit == 0 || answer->count < request.limit)) {
     const HMember member = cursor.member();
@@ -114,6 +124,8 @@ void list(const Request& request, Cursor cursor, HMember dimension, Answer* answ
       if (answer->count == 0) answer->needed = out.size();
       break;
     }
+    if (before != nullptr) mark_same_codes(before, at);
+    before = at;
     at += out.size();
     ++answer->count;
     const int status = cursor.advance();

@@ -3,10 +3,11 @@ package com.olvane.kep.olvane.outline;
 import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
+import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import java.nio.ByteBuffer;
-import java.util.ArrayDeque;
 import java.util.ConcurrentModificationException;
+import java.util.concurrent.ArrayBlockingQueue;
 import java.util.concurrent.locks.ReentrantLock;
 
 /**
@@ -17,6 +18,11 @@ final class Access {
   /** A native method with what each of them takes. */
   interface Call {
     int on(InstanceHandle instance, OutlineHandle outline);
+
+    /** What a status is about, in words; empty where that is the member. */
+    default String field() {
+      return "";
+    }
   }
 
   private static final int BUFFER_BYTES = 64 * 1024;
@@ -31,8 +37,8 @@ final class Access {
   final String database;
   final boolean editing;
   private final ReentrantLock lock = new ReentrantLock();
-  private final ArrayDeque<ByteBuffer> buffers = new ArrayDeque<>();
-  private int bufferBytes = BUFFER_BYTES;
+  private final ArrayBlockingQueue<ByteBuffer> buffers = new ArrayBlockingQueue<>(KEPT_BUFFERS);
+  private volatile int bufferBytes = BUFFER_BYTES;
   private volatile long edits;
   private long savedEdits;
 
@@ -46,41 +52,38 @@ final class Access {
     this.editing = editing;
   }
 
-  /** Opens a stored object for editing, in the context that has it. */
-  static Access edit(
-      Login login, ContextHandle context, String application, String database, String object) {
+  /** Opens the outline of a database for editing, in the context that has it. */
+  static Access edit(Login login, ContextHandle context, String application, String database) {
     Access access = new Access(login, context, application, database, true);
-    OutlineHandle handle = access.handle;
     login.beginEditing(access.name());
     try {
-      check("open the outline for editing", access.name(), "",
-          OutlineJni.openOutlineEdit(context, application, database, object, handle));
-      if (!handle.isSet()) {
-        throw new OutlineException(
-            "open the outline for editing", Status.REFUSED, access.name(), "");
-      }
-      return access;
-    } finally {
-      if (!handle.isSet()) {
-        login.endEditing(access.name());
-      }
+      return access.opened("open the outline for editing",
+          OutlineJni.openOutlineEdit(context, application, database, database, access.handle));
+    } catch (RuntimeException e) {
+      login.forget(access);
+      throw e;
     }
   }
 
   /** Opens the outline of a database, or of the active one of a login of the vendor's. */
   static Access browse(Login login, String application, String database) {
     Access access = new Access(login, login.context, application, database, false);
+    login.requireOpen();
     login.active.lock();
     try {
       if (login.session != null) {
         login.session.setActive(application, database);
       }
-      check("open the outline for browsing", access.name(), "",
+      return access.opened("open the outline for browsing",
           OutlineJni.openOutlineQuery(login.context, access.handle));
-      return access;
     } finally {
       login.active.unlock();
     }
+  }
+
+  private Access opened(String action, int status) {
+    check(action, name(), "", status == Status.OK && !handle.isSet() ? Status.REFUSED : status);
+    return login.keep(this);
   }
 
   String name() {
@@ -107,13 +110,6 @@ final class Access {
     }
   }
 
-  /** Enters for an edit. */
-  void enterToEdit() {
-    requireEditing();
-    enter();
-    edits++;
-  }
-
   /** Throws unless a status is 0. */
   static void check(String action, String member, String field, int status) {
     if (status != Status.OK) {
@@ -121,24 +117,38 @@ final class Access {
     }
   }
 
-  /** Makes a call that changes nothing. */
-  void read(String action, String member, Call call) {
+  /** Makes a call and gives what it answers. */
+  int answer(Call call) {
     enter();
     try {
-      check(action, member, "", call.on(instance, handle));
+      return call.on(instance, handle);
     } finally {
       leave();
     }
   }
 
-  /** Makes a call that changes the outline. */
-  void edit(String action, String member, Call call) {
-    enterToEdit();
+  /** Makes a call that changes the outline, and gives what it answers. */
+  int answerToEdit(Call call) {
+    requireEditing();
+    enter();
     try {
-      check(action, member, "", call.on(instance, handle));
+      edits++;
+      return call.on(instance, handle);
     } finally {
       leave();
     }
+  }
+
+  /** Makes a call that changes nothing. */
+  void read(String action, String member, Call call) {
+    int status = answer(call);
+    check(action, member, call.field(), status);
+  }
+
+  /** Makes a call that changes the outline. */
+  void edit(String action, String member, Call call) {
+    int status = answerToEdit(call);
+    check(action, member, call.field(), status);
   }
 
   /** Makes a call that uses the active database of the login. */
@@ -176,14 +186,11 @@ final class Access {
   /** Writes the outline to its database. */
   void save() {
     requireEditing();
-    enter();
-    try {
-      check("save the outline", name(), "",
-          OutlineJni.write(context, handle, application, database));
-      savedEdits = edits;
-    } finally {
-      leave();
-    }
+    read("save the outline", name(), (i, o) -> {
+      int status = OutlineJni.write(context, o, application, database);
+      savedEdits = status == Status.OK ? edits : savedEdits;
+      return status;
+    });
   }
 
   /** Closes the outline after the call that runs; closing again does nothing. */
@@ -199,43 +206,33 @@ final class Access {
               : OutlineJni.closeOutlineQuery(handle);
       // Whatever it answered, nothing can be done with the handle any more.
       handle.setValue(0);
-      synchronized (buffers) {
-        buffers.clear();
-      }
+      buffers.clear();
+      login.forget(this);
       check("close the outline", name(), "", status);
     } finally {
-      if (editing) {
-        login.endEditing(name());
-      }
       lock.unlock();
     }
   }
 
   /** Changes how large buffers are made, for tests. */
   void useBuffersOf(int bytes) {
-    synchronized (buffers) {
-      buffers.clear();
-      bufferBytes = bytes;
-    }
+    buffers.clear();
+    bufferBytes = bytes;
   }
 
   /** Lends a buffer of at least so many bytes. */
   ByteBuffer borrow(int bytes) {
-    ByteBuffer buffer;
-    synchronized (buffers) {
-      buffer = bytes <= bufferBytes ? buffers.poll() : null;
-    }
+    ByteBuffer buffer = bytes <= bufferBytes ? buffers.poll() : null;
     return buffer != null
         ? buffer
-        : ByteBuffer.allocateDirect(Math.max(bytes, bufferBytes)).order(BulkCall.ORDER);
+        : ByteBuffer.allocateDirect(Math.max(bytes, bufferBytes)).order(OutlineBulk.ORDER);
   }
 
   /** Takes a buffer back; one that has grown is let go. */
   void giveBack(ByteBuffer buffer) {
-    synchronized (buffers) {
-      if (buffer.capacity() == bufferBytes && buffers.size() < KEPT_BUFFERS) {
-        buffers.push(buffer);
-      }
+    buffer.clear();
+    if (buffer.capacity() == bufferBytes) {
+      buffers.offer(buffer);
     }
   }
 }

@@ -56,7 +56,8 @@ abstract class BrowsedOutline {
    * @return the member, or nothing where there is none
    */
   public Optional<Member> find(String name, Details details) {
-    return Optional.ofNullable(Reading.find(access, name, details));
+    List<Member> found = Reading.named(access, name, details).all();
+    return found.isEmpty() ? Optional.empty() : Optional.of(found.get(0));
   }
 
   /**
@@ -68,8 +69,7 @@ abstract class BrowsedOutline {
    * @throws OutlineException if it is not there any more
    */
   public Member read(Member member, Details details) {
-    return Reading.members(access, member.name(), new int[] {member.handle()}, details)
-        .all().get(0);
+    return Reading.again(access, member.name(), member.handle(), details);
   }
 
   /**
@@ -170,18 +170,10 @@ abstract class BrowsedOutline {
    * @return the number of siblings before it
    */
   public long position(Member member) {
-    BulkCall call =
-        new BulkCall(access, OutlineBulk.POSITION, Collections.<String>emptyList());
-    call.put(OutlineBulk.MEMBER, member.handle());
-    call.ready();
-    access.enter();
-    try {
-      call.run();
-      Access.check("find the position", member.name(), call.field(), call.status());
+    try (BulkCall call = new BulkCall(access, OutlineBulk.POSITION, Collections.emptyList())) {
+      call.put(OutlineBulk.MEMBER, member.handle());
+      access.read("find the position", member.name(), call);
       return Integer.toUnsignedLong(call.count());
-    } finally {
-      access.leave();
-      call.release();
     }
   }
 

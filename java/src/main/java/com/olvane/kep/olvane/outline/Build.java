@@ -12,28 +12,46 @@ final class Build {
   /** A request is sent when it has grown to this size. */
   private static final int ENOUGH_BYTES = 60 * 1024;
 
-  /** The children of one member that are being made. Members are numbered in the order made. */
+  /** A member that others stand below or behind. */
+  private static final class Anchor {
+    private static final int THERE = -1;
+
+    /** The number of its record in the request; {@link #THERE} once it has a handle. */
+    int index = THERE;
+    int handle;
+    /** Where its record begins. */
+    int record;
+    String name;
+
+    /** One that is there; 0 where there is none. */
+    Anchor(int handle) {
+      this.handle = handle;
+    }
+
+    /** One that the request makes. */
+    Anchor(int index, int record, String name) {
+      this.index = index;
+      this.record = record;
+      this.name = name;
+    }
+  }
+
+  /** The children of one member that are being made. */
   private static final class Level {
     final Iterator<NewMember> members;
-    /** The parent: a number where {@code parentIsNumber}, else a handle. */
-    final int parent;
-    final boolean parentIsNumber;
-    /** The one made last: a number, or a handle before the first. */
-    int previous;
-    boolean previousIsNumber;
+    final Anchor parent;
+    Anchor previous;
 
-    Level(Iterator<NewMember> members, int parent, boolean parentIsNumber, int previous) {
+    Level(Iterator<NewMember> members, Anchor parent, Anchor previous) {
       this.members = members;
       this.parent = parent;
-      this.parentIsNumber = parentIsNumber;
       this.previous = previous;
     }
   }
 
   private final Access access;
   private final List<String> tables = new ArrayList<>();
-  private final List<Integer> records = new ArrayList<>();
-  private final List<String> names = new ArrayList<>();
+  private final List<Anchor> request = new ArrayList<>();
   private BulkCall call;
   private int[] made = new int[16];
   private int count;
@@ -46,7 +64,8 @@ final class Build {
   int[] run(Place.Resolved place, Iterable<NewMember> members) {
     // A stack of its own: what is to be made may be deeper than a thread's.
     ArrayDeque<Level> levels = new ArrayDeque<>();
-    levels.push(new Level(members.iterator(), place.parent, false, place.sibling));
+    levels.push(
+        new Level(members.iterator(), new Anchor(place.parent), new Anchor(place.sibling)));
     try {
       while (!levels.isEmpty()) {
         Level level = levels.peek();
@@ -55,15 +74,12 @@ final class Build {
           continue;
         }
         NewMember member = level.members.next();
-        int number = count + records.size();
-        add(member, level);
-        level.previous = number;
-        level.previousIsNumber = true;
+        level.previous = add(member, level);
         Iterator<NewMember> children = member.children();
         if (children.hasNext()) {
-          levels.push(new Level(children, number, true, 0));
+          levels.push(new Level(children, level.previous, new Anchor(0)));
         }
-        if (call != null && call.size() >= ENOUGH_BYTES) {
+        if (call.size() >= ENOUGH_BYTES) {
           send();
         }
       }
@@ -71,15 +87,15 @@ final class Build {
       return Arrays.copyOf(made, count);
     } finally {
       if (call != null) {
-        call.release();
+        call.close();
       }
     }
   }
 
-  private void add(NewMember member, Level level) {
+  private Anchor add(NewMember member, Level level) {
     int known = tables.size();
     member.details().addTables(tables);
-    if (call != null && tables.size() > known) {
+    if (tables.size() > known) {
       // The tables stand before the records.
       send();
     }
@@ -88,56 +104,41 @@ final class Build {
     }
     int record = member.details().write(call, member.name(), tables);
     int given = member.details().given();
-    given |= refer(record + OutlineBulk.MAKE_PARENT, level.parent, level.parentIsNumber,
-        OutlineBulk.GIVEN_PARENT_INDEX);
-    given |= refer(record + OutlineBulk.MAKE_SIBLING, level.previous, level.previousIsNumber,
-        OutlineBulk.GIVEN_SIBLING_INDEX);
+    given |= refer(
+        record + OutlineBulk.MAKE_PARENT, level.parent, OutlineBulk.GIVEN_PARENT_INDEX);
+    given |= refer(
+        record + OutlineBulk.MAKE_SIBLING, level.previous, OutlineBulk.GIVEN_SIBLING_INDEX);
     call.put(record + OutlineBulk.MAKE_GIVEN, given);
-    records.add(record);
-    names.add(member.name());
+    Anchor added = new Anchor(request.size(), record, member.name());
+    request.add(added);
+    return added;
   }
 
-  /** Names a member as one of this request where it is one, else by its handle. */
-  private int refer(int at, int member, boolean isNumber, int byIndex) {
-    // A new member's number may be that of a record still to be sent, or already sent.
-    if (!isNumber) {
-      call.put(at, member);
-      return 0;
-    }
-    if (member < count) {
-      call.put(at, made[member]);
-      return 0;
-    }
-    call.put(at, member - count);
-    return byIndex;
+  /** Names a member by its number in this request where it has one, else by its handle. */
+  private int refer(int at, Anchor member, int byIndex) {
+    boolean there = member.index == Anchor.THERE;
+    call.put(at, there ? member.handle : member.index);
+    return there ? 0 : byIndex;
   }
 
   private void send() {
     if (call == null) {
       return;
     }
-    call.ready();
-    access.enterToEdit();
-    try {
-      call.run();
-    } finally {
-      access.leave();
+    int status = access.answerToEdit(call);
+    for (Anchor one : request.subList(0, call.count())) {
+      one.handle = call.get(one.record + OutlineBulk.MAKE_HANDLE);
+      one.index = Anchor.THERE;
+      made = count < made.length ? made : Arrays.copyOf(made, 2 * count);
+      made[count++] = one.handle;
     }
-    int before = count;
-    made = made.length < before + call.count()
-        ? Arrays.copyOf(made, Math.max(2 * made.length, before + call.count()))
-        : made;
-    for (int i = 0; i < call.count(); i++) {
-      made[count++] = call.get(records.get(i) + OutlineBulk.MAKE_HANDLE);
-    }
-    if (call.status() != Status.OK) {
-      String refused = call.count() < names.size() ? names.get(call.count()) : "";
-      throw new OutlineException("make the member", call.status(), refused, call.field())
+    if (status != Status.OK) {
+      String refused = call.count() < request.size() ? request.get(call.count()).name : "";
+      throw new OutlineException("make the member", status, refused, call.field())
           .madeBefore(Arrays.copyOf(made, count));
     }
-    call.release();
+    call.close();
     call = null;
-    records.clear();
-    names.clear();
+    request.clear();
   }
 }

@@ -340,17 +340,10 @@ public final class Changes {
       call.number(tables.indexOf(alias.getKey()));
       call.text(alias.getValue());
     }
-    writeTexts(call, udas);
-    writeTexts(call, attributes);
+    call.texts(udas);
+    call.texts(attributes);
     call.put(record + OutlineBulk.MAKE_LENGTH, call.size() - record);
     return record;
-  }
-
-  private static void writeTexts(BulkCall call, List<String> texts) {
-    call.number(texts.size());
-    for (String text : texts) {
-      call.text(text);
-    }
   }
 
   int given() {

@@ -17,8 +17,6 @@ public enum Consolidation implements Code {
   /** A code that has no name here; the member tells it. */
   OTHER(-1, "another code");
 
-  private static final Consolidation[] ALL = values();
-
   private final short code;
   private final String words;
 
@@ -49,6 +47,6 @@ public enum Consolidation implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static Consolidation of(short code) {
-    return Code.find(ALL, code, OTHER);
+    return Code.find(values(), code, OTHER);
   }
 }

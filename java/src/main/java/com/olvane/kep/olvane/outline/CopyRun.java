@@ -20,15 +20,13 @@ public final class CopyRun {
   CopyRun(Access access, Member source, Place.Resolved place) {
     this.access = access;
     this.source = source.name();
-    if (place.parent == 0 && place.sibling == 0) {
+    if (place.reference() == 0) {
       throw new IllegalArgumentException(
           "A copy cannot become the first dimension; copy it behind one and move it");
     }
-    boolean behind = place.sibling != 0;
     List<DefaultMember> made = new ArrayList<>();
-    int target = behind ? place.sibling : place.parent;
     access.edit("copy the member", source.name(), (i, o) -> OutlineJni.copyMember(
-        i, o, null, target, null, source.handle(), behind, request, made));
+        i, o, null, place.reference(), null, source.handle(), place.isBehind(), request, made));
     if (made.isEmpty()) {
       throw new OutlineException("copy the member", Status.REFUSED, source.name(), "");
     }
@@ -82,7 +80,7 @@ public final class CopyRun {
   /** {@return the copy of the member, as it is now} */
   public Member result() {
     requireNotCancelled();
-    return Reading.members(access, source, new int[] {copy}, Details.NONE).all().get(0);
+    return Reading.again(access, source, copy, Details.NONE);
   }
 
   /** Removes what was copied. Cancelling again does nothing. */

@@ -11,8 +11,6 @@ public enum CurrencyConversion implements Code {
   /** A code that has no name here; the member tells it. */
   OTHER(-1, "another code");
 
-  private static final CurrencyConversion[] ALL = values();
-
   private final short code;
   private final String words;
 
@@ -38,6 +36,6 @@ public enum CurrencyConversion implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static CurrencyConversion of(short code) {
-    return Code.find(ALL, code, OTHER);
+    return Code.find(values(), code, OTHER);
   }
 }

@@ -79,30 +79,20 @@ public final class Database {
 
   /** {@return whether the database holds data} */
   public boolean holdsData() {
-    access.enter();
-    try {
-      // -1 is its yes.
-      int answer = OutlineJni.getDataLoaded(
-          access.instance, access.login.context, access.application, access.database);
-      Access.check("see whether there is data", access.name(), "", answer == -1 ? 0 : answer);
-      return answer == -1;
-    } finally {
-      access.leave();
-    }
+    int answer = access.answer((i, o) -> OutlineJni.getDataLoaded(
+        i, access.login.context, access.application, access.database));
+    // -1 is its yes.
+    Access.check("see whether there is data", access.name(), "", answer == -1 ? 0 : answer);
+    return answer == -1;
   }
 
   /** {@return whether somebody has locked the outline, this login included} */
   public boolean isLocked() {
-    access.enter();
-    try {
-      int answer = OutlineJni.getLockedState(
-          access.instance, access.login.context, access.application, access.database);
-      // The indicator is a byte; statuses are larger.
-      Access.check("see whether it is locked", access.name(), "",
-          answer >= 0 && answer <= 0xff ? 0 : answer);
-      return answer != 0;
-    } finally {
-      access.leave();
-    }
+    int answer = access.answer((i, o) -> OutlineJni.getLockedState(
+        i, access.login.context, access.application, access.database));
+    // The indicator is a byte; statuses are larger.
+    Access.check("see whether it is locked", access.name(), "",
+        answer >= 0 && answer <= 0xff ? 0 : answer);
+    return answer != 0;
   }
 }

@@ -15,8 +15,6 @@ public enum DimensionCategory implements Code {
   /** A code that has no name here; the member tells it. */
   OTHER(-1, "another code");
 
-  private static final DimensionCategory[] ALL = values();
-
   private final short code;
   private final String words;
 
@@ -42,6 +40,6 @@ public enum DimensionCategory implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static DimensionCategory of(short code) {
-    return Code.find(ALL, code, OTHER);
+    return Code.find(values(), code, OTHER);
   }
 }

@@ -3,8 +3,8 @@ package com.olvane.kep.olvane.outline;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoredDatabase;
-import java.util.ArrayList;
 import java.util.List;
+import java.util.stream.Collectors;
 
 /**
  * Outlines that are kept aside in the store's scratch area, such as unsaved work. They are not
@@ -14,10 +14,10 @@ public final class LocalObjects {
   /** The application of the scratch area that has them. */
   private static final String APPLICATION = "Aside";
 
-  private final Store store;
+  private final Login login;
 
-  LocalObjects(Store store) {
-    this.store = store;
+  LocalObjects(Login login) {
+    this.login = login;
   }
 
   /**
@@ -30,7 +30,7 @@ public final class LocalObjects {
    */
   public void write(Outline outline, String name) {
     outline.access.read("keep the outline aside as " + name, outline.toString(),
-        (i, o) -> OutlineJni.write(store.localContext(), o, APPLICATION, name));
+        (i, o) -> OutlineJni.write(login.localContext(), o, APPLICATION, name));
   }
 
   /**
@@ -44,18 +44,13 @@ public final class LocalObjects {
    */
   public void writeBack(Outline kept, String application, String database) {
     kept.access.read("save the outline to " + application + "." + database, "",
-        (i, o) -> OutlineJni.write(store.login().context, o, application, database));
+        (i, o) -> OutlineJni.write(login.context, o, application, database));
   }
 
   /** {@return the local objects, sorted by name; {@code database()} tells the name} */
   public List<StoredDatabase> list() {
-    List<StoredDatabase> found = new ArrayList<>();
-    for (StoredDatabase one : store.session().databases(store.localContext())) {
-      if (one.application().equals(APPLICATION)) {
-        found.add(one);
-      }
-    }
-    return found;
+    return login.session.databases(login.localContext()).stream()
+        .filter(one -> one.application().equals(APPLICATION)).collect(Collectors.toList());
   }
 
   /**
@@ -66,8 +61,7 @@ public final class LocalObjects {
    * @throws OutlineException if it cannot be opened
    */
   public Outline open(String name) {
-    return store.keep(
-        Access.edit(store.login(), store.localContext(), APPLICATION, name, name));
+    return new Outline(Access.edit(login, login.localContext(), APPLICATION, name));
   }
 
   /**
@@ -78,12 +72,7 @@ public final class LocalObjects {
    * @throws IllegalStateException if this store has it open
    */
   public void remove(String name) {
-    String object = APPLICATION + "." + name;
-    store.login().beginEditing(object);
-    try {
-      store.session().deleteDatabase(store.localContext(), APPLICATION, name);
-    } finally {
-      store.login().endEditing(object);
-    }
+    login.whileNotEdited(APPLICATION + "." + name,
+        () -> login.session.deleteDatabase(login.localContext(), APPLICATION, name));
   }
 }

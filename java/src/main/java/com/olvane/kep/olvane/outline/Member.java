@@ -17,17 +17,8 @@ public final class Member {
   private final int handle;
   private final int dimensionHandle;
   private final int childCount;
-  private final short level;
-  private final short generation;
-  private final short consolidation;
-  private final short conversion;
-  private final short timeBalance;
-  private final short timeBalanceSkip;
-  private final short share;
-  private final short storageType;
-  private final short category;
-  private final short attributeType;
-  private final byte flags;
+  private final int flags;
+  private final short[] codes;
   private final String name;
   private final String dimension;
   private final String currencyMember;
@@ -44,27 +35,18 @@ public final class Member {
 
   /** Takes the record that a reader stands at. */
   Member(RecordReader in, Details details) {
-    handle = in.handle();
-    dimensionHandle = in.dimensionHandle();
-    childCount = in.childCount();
-    level = in.code(OutlineBulk.CODE_LEVEL);
-    generation = in.code(OutlineBulk.CODE_GENERATION);
-    consolidation = in.code(OutlineBulk.CODE_CONSOLIDATION);
-    conversion = in.code(OutlineBulk.CODE_CONVERSION);
-    timeBalance = in.code(OutlineBulk.CODE_TIME_BALANCE);
-    timeBalanceSkip = in.code(OutlineBulk.CODE_TIME_BALANCE_SKIP);
-    share = in.code(OutlineBulk.CODE_SHARE);
-    storageType = in.code(OutlineBulk.CODE_STORAGE_TYPE);
-    category = in.code(OutlineBulk.CODE_CATEGORY);
-    attributeType = in.code(OutlineBulk.CODE_ATTRIBUTE_TYPE);
-    flags = (byte) in.flags();
+    handle = in.fixed(OutlineBulk.READ_HANDLE);
+    dimensionHandle = in.fixed(OutlineBulk.READ_DIMENSION);
+    parent = in.fixed(OutlineBulk.READ_PARENT);
+    previous = in.fixed(OutlineBulk.READ_PREVIOUS);
+    childCount = in.fixed(OutlineBulk.READ_CHILD_COUNT);
+    flags = in.fixed(OutlineBulk.READ_FLAGS);
+    codes = in.codes();
     name = in.text();
     dimension = in.dimensionName();
     currencyMember = in.text();
     comment = in.text();
     this.details = details;
-    parent = in.parent();
-    previous = in.previous();
     extendedComment = details.has(OutlineBulk.DETAIL_EXTENDED_COMMENT) ? in.text() : null;
     formula = details.has(OutlineBulk.DETAIL_FORMULA) ? in.text() : null;
     aliases = details.has(OutlineBulk.DETAIL_ALIASES)
@@ -133,87 +115,87 @@ public final class Member {
 
   /** {@return the distance to its furthest leaf, 0 for a leaf} */
   public int level() {
-    return level;
+    return codes[OutlineBulk.CODE_LEVEL];
   }
 
   /** {@return the distance to the root, 1 for a dimension} */
   public int generation() {
-    return generation;
+    return codes[OutlineBulk.CODE_GENERATION];
   }
 
   /** {@return whether it is a dimension} */
   public boolean isDimension() {
-    return generation == 1;
+    return generation() == 1;
   }
 
   /** {@return how it is consolidated} */
   public Consolidation consolidation() {
-    return Consolidation.of(consolidation);
+    return Consolidation.of(consolidationCode());
   }
 
   /** {@return the number of {@link #consolidation}} */
   public short consolidationCode() {
-    return consolidation;
+    return codes[OutlineBulk.CODE_CONSOLIDATION];
   }
 
   /** {@return how its data is stored} */
   public Share share() {
-    return Share.of(share);
+    return Share.of(shareCode());
   }
 
   /** {@return the number of {@link #share}} */
   public short shareCode() {
-    return share;
+    return codes[OutlineBulk.CODE_SHARE];
   }
 
   /** {@return its time balance} */
   public TimeBalance timeBalance() {
-    return TimeBalance.of(timeBalance);
+    return TimeBalance.of(timeBalanceCode());
   }
 
   /** {@return the number of {@link #timeBalance}} */
   public short timeBalanceCode() {
-    return timeBalance;
+    return codes[OutlineBulk.CODE_TIME_BALANCE];
   }
 
   /** {@return what its time balance passes over} */
   public TimeBalanceSkip timeBalanceSkip() {
-    return TimeBalanceSkip.of(timeBalanceSkip);
+    return TimeBalanceSkip.of(timeBalanceSkipCode());
   }
 
   /** {@return the number of {@link #timeBalanceSkip}} */
   public short timeBalanceSkipCode() {
-    return timeBalanceSkip;
+    return codes[OutlineBulk.CODE_TIME_BALANCE_SKIP];
   }
 
   /** {@return its currency conversion} */
   public CurrencyConversion conversion() {
-    return CurrencyConversion.of(conversion);
+    return CurrencyConversion.of(conversionCode());
   }
 
   /** {@return the number of {@link #conversion}} */
   public short conversionCode() {
-    return conversion;
+    return codes[OutlineBulk.CODE_CONVERSION];
   }
 
   /** {@return the category of its dimension} */
   public DimensionCategory category() {
-    return DimensionCategory.of(category);
+    return DimensionCategory.of(categoryCode());
   }
 
   /** {@return the number of {@link #category}} */
   public short categoryCode() {
-    return category;
+    return codes[OutlineBulk.CODE_CATEGORY];
   }
 
   /** {@return the storage type of a dimension, 1 for a regular one; 0 for other members} */
   public short storageTypeCode() {
-    return storageType;
+    return codes[OutlineBulk.CODE_STORAGE_TYPE];
   }
 
   /** {@return the type of an attribute dimension or member, 0 for others} */
   public short attributeTypeCode() {
-    return attributeType;
+    return codes[OutlineBulk.CODE_ATTRIBUTE_TYPE];
   }
 
   /** {@return whether it is calculated in two passes} */

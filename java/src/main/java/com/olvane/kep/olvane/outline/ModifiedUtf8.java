@@ -1,5 +1,8 @@
 package com.olvane.kep.olvane.outline;
 
+import com.olvane.kep.olvane.defs.outline.HoldingBean;
+import java.nio.charset.StandardCharsets;
+
 /**
  * The encoding of texts in an outline: UTF-8 in which a zero takes two bytes and a supplementary
  * character, as two surrogates, six.
@@ -35,8 +38,13 @@ final class ModifiedUtf8 {
     return at < end && (bytes[at] & 0xc0) == 0x80;
   }
 
-  /** Encodes a text behind {@code at}, where there is room for three bytes a character. */
-  static int encode(String text, byte[] bytes, int at) {
+  /** Encodes a text. */
+  static byte[] encode(String text) {
+    byte[] bytes = new byte[HoldingBean.encodedLength(text)];
+    if (bytes.length == text.length()) {
+      return text.getBytes(StandardCharsets.US_ASCII);
+    }
+    int at = 0;
     for (int i = 0; i < text.length(); i++) {
       char c = text.charAt(i);
       if (c != 0 && c < 0x80) {
@@ -50,6 +58,6 @@ final class ModifiedUtf8 {
         bytes[at++] = (byte) (0x80 | c & 0x3f);
       }
     }
-    return at;
+    return bytes;
   }
 }

@@ -11,6 +11,7 @@ import com.olvane.kep.olvane.defs.outline.VerifyFinding;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
+import java.util.stream.Collectors;
 
 /**
  * An open outline. It carries out one call at a time, whichever thread it comes from; {@link
@@ -18,12 +19,9 @@ import java.util.List;
  * open for editing is locked, and what was not saved is gone with it.
  */
 public final class Outline extends BrowsedOutline implements AutoCloseable {
-  private final Store store;
-
-  /** Takes over an outline that was opened; {@code store} may be null. */
-  Outline(Access access, Store store) {
+  /** Takes over an outline that was opened. */
+  Outline(Access access) {
     super(access);
-    this.store = store;
   }
 
   /**
@@ -40,7 +38,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
   public static Outline open(
       InstanceHandle instance, ContextHandle context, String application, String database) {
     Login login = new Login(instance, context, null);
-    return new Outline(Access.edit(login, context, application, database, database), null);
+    return new Outline(Access.edit(login, context, application, database));
   }
 
   /**
@@ -55,8 +53,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public static Outline browse(
       InstanceHandle instance, ContextHandle context, String application, String database) {
-    return new Outline(
-        Access.browse(new Login(instance, context, null), application, database), null);
+    Login login = new Login(instance, context, null);
+    return new Outline(Access.browse(login, application, database));
   }
 
   /** {@return the name of the application} */
@@ -135,17 +133,10 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     }
     List<String> tables = new ArrayList<>();
     changes.addTables(tables);
-    BulkCall call = new BulkCall(access, OutlineBulk.UPDATE, tables);
-    int record = changes.write(call, null, tables);
-    call.put(record + OutlineBulk.MAKE_HANDLE, member.handle());
-    call.ready();
-    access.enterToEdit();
-    try {
-      call.run();
-      Access.check("change the member", member.name(), call.field(), call.status());
-    } finally {
-      access.leave();
-      call.release();
+    try (BulkCall call = new BulkCall(access, OutlineBulk.UPDATE, tables)) {
+      int record = changes.write(call, null, tables);
+      call.put(record + OutlineBulk.MAKE_HANDLE, member.handle());
+      access.edit("change the member", member.name(), call);
     }
     return read(member, member.details());
   }
@@ -223,10 +214,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     if (to.sibling == member.handle()) {
       return;
     }
-    boolean behind = to.sibling != 0;
-    int reference = behind ? to.sibling : to.parent;
     access.edit("move the member", member.name(),
-        (i, o) -> OutlineJni.moveMember(i, o, reference, member.handle(), behind));
+        (i, o) -> OutlineJni.moveMember(i, o, to.reference(), member.handle(), to.isBehind()));
   }
 
   /**
@@ -273,11 +262,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     List<VerifyFinding> found = new ArrayList<>();
     access.read("verify the outline", access.name(), (i, o) -> OutlineJni.verifyOutlineEdit(
         i, access.login.context, o, found));
-    List<Finding> findings = new ArrayList<>(found.size());
-    for (VerifyFinding finding : found) {
-      findings.add(new Finding(finding));
-    }
-    return findings;
+    return found.stream().map(Finding::new).collect(Collectors.toList());
   }
 
   /** Writes the outline to its database. It cannot be cancelled. */
@@ -325,13 +310,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
   /** Closes the outline after the call that runs; closing again does nothing. */
   @Override
   public void close() {
-    try {
-      access.close();
-    } finally {
-      if (store != null) {
-        store.forget(this);
-      }
-    }
+    access.close();
   }
 
   @Override

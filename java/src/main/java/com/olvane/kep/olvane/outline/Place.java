@@ -75,39 +75,38 @@ public final class Place {
       this.parent = parent;
       this.sibling = sibling;
     }
+
+    boolean isBehind() {
+      return sibling != 0;
+    }
+
+    /** The member that the place is told by. */
+    int reference() {
+      return isBehind() ? sibling : parent;
+    }
   }
 
   /** Looks up what the outline knows of the place now. */
   Resolved resolve(Access access) {
-    switch (kind) {
-      case FIRST:
-        return new Resolved(member == null ? 0 : member.handle(), 0);
-      case LAST:
-        return new Resolved(member == null ? 0 : member.handle(), lastChild(access));
-      default:
-        Member now =
-            Reading.members(access, member.name(), new int[] {member.handle()},
-                Details.NONE.place()).all().get(0);
-        return new Resolved(
-            now.parentHandle(), kind == Kind.BEHIND ? now.handle() : now.previousHandle());
+    if (kind == Kind.FIRST || kind == Kind.LAST) {
+      int parent = member == null ? 0 : member.handle();
+      return new Resolved(parent, kind == Kind.FIRST ? 0 : lastChild(access));
     }
+    Member now =
+        Reading.again(access, member.name(), member.handle(), Details.NONE.place());
+    return new Resolved(
+        now.parentHandle(), kind == Kind.BEHIND ? now.handle() : now.previousHandle());
   }
 
   private int lastChild(Access access) {
-    if (member == null) {
-      List<Member> dimensions =
-          Reading.children(access, null, OutlineBulk.FROM_FIRST, 0, Details.NONE).all();
-      return dimensions.isEmpty() ? 0 : dimensions.get(dimensions.size() - 1).handle();
+    int start = OutlineBulk.FROM_FIRST;
+    int next = 0;
+    if (member != null) {
+      Member now = Reading.again(access, member.name(), member.handle(), Details.NONE);
+      start = now.hasChildren() ? OutlineBulk.FROM_POSITION : start;
+      next = (int) now.childCount() - 1;
     }
-    Member now =
-        Reading.members(access, member.name(), new int[] {member.handle()}, Details.NONE)
-            .all().get(0);
-    if (!now.hasChildren()) {
-      return 0;
-    }
-    List<Member> last =
-        Reading.children(access, now, OutlineBulk.FROM_POSITION, (int) (now.childCount() - 1),
-            Details.NONE).list(1);
-    return last.isEmpty() ? 0 : last.get(0).handle();
+    List<Member> last = Reading.children(access, member, start, next, Details.NONE).all();
+    return last.isEmpty() ? 0 : last.get(last.size() - 1).handle();
   }
 }

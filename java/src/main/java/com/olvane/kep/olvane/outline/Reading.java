@@ -1,103 +1,82 @@
 package com.olvane.kep.olvane.outline;
 
+import com.olvane.kep.olvane.api.InstanceHandle;
+import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.stream.Stream;
 
 /** A listing by the fast lane, one buffer after the other. */
-final class Reading {
+final class Reading implements Access.Call {
   private final Access access;
   private final String about;
   private final Details details;
   private final BulkCall call;
   private final RecordReader records = new RecordReader();
-  private final long edits;
+  /** When the first buffer was read; -1 before. */
+  private long edits = -1;
+  private int wanted = Integer.MAX_VALUE;
   private boolean done;
-  private boolean closed;
 
-  /**
-   * Prepares a listing.
-   *
-   * @param about the name of the member that it is about, for messages
-   * @param member the parent or the root
-   * @param start one of {@code FROM_...}
-   * @param next what it begins with
-   */
-  private Reading(
-      Access access, String about, int operation, int member, int start, int next,
-      Details details, int[] handles, String name) {
+  /** Prepares a listing; {@code about} names the member that messages are about. */
+  private Reading(Access access, String about, int operation, Details details) {
     this.access = access;
     this.about = about;
     this.details = details;
     call = new BulkCall(access, operation, details.aliasTables());
     call.put(OutlineBulk.DETAILS, details.bits());
-    call.put(OutlineBulk.MEMBER, member);
-    call.put(OutlineBulk.START, start);
-    call.put(OutlineBulk.NEXT, next);
-    if (handles != null) {
-      for (int handle : handles) {
-        call.number(handle);
-      }
-    }
-    if (name != null) {
-      call.text(name);
-    }
-    call.ready();
-    edits = access.edits();
   }
 
+  /** The children of a parent, or the dimensions; {@code start} is one of {@code FROM_...}. */
   static Reading children(
       Access access, Member parent, int start, int next, Details details) {
-    return new Reading(access, parent == null ? "" : parent.name(), OutlineBulk.READ_CHILDREN,
-        parent == null ? 0 : parent.handle(), start, next, details, null, null);
+    String about = parent == null ? "" : parent.name();
+    Reading reading = new Reading(access, about, OutlineBulk.READ_CHILDREN, details);
+    reading.call.put(OutlineBulk.MEMBER, parent == null ? 0 : parent.handle());
+    reading.call.put(OutlineBulk.START, start);
+    reading.call.put(OutlineBulk.NEXT, next);
+    return reading;
   }
 
   static Reading subtree(Access access, Member root, Details details) {
-    return new Reading(access, root.name(), OutlineBulk.READ_SUBTREE, root.handle(),
-        OutlineBulk.FROM_FIRST, 0, details, null, null);
+    Reading reading = new Reading(access, root.name(), OutlineBulk.READ_SUBTREE, details);
+    reading.call.put(OutlineBulk.MEMBER, root.handle());
+    return reading;
   }
 
   static Reading members(Access access, String about, int[] handles, Details details) {
-    return new Reading(access, about, OutlineBulk.READ_MEMBERS, 0, OutlineBulk.FROM_FIRST, 0,
-        details, handles, null);
+    Reading reading = new Reading(access, about, OutlineBulk.READ_MEMBERS, details);
+    for (int handle : handles) {
+      reading.call.number(handle);
+    }
+    return reading;
   }
 
-  /** The member of a name, or null. */
-  static Member find(Access access, String name, Details details) {
-    Reading reading = new Reading(access, name, OutlineBulk.FIND, 0, OutlineBulk.FROM_FIRST, 0,
-        details, null, name);
-    access.enter();
-    try {
-      reading.call.run();
-      boolean found = reading.call.get(OutlineBulk.FAILED_FIELD) != OutlineBulk.FIELD_NAME;
-      if (found) {
-        reading.takeAnswer();
-      }
-      return found ? reading.next() : null;
-    } finally {
-      access.leave();
-      reading.close();
-    }
+  /** The member of a handle as it is now. */
+  static Member again(Access access, String name, int handle, Details details) {
+    return members(access, name, new int[] {handle}, details).all().get(0);
+  }
+
+  /** The member of a name, or nothing. */
+  static Reading named(Access access, String name, Details details) {
+    Reading reading = new Reading(access, name, OutlineBulk.FIND, details);
+    reading.call.text(name);
+    return reading;
   }
 
   /** All members that come, and ends the listing. */
   List<Member> all() {
-    return list(0);
+    return list(Integer.MAX_VALUE);
   }
 
-  /** The next members, at most {@code limit} (0: all), and ends the listing. */
+  /** The next members, at most {@code limit}, and ends the listing. */
   List<Member> list(int limit) {
-    List<Member> members = new ArrayList<>(limit > 0 ? Math.min(limit, 1000) : 10);
+    wanted = limit;
+    List<Member> members = new ArrayList<>();
     try {
-      while (limit == 0 || members.size() < limit) {
-        call.set(OutlineBulk.LIMIT, limit == 0 ? 0 : limit - members.size());
-        if (!fill()) {
-          break;
-        }
-        while (records.step()) {
-          members.add(new Member(records, details));
-        }
+      for (Member member = next(); member != null; member = next()) {
+        members.add(member);
       }
       return members;
     } finally {
@@ -117,41 +96,43 @@ final class Reading {
 
   /** The next member; null behind the last one, which ends the listing. */
   Member next() {
-    if (records.left() == 0 && !fill()) {
+    if (!records.step() && !fill()) {
       close();
       return null;
     }
-    records.step();
     return new Member(records, details);
   }
 
-  /** Reads a buffer of members; false when there are no more. */
+  /** Reads a buffer of members and steps to the first; false when there are no more. */
   private boolean fill() {
-    if (done || closed) {
+    if (done || wanted == 0) {
       return false;
     }
-    access.enter();
-    try {
-      access.requireUnchanged(edits);
-      call.run();
-      takeAnswer();
-    } finally {
-      access.leave();
-    }
-    return records.left() > 0;
+    call.put(OutlineBulk.LIMIT, wanted);
+    access.read("read members", about, this);
+    done = call.get(OutlineBulk.DONE) != 0;
+    wanted -= call.count();
+    call.takeInto(records);
+    return records.step();
   }
 
-  private void takeAnswer() {
-    if (call.status() != Status.OK) {
-      throw new OutlineException("read members", call.status(), about, call.field());
-    }
-    done = call.done();
-    call.takeInto(records);
+  @Override
+  public int on(InstanceHandle i, OutlineHandle o) {
+    edits = edits < 0 ? access.edits() : edits;
+    access.requireUnchanged(edits);
+    int status = call.on(i, o);
+    // Of a name that nobody has, there is nothing to read.
+    return call.get(OutlineBulk.FAILED_FIELD) == OutlineBulk.FIELD_NAME ? Status.OK : status;
+  }
+
+  @Override
+  public String field() {
+    return call.field();
   }
 
   /** Ends the listing. */
   void close() {
-    closed = true;
-    call.release();
+    wanted = 0;
+    call.close();
   }
 }

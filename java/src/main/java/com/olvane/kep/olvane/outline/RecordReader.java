@@ -14,6 +14,7 @@ final class RecordReader {
   private int record;
   private int at;
   private int next;
+  private short[] lastCodes;
   private String lastDimension = "";
 
   /** Takes over the records of a buffer. */
@@ -44,43 +45,26 @@ final class RecordReader {
     return true;
   }
 
-  /** How many records are still to come. */
-  int left() {
-    return count;
+  /** A number of the record; {@code offset} is one of {@code READ_...}. */
+  int fixed(int offset) {
+    return int32(record + offset);
   }
 
-  int handle() {
-    return int32(record + OutlineBulk.READ_HANDLE);
-  }
-
-  int dimensionHandle() {
-    return int32(record + OutlineBulk.READ_DIMENSION);
-  }
-
-  int parent() {
-    return int32(record + OutlineBulk.READ_PARENT);
-  }
-
-  int previous() {
-    return int32(record + OutlineBulk.READ_PREVIOUS);
-  }
-
-  int childCount() {
-    return int32(record + OutlineBulk.READ_CHILD_COUNT);
-  }
-
-  int flags() {
-    return int32(record + OutlineBulk.READ_FLAGS);
-  }
-
-  short code(int index) {
-    int offset = record + OutlineBulk.READ_CODES + 2 * index;
-    return (short) (bytes[offset] & 0xff | bytes[offset + 1] << 8);
+  /** The codes; members in a row that have the same ones share them. */
+  short[] codes() {
+    if ((fixed(OutlineBulk.READ_FLAGS) & OutlineBulk.SAME_CODES) == 0) {
+      lastCodes = new short[OutlineBulk.CODE_COUNT];
+      for (int i = 0; i < lastCodes.length; i++) {
+        int offset = record + OutlineBulk.READ_CODES + 2 * i;
+        lastCodes[i] = (short) (bytes[offset] & 0xff | bytes[offset + 1] << 8);
+      }
+    }
+    return lastCodes;
   }
 
   /** The dimension's name; members of one dimension in a row share the string. */
   String dimensionName() {
-    if ((flags() & OutlineBulk.SAME_DIMENSION) == 0) {
+    if ((fixed(OutlineBulk.READ_FLAGS) & OutlineBulk.SAME_DIMENSION) == 0) {
       String name = text();
       if (!name.equals(lastDimension)) {
         lastDimension = name;

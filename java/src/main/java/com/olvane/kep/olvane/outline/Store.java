@@ -1,11 +1,9 @@
 package com.olvane.kep.olvane.outline;
 
-import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.standin.StandinSession;
 import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoreLock;
 import com.olvane.kep.olvane.standin.StoredDatabase;
-import java.util.ArrayList;
 import java.util.List;
 
 /**
@@ -17,15 +15,10 @@ import java.util.List;
  * <p>Closing a store closes its outlines.
  */
 public final class Store implements AutoCloseable {
-  private final StandinSession session;
   private final Login login;
-  private final List<Outline> outlines = new ArrayList<>();
-  private ContextHandle localContext;
-  private volatile boolean closed;
 
   private Store(StandinSession session) {
-    this.session = session;
-    this.login = new Login(session.instance(), session.context(), session);
+    login = new Login(session.instance(), session.context(), session);
   }
 
   /**
@@ -45,7 +38,13 @@ public final class Store implements AutoCloseable {
 
   /** {@return the session behind this store, for the native methods; it closes with the store} */
   public StandinSession session() {
-    return session;
+    return login.session;
+  }
+
+  /** The session, unless it is closed. */
+  private StandinSession open() {
+    login.requireOpen();
+    return login.session;
   }
 
   /**
@@ -56,14 +55,12 @@ public final class Store implements AutoCloseable {
    * @throws StatusException if the database exists or a name is not allowed
    */
   public void create(String application, String database) {
-    requireOpen();
-    session.createDatabase(application, database);
+    open().createDatabase(application, database);
   }
 
   /** {@return the databases, sorted by name} */
   public List<StoredDatabase> databases() {
-    requireOpen();
-    return session.databases();
+    return open().databases();
   }
 
   /**
@@ -74,20 +71,13 @@ public final class Store implements AutoCloseable {
    * @throws StatusException if there is none, somebody edits its outline, or it is restructured
    */
   public void delete(String application, String database) {
-    requireOpen();
-    String name = application + "." + database;
-    login.beginEditing(name);
-    try {
-      session.deleteDatabase(application, database);
-    } finally {
-      login.endEditing(name);
-    }
+    login.whileNotEdited(application + "." + database,
+        () -> login.session.deleteDatabase(application, database));
   }
 
   /** {@return who holds locks and who restructures, this login included} */
   public List<StoreLock> locks() {
-    requireOpen();
-    return session.locks();
+    return open().locks();
   }
 
   /**
@@ -97,14 +87,13 @@ public final class Store implements AutoCloseable {
    * @throws StatusException if nobody has it
    */
   public void breakLock(String object) {
-    requireOpen();
-    session.breakLock(object);
+    open().breakLock(object);
   }
 
   /** {@return the outlines that are kept aside} */
   public LocalObjects localObjects() {
-    requireOpen();
-    return new LocalObjects(this);
+    login.requireOpen();
+    return new LocalObjects(login);
   }
 
   /**
@@ -117,7 +106,7 @@ public final class Store implements AutoCloseable {
    * @throws IllegalStateException if this store has it open for editing already
    */
   public Outline edit(String application, String database) {
-    return open(application, database, true);
+    return new Outline(Access.edit(login, login.context, application, database));
   }
 
   /**
@@ -130,75 +119,12 @@ public final class Store implements AutoCloseable {
    * @throws StatusException if there is no such database
    */
   public Outline browse(String application, String database) {
-    return open(application, database, false);
-  }
-
-  private Outline open(String application, String database, boolean editing) {
-    requireOpen();
-    return keep(
-        editing
-            ? Access.edit(login, login.context, application, database, database)
-            : Access.browse(login, application, database));
-  }
-
-  /** Makes an outline that this store closes. */
-  Outline keep(Access access) {
-    Outline outline = new Outline(access, this);
-    synchronized (outlines) {
-      if (!closed) {
-        outlines.add(outline);
-        return outline;
-      }
-    }
-    outline.close();
-    throw new IllegalStateException("The store was closed");
-  }
-
-  /** Takes an outline that was closed off the list. */
-  void forget(Outline outline) {
-    synchronized (outlines) {
-      outlines.remove(outline);
-    }
-  }
-
-  Login login() {
-    return login;
-  }
-
-  /** The context of the outlines that are kept aside; made when it is first needed. */
-  synchronized ContextHandle localContext() {
-    requireOpen();
-    if (localContext == null) {
-      localContext = session.newLocalContext();
-    }
-    return localContext;
-  }
-
-  private void requireOpen() {
-    if (closed) {
-      throw new IllegalStateException("The store is closed");
-    }
+    return new Outline(Access.browse(login, application, database));
   }
 
   /** Closes the outlines and logs out; closing again does nothing. */
   @Override
   public void close() {
-    List<Outline> open;
-    synchronized (outlines) {
-      closed = true;
-      open = new ArrayList<>(outlines);
-    }
-    RuntimeException failure = null;
-    for (Outline outline : open) {
-      try {
-        outline.close();
-      } catch (OutlineException e) {
-        failure = e;
-      }
-    }
-    session.close();
-    if (failure != null) {
-      throw failure;
-    }
+    login.close();
   }
 }

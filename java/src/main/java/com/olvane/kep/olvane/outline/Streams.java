@@ -23,11 +23,6 @@ final class Streams {
             }
             return next != null;
           }
-
-          @Override
-          public Spliterator<T> trySplit() {
-            return null;
-          }
         },
         false);
   }

@@ -13,8 +13,6 @@ public enum TimeBalanceSkip implements Code {
   /** A code that has no name here; the member tells it. */
   OTHER(-1, "another code");
 
-  private static final TimeBalanceSkip[] ALL = values();
-
   private final short code;
   private final String words;
 
@@ -40,6 +38,6 @@ public enum TimeBalanceSkip implements Code {
    * @return the constant, {@link #OTHER} where none has this code
    */
   public static TimeBalanceSkip of(short code) {
-    return Code.find(ALL, code, OTHER);
+    return Code.find(values(), code, OTHER);
   }
 }

@@ -145,7 +145,7 @@ public final class OutlineBulk {
   public static final int READ_CHILD_COUNT = 20;
   /** Offset of the codes, 16 bits each, in the order {@code CODE_...}. */
   public static final int READ_CODES = 24;
-  /** Offset of the flags, a set of {@code FLAG_...} and {@link #SAME_DIMENSION}. */
+  /** Offset of the flags, a set of {@code FLAG_...} and {@code SAME_...}. */
   public static final int READ_FLAGS = 44;
   /** The length of what comes before the texts. */
   public static final int READ_FIXED = 48;
@@ -185,6 +185,8 @@ public final class OutlineBulk {
   public static final int FLAG_HYBRID_ENABLED = 16;
   /** Flag: the dimension's name is that of the record before, and left out. */
   public static final int SAME_DIMENSION = 32;
+  /** Flag: the codes are those of the record before. */
+  public static final int SAME_CODES = 64;
 
   // ---- Records to be made or changed ----
 
