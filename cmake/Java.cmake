@@ -35,7 +35,7 @@ elseif(KEPOTL_SANITIZE)
   set(KEPOTL_JAVA_COMMAND env "LD_PRELOAD=${asan}:libstdc++.so.6" ASAN_OPTIONS=handle_segv=0:detect_leaks=0)
 endif()
 list(APPEND KEPOTL_JAVA_COMMAND "${jre}/bin/java")
-if(KEPOTL_I386_TREE)
+if(CMAKE_CROSSCOMPILING_EMULATOR MATCHES qemu)
   # Optimising compilation costs more under an emulator than it saves.
   list(APPEND KEPOTL_JAVA_COMMAND -XX:TieredStopAtLevel=1)
 endif()
