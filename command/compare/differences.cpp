@@ -29,15 +29,37 @@ void compare_whole(const Outline& before, const Outline& after,
   compare_lines(closing_lines(before), closing_lines(after));
 }
 
+void take_changes(const Outline& outline, Member member, std::vector<FieldChange> changes,
+                  const std::function<void(const Difference&)>& take) {
+  for (FieldChange& change : changes) {
+    take({Change::kField, path_of(outline, member), change.field.header(), std::move(change.before),
+          std::move(change.after)});
+  }
+}
+
+// Compares outlines whose members have the same names in the same places: one walk of both, and
+// nothing to match. Answers false, and has told nothing, when they are others.
+bool compare_in_step(const Outline& before, const Outline& after, const FieldComparison& fields,
+                     const std::function<void(const Difference&)>& take) {
+  std::vector<std::pair<Member, Member>> unlike;
+  auto old = subtree(before.root()).begin();
+  for (auto at = subtree(after.root()).begin(); at; ++at, ++old) {
+    if (!old || old.depth() != at.depth()) return false;
+    if (fields.same(*old, *at)) continue;
+    if ((*old).name() != (*at).name() || (*old).shared() != (*at).shared()) return false;
+    unlike.emplace_back(*old, *at);
+  }
+  if (old) return false;
+  for (const auto& [was, is] : unlike) take_changes(after, is, fields.changes(was, is), take);
+  return true;
+}
+
+// Compares outlines of any shape.
 class Comparison {
  public:
-  Comparison(const Outline& before, const Outline& after,
+  Comparison(const Outline& before, const Outline& after, const FieldComparison& fields,
              const std::function<void(const Difference&)>& take)
-      : before_(before),
-        after_(after),
-        match_(before, after),
-        fields_(before, after),
-        take_(take) {}
+      : before_(before), after_(after), match_(before, after), fields_(fields), take_(take) {}
 
   void run() {
     compare_children(after_.root());
@@ -70,10 +92,7 @@ class Comparison {
              path_of(after_, after)});
     }
     if (same) return;
-    for (FieldChange& change : fields_.changes(before, after)) {
-      take_({Change::kField, path_of(after_, after), change.field.header(),
-             std::move(change.before), std::move(change.after)});
-    }
+    take_changes(after_, after, fields_.changes(before, after), take_);
   }
 
   void compare_name(Member before, Member after) {
@@ -137,7 +156,7 @@ class Comparison {
   const Outline& before_;
   const Outline& after_;
   Match match_;
-  FieldComparison fields_;
+  const FieldComparison& fields_;
   std::unordered_set<HMember> moved_;  // of the second outline; known from their parents
   const std::function<void(const Difference&)>& take_;
 };
@@ -167,7 +186,8 @@ std::vector<bool> longest_rise(const std::vector<size_t>& numbers) {
 void compare(const Outline& before, const Outline& after, bool whole,
              const std::function<void(const Difference&)>& take) {
   if (whole) compare_whole(before, after, take);
-  Comparison(before, after, take).run();
+  const FieldComparison fields(before, after);
+  if (!compare_in_step(before, after, fields, take)) Comparison(before, after, fields, take).run();
 }
 
 }  // namespace command
