@@ -77,11 +77,16 @@ std::string words(const Tree& value) {
   return fmt::format("{}", fmt::join(items, ", "));
 }
 
+// A line of a key and its value; long lists are wrapped on a terminal.
+void print_value(Output& out, const char* margin, const std::string& key, const Tree& value) {
+  const std::string begin = fmt::format("{}{:<16} ", margin, key);
+  const size_t terminal = terminal_width(1);
+  out.line(wrapped(begin + words(value), terminal == 0 ? SIZE_MAX : terminal, begin.size()));
+}
+
 void print(Output& out, const Tree& info) {
-  for (const auto& [key, value] : info.at("settings").items()) {
-    out.print("{:<16} {}\n", key, words(value));
-  }
-  out.print("{:<16} {}\n", "alias-tables", words(info.at("alias-tables")));
+  for (const auto& [key, value] : info.at("settings").items()) print_value(out, "", key, value);
+  print_value(out, "", "alias-tables", info.at("alias-tables"));
   if (!info.at("time-series").empty()) out.line("time-series");
   for (const Tree& series : info.at("time-series")) {
     out.print("  {} to generation {}\n", words(series.at("name")), words(series.at("generation")));
@@ -91,7 +96,7 @@ void print(Output& out, const Tree& info) {
     out.print("  {}\n", words(dimension.at("name")));
     for (const auto& [key, value] : dimension.items()) {
       if (key == "name" || (key == "category" && value == "none")) continue;
-      out.print("    {:<16} {}\n", key, words(value));
+      print_value(out, "    ", key, value);
     }
   }
 }

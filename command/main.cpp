@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 
@@ -32,22 +33,6 @@ std::string login_name() {
   return entry != nullptr ? entry->pw_name : "nobody";
 }
 
-// "did you mean" for the first word that a subcommand does not know.
-std::string suggestion(const CLI::App& app) {
-  for (const CLI::App* subcommand : app.get_subcommands()) {
-    for (const std::string& word : subcommand->remaining(true)) {
-      if (word.rfind('-', 0) != 0) continue;
-      Similar similar(word.substr(0, word.find('=')));
-      for (const CLI::Option* option : subcommand->get_options()) {
-        for (const std::string& name : option->get_lnames()) similar.offer("--" + name);
-      }
-      return similar.sentence();
-    }
-    return suggestion(*subcommand);
-  }
-  return "";
-}
-
 int misuse(const std::string& message, const std::string& hint) {
   complain(message + hint);
   return kMisuse;
@@ -60,16 +45,36 @@ const CLI::App* find_subcommand(const CLI::App& app, const std::string& name) {
   return nullptr;
 }
 
-// The words of a command line begin with a subcommand, or with an option of the program itself.
-int check_subcommand(const CLI::App& app, int count, char** words) {
-  if (count < 2) return misuse("what shall be done? 'outline help' lists the commands", "");
-  const std::string word = words[1];
-  if (word.rfind('-', 0) == 0 || find_subcommand(app, word) != nullptr) return kDone;
-  Similar similar(word);
-  for (const CLI::App* subcommand : app.get_subcommands({})) similar.offer(subcommand->get_name());
+// Tells what is wrong with a command line that could not be parsed: the first option or command
+// that there is not, else what the parser says.
+int explain(const CLI::App& program, const CLI::ParseError& error) {
+  std::vector<const CLI::App*> path = {&program};
+  while (!path.back()->get_subcommands().empty()) {
+    path.push_back(path.back()->get_subcommands().front());
+  }
+  const CLI::App& last = *path.back();
+  const std::vector<std::string> words = program.remaining(true);
+  const auto is_option = [](const std::string& word) { return word.rfind('-', 0) == 0; };
+
+  const auto option = std::find_if(words.begin(), words.end(), is_option);
+  if (option != words.end()) {
+    Similar similar(option->substr(0, option->find('=')));
+    for (const CLI::Option* known : last.get_options()) {
+      for (const std::string& name : known->get_lnames()) similar.offer("--" + name);
+    }
+    return misuse(fmt::format("there is no option '{}'", *option), similar.sentence());
+  }
+  const std::vector<const CLI::App*> commands = last.get_subcommands([](auto*) { return true; });
+  if (commands.empty()) return misuse(error.what(), "");
+  std::string line;
+  for (size_t i = 1; i < path.size(); ++i) line += path[i]->get_name() + ' ';
+  const std::string list = fmt::format("'outline {}--help' lists the commands", line);
+  if (words.empty()) return misuse("what shall be done? ", list);
+  Similar similar(words.front());
+  for (const CLI::App* command : commands) similar.offer(command->get_name());
   const std::string hint = similar.sentence();
-  return misuse(fmt::format("there is no command '{}'", word),
-                hint.empty() ? "; 'outline help' lists the commands" : hint);
+  return misuse(fmt::format("there is no command '{}{}'", line, words.front()),
+                hint.empty() ? "; " + list : hint);
 }
 
 int parse_and_run(int count, char** words) {
@@ -84,6 +89,7 @@ int parse_and_run(int count, char** words) {
   app.set_version_flag("--version",
                        "outline " KEPOTL_VERSION " (embedded engine " KEPOTL_VERSION ")",
                        "Show the versions of command and engine");
+  add_common(app, session);
   add_commands(app, session);
   std::string about;
   CLI::App* help = app.add_subcommand("help", "Show what there is, or how a command is used");
@@ -99,8 +105,6 @@ int parse_and_run(int count, char** words) {
     };
   });
 
-  const int known = check_subcommand(app, count, words);
-  if (known != kDone) return known;
   try {
     app.parse(count, words);
   } catch (const CLI::Success& asked) {
@@ -110,7 +114,7 @@ int parse_and_run(int count, char** words) {
     session.out.finish();
     return kDone;
   } catch (const CLI::ParseError& error) {
-    return misuse(error.what(), suggestion(app));
+    return explain(app, error);
   }
   const int code = session.work();
   session.out.finish();

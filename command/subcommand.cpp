@@ -2,8 +2,20 @@
 #include "command/subcommand.h"
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 
 namespace command {
+
+void add_common(CLI::App& app, Session& session) {
+  // Not by the library's way with environment variables, which would let the variable have the last
+  // word, as the subcommands share the value.
+  app.add_option("--store", session.store,
+                 "Folder or postgresql:// address of the databases; else OUTLINE_STORE says it")
+      ->type_name("STORE")
+      ->capture_default_str();
+  app.add_option("--user", session.user, "Name to log in with")->type_name("NAME");
+  app.add_flag("--quiet", session.quiet, "Say nothing but errors");
+}
 
 Subcommand::Subcommand(CLI::App& app, Session& session, const char* name, const char* description,
                        const char* examples, Json json, std::function<int()> run)
@@ -16,15 +28,8 @@ Subcommand::Subcommand(CLI::App& app, Session& session, const char* name, const 
     left.remove_prefix(end == std::string_view::npos ? left.size() : end + 1);
   }
   app_->footer(footer);
-  // Not by the library's way with environment variables, which would let the variable have the last
-  // word, as the subcommands share the value.
-  app_->add_option("--store", session.store,
-                   "Folder or postgresql:// address of the databases; else OUTLINE_STORE says it")
-      ->type_name("STORE")
-      ->capture_default_str();
-  app_->add_option("--user", session.user, "Name to log in with")->type_name("NAME");
+  add_common(*app_, session);
   if (json == Json::kYes) app_->add_flag("--json", session.json, "Write JSON");
-  app_->add_flag("--quiet", session.quiet, "Say nothing but errors");
   app_->callback([&session, run = std::move(run)] { session.work = run; });
 }
 
@@ -66,7 +71,13 @@ Subcommand& Subcommand::options(const char* name, std::vector<std::string>* valu
 }
 
 Subcommand& Subcommand::number(const char* name, size_t* value, const char* help) {
-  app_->add_option(name, *value, help)->check(CLI::NonNegativeNumber)->type_name("N");
+  const auto check = [](const std::string& text) {
+    size_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [at, fault] = std::from_chars(text.data(), end, number);
+    return fault == std::errc() && at == end ? "" : fmt::format("'{}' is no number", text);
+  };
+  app_->add_option(name, *value, help)->check(CLI::Validator(check, ""))->type_name("N");
   return *this;
 }
 

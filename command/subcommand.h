@@ -16,6 +16,9 @@ namespace command {
 enum class Json { kNo, kYes };
 enum class Given { kRequired, kOptional };
 
+// Adds the options that every subcommand has, and the program itself for those who name them first.
+void add_common(CLI::App& app, Session& session);
+
 // A subcommand with the common options. What its options set has to live as long as its work.
 class Subcommand {
  public:

@@ -128,6 +128,24 @@ std::string cut(std::string_view text, size_t width) {
   return width == 0 ? "" : result + "…";
 }
 
+std::string wrapped(std::string_view line, size_t width, size_t indent) {
+  std::string text;
+  size_t used = 0;
+  while (!line.empty()) {
+    const size_t gap = std::min(line.find_first_not_of(' '), line.size());
+    std::string_view word = line.substr(0, line.find(' ', gap));
+    line.remove_prefix(word.size());
+    if (used > indent && used + columns(word) > width) {
+      word.remove_prefix(gap);
+      text += '\n' + std::string(indent, ' ');
+      used = indent;
+    }
+    text += word;
+    used += columns(word);
+  }
+  return text;
+}
+
 std::string printable(std::string_view text) {
   std::string result;
   for_each_character(text, [&](int code, std::string_view bytes) {

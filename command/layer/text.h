@@ -23,6 +23,10 @@ size_t columns(std::string_view text);
 // The beginning of a text that fits into `width` columns, with an ellipsis where it was cut.
 std::string cut(std::string_view text, size_t width);
 
+// A line broken between words so that it fits into `width` columns where words do; what is broken
+// off begins behind `indent` spaces.
+std::string wrapped(std::string_view line, size_t width, size_t indent);
+
 // The text with control characters made visible, so that a name can't steer the terminal.
 std::string printable(std::string_view text);
 

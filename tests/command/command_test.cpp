@@ -229,6 +229,8 @@ TEST_F(CommandTest, TellsMisuseFromFailure) {
   EXPECT_EQ(run({"lod"}).code, 2);
   EXPECT_EQ(run({}).code, 2);
   EXPECT_THAT(run({"tree", "A", "B", "--dept", "1"}).err, HasSubstr("'--depth'"));
+  EXPECT_THAT(run({"tree", "A", "B", "--depth", "-1"}).err, HasSubstr("'-1' is no number"));
+  EXPECT_THAT(run({"--quiet", "aliases", "lits", "A", "B"}).err, HasSubstr("'aliases lits'; did"));
   EXPECT_EQ(run({"tree", "A", "B"}).code, 3);  // no store
   load_world();
   EXPECT_THAT(run({"info", "Demo", "Wrld"}).err, HasSubstr("'Demo World'"));
@@ -245,6 +247,7 @@ TEST_F(CommandTest, CopiesAWholeStoreAndBack) {
   EXPECT_THAT(run({"store", "copy", run.store(), other}).err,
               HasSubstr("copied Demo World: 13 members"));
   EXPECT_EQ(out({"tree", "Demo", "World", "--store", other}), tree);
+  EXPECT_EQ(out({"--store", other, "tree", "Demo", "World"}), tree);
   ASSERT_EQ(run({"rename", "Demo", "World", "DE", "Deutschland", "--store", other}).code, 0);
   EXPECT_EQ(out({"tree", "Demo", "World"}), tree);
   EXPECT_EQ(run({"store", "copy", other, run.store()}).code, 3) << "nobody was there to ask";
