@@ -8,7 +8,10 @@
 namespace command {
 namespace {
 
-constexpr unsigned kRowHeight = 20;
+// A row is as high as a window has room for all of them, within these limits.
+constexpr unsigned kLeastRow = 20;
+constexpr unsigned kHighestRow = 56;
+constexpr unsigned kRoom = 560;
 constexpr unsigned kTop = 104;      // where the blocks begin
 constexpr unsigned kTextWidth = 7;  // of a character, as a guess for the legend
 constexpr unsigned kLegendLine = 18;
@@ -99,13 +102,17 @@ class Page {
   Page(const Icicle& icicle, const PictureCaption& caption,
        const std::function<std::string(uint32_t)>& name,
        const std::function<uint8_t(uint32_t)>& colour)
-      : icicle_(icicle), caption_(caption), name_(name), colour_(colour) {}
+      : icicle_(icicle),
+        row_height_(std::clamp(kRoom / std::max(icicle.rows, 1U), kLeastRow, kHighestRow)),
+        caption_(caption),
+        name_(name),
+        colour_(colour) {}
 
   std::string svg() const {
     unsigned lines = 0;  // of the legend, beyond the first
     const std::string keys = legend(caption_.legend, &lines);
     const unsigned shift = lines * kLegendLine;
-    const unsigned height = kTop + shift + icicle_.rows * kRowHeight + 12;
+    const unsigned height = kTop + shift + icicle_.rows * row_height_ + 12;
     std::string page =
         R"(<svg id="picture" xmlns="http://www.w3.org/2000/svg" role="img" width="100%")" +
         attribute("height", std::to_string(height)) +
@@ -135,13 +142,13 @@ class Page {
     if (merged) label += " \xE2\x80\xA6 " + name_(block.last);
     label = escaped(label);
     *page += "<svg" + attribute("x", percent(block.start, icicle_.width)) +
-             attribute("y", std::to_string(kTop + block.depth * kRowHeight)) +
+             attribute("y", std::to_string(kTop + block.depth * row_height_)) +
              attribute("width", percent(block.width, icicle_.width)) +
-             attribute("height", std::to_string(kRowHeight)) + attribute("class", type) +
+             attribute("height", std::to_string(row_height_)) + attribute("class", type) +
              "><title>" + label + '\n' + contents(block) +
              R"(</title><rect width="100%" height="100%"/>)";
     if (share >= kLeastLabel) {
-      *page += R"(<text x="4" y="14">)" + label + "</text>";
+      *page += R"(<text x="4" y="50%">)" + label + "</text>";
     }
     *page += "</svg>\n";
   }
@@ -156,6 +163,7 @@ class Page {
   }
 
   const Icicle& icicle_;
+  const unsigned row_height_;
   const PictureCaption& caption_;
   const std::function<std::string(uint32_t)>& name_;
   const std::function<uint8_t(uint32_t)>& colour_;

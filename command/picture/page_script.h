@@ -13,6 +13,7 @@ inline constexpr char kPictureStyle[] = R"css(
 #picture .title { fill: var(--ink); font-size: 18px; font-weight: 600; }
 #picture .summary, #picture .key { fill: var(--faint); }
 #picture .detail { fill: var(--ink); }
+#blocks text { dominant-baseline: central; }
 #blocks svg { cursor: pointer; overflow: visible; }
 #blocks svg.wide { overflow: hidden; }
 #blocks rect { shape-rendering: crispEdges; }
@@ -57,7 +58,7 @@ inline constexpr char kPictureScript[] = R"js(
     if (text) return;
     text = document.createElementNS('http://www.w3.org/2000/svg', 'text');
     text.setAttribute('x', 4);
-    text.setAttribute('y', 14);
+    text.setAttribute('y', '50%');
     text.textContent = label(b);
     b.e.appendChild(text);
   };
