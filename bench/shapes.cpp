@@ -182,7 +182,7 @@ void measure_finding(bench::Report& report) {
       prepare();
       return bench::cpu_seconds([&] {
         for (const std::string& name : *names) {
-          if (table->find(name.c_str()) == table->end()) throw std::logic_error("a name is gone");
+          if (table->find(name) == table->end()) throw std::logic_error("a name is gone");
         }
       });
     });

@@ -50,7 +50,7 @@ int main(int count, char** words) {
   const std::string work = count > 2 ? words[1] : "";
   try {
     if (work == "save" && count == 4) {
-      std::printf("%.3f\n", save(bench::Store(words[2]), std::atoll(words[3])));
+      std::printf("%.3f\n", save(bench::Store(words[2]), std::strtoll(words[3], nullptr, 10)));
     } else if (work == "open" && count == 3) {
       std::printf("%.3f\n", open(bench::Store(words[2])));
     } else {

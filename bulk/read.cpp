@@ -161,6 +161,7 @@ bool list_given(const Request& request, Answer* answer) {
   const size_t count = body.left() / sizeof(HMember);
   if (body.left() % sizeof(HMember) != 0 || request.next > count) return false;
   const uint8_t* const handles = body.skip(count * sizeof(HMember));
+  if (count > 0 && handles == nullptr) return false;
   list(request, Given{handles, static_cast<uint32_t>(count), request.next}, 0, answer);
   return true;
 }

@@ -33,7 +33,7 @@ void collect(const CLI::App& app, const std::string& line, std::vector<Completio
       // "members|leaves", and behind a colon how that is checked.
       const std::string type = CLI::detail::split(option->get_type_name(), ':').front();
       if (type.find('|') == std::string::npos) continue;
-      Completions choices = {line + " --" + name, {}};
+      Completions choices = {fmt::format("{} --{}", line, name), {}};
       for (const std::string& word : CLI::detail::split(type, '|')) {
         choices.words.push_back({word, ""});
       }

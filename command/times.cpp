@@ -17,10 +17,12 @@ std::string time_text(int64_t seconds) {
   return text;
 }
 
+constexpr uint64_t kMegabyte = 1 << 20;
+
 std::string size_text(uint64_t bytes) {
   if (bytes < 1024) return fmt::format("{} B", bytes);
-  if (bytes < 1024 * 1024) return fmt::format("{} KB", bytes / 1024);
-  return fmt::format("{:.1f} MB", static_cast<double>(bytes) / (1024 * 1024));
+  if (bytes < kMegabyte) return fmt::format("{} KB", bytes / 1024);
+  return fmt::format("{:.1f} MB", static_cast<double>(bytes) / kMegabyte);
 }
 
 }  // namespace command

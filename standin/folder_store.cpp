@@ -198,7 +198,7 @@ std::vector<std::string> FolderStore::databases(bool local) {
   if (!is_folder(root)) return names;
   for (const std::string& application : folders_in(root)) {
     for (const std::string& database : folders_in(root + application)) {
-      names.push_back(application + '/' + database);
+      names.push_back(std::string(application).append(1, '/').append(database));
     }
   }
   return names;

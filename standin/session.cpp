@@ -113,8 +113,10 @@ int OlvStandinListLocks(INST instance, OlvStandinLock** locks, uint32_t* count) 
   return run_guarded([&] {
     if (locks == nullptr || count == nullptr) return static_cast<int>(kBadArgument);
     const std::vector<Holding> holdings = require_store(instance)->holdings();
-    OlvStandinLock* records = nullptr;
-    if (!holdings.empty()) records = hand_out_records<OlvStandinLock>(holdings.size());
+    *locks = nullptr;
+    *count = 0;
+    if (holdings.empty()) return kStatusOk;
+    OlvStandinLock* const records = hand_out_records<OlvStandinLock>(holdings.size());
     for (size_t i = 0; i < holdings.size(); ++i) {
       copy_text(holdings[i].name, records[i].object);
       copy_text(holdings[i].user, records[i].user);

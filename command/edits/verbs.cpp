@@ -35,7 +35,7 @@ constexpr char kExisting[] = "The member: its name or path";
 }  // namespace
 
 const std::vector<EditVerb>& edit_verbs() {
-  static const std::vector<EditVerb> verbs = {
+  static const std::vector<EditVerb> kVerbs = {
       {"add", "Add a member or dimension", "NZ --below Countries --set \"alias=New Zealand\"", true,
        [](CLI::App& app, Edit& edit) {
          add_member(app, edit, "Name of the new member");
@@ -127,7 +127,7 @@ const std::vector<EditVerb>& edit_verbs() {
                   "Settings, attribute names, alias table or time series as in JSON Lines");
        }},
   };
-  return verbs;
+  return kVerbs;
 }
 
 }  // namespace command

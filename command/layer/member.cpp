@@ -19,6 +19,12 @@ HMember follow(Function function, HOutline outline, HMember member) {
   return found.handle;
 }
 
+// An engine may answer that all is well and hand out no record.
+void read(kepotl::MemberRecord* record, HMember member) {
+  const int status = record->read(member);
+  check(*record ? status : kepotl::status_without_record(status), "read a member");
+}
+
 // A text that a call hands out, empty when there is none.
 template <typename Function, typename... Arguments>
 std::string take_text(const char* what, Function function, Arguments... arguments) {
@@ -60,7 +66,7 @@ Member Member::dimension() const {
 
 MemberInfoRecord Member::record() const {
   kepotl::MemberRecord record(outline_);
-  check(record.read(handle_), "read a member");
+  read(&record, handle_);
   return *record;
 }
 
@@ -70,13 +76,13 @@ void Member::set_record(const MemberInfoRecord& record) const {
 
 std::string Member::name() const {
   kepotl::MemberRecord record(outline_);
-  check(record.read(handle_), "read a member");
+  read(&record, handle_);
   return outside(record->name);
 }
 
 bool Member::shared() const {
   kepotl::MemberRecord record(outline_);
-  check(record.read(handle_), "read a member");
+  read(&record, handle_);
   return record->shareOption == kShareShared;
 }
 

@@ -146,9 +146,9 @@ std::string path_of(const Outline& outline, Member member) {
 }
 
 std::string reference_to(const Outline& outline, Member member) {
-  const std::string name = member.name();
+  std::string name = member.name();
   if (look_up(outline, name).member == member) return name;
-  const std::string path = path_of(outline, member);
+  std::string path = path_of(outline, member);
   // A path that is another member's name is told from it by quoting its first part.
   if (path.front() == '"' || outline.holders(path).empty()) return path;
   const size_t end = path.find('/');

@@ -138,7 +138,7 @@ AttributeNaming Outline::attribute_naming() const {
                          {spec->reserved5, spec->reserved10[0], spec->reserved10[1]},
                          {}};
   for (size_t i = 0; i < 8; ++i) {
-    const char* const text = (*spec.get()).*kNamingTexts[i];
+    const char* const text = (*spec).*kNamingTexts[i];
     if (text != nullptr) naming.texts[i] = outside(text);
   }
   return naming;

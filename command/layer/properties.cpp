@@ -39,7 +39,7 @@ void for_each_reserved_byte(Visit&& visit) {
 }  // namespace
 
 const std::vector<Property>& properties() {
-  static const std::vector<Property> all = {
+  static const std::vector<Property> kAll = {
       number("category", &Record::dimensionCategory,
              {{kCategoryNone, "none"},
               {kCategoryAccounts, "accounts"},
@@ -74,7 +74,7 @@ const std::vector<Property>& properties() {
       flag("hybrid-analysis", &Record::hybridAnalysisEnabled,
            "hybrid analysis is enabled for the dimension"),
   };
-  return all;
+  return kAll;
 }
 
 const Property* find_property(std::string_view name) {

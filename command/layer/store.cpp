@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "api/olv.h"
 #include "api/olvotl.h"
@@ -224,11 +225,9 @@ EditedOutline::EditedOutline(HCTX context, Outline opened, std::string applicati
 
 EditedOutline::EditedOutline(EditedOutline&& other) noexcept
     : Outline(std::move(other)),
-      context_(other.context_),
+      context_(std::exchange(other.context_, 0)),
       application_(std::move(other.application_)),
-      database_(std::move(other.database_)) {
-  other.context_ = 0;
-}
+      database_(std::move(other.database_)) {}
 
 EditedOutline::~EditedOutline() {
   if (context_ == 0) return;

@@ -81,7 +81,7 @@ class Store {
 
  private:
   Outline open(const std::string& application, const std::string& database,
-               const std::string& object, bool lock) const;
+               const std::string& name, bool lock) const;
 
   INST instance_ = 0;
   HCTX context_ = 0;

@@ -13,9 +13,9 @@ namespace standin::postgresql {
 // else that a second time would not set right.
 template <typename Work>
 auto transact(Connection& connection, Work work, const char* begin = "BEGIN") {
-  constexpr int kAttempts = 20;
+  constexpr unsigned kAttempts = 20;
   thread_local std::minstd_rand random{std::random_device{}()};
-  for (int attempt = 1;; ++attempt) {
+  for (unsigned attempt = 1;; ++attempt) {
     try {
       Transaction transaction(connection, begin);
       if constexpr (std::is_void_v<decltype(work())>) {
@@ -31,7 +31,7 @@ auto transact(Connection& connection, Work work, const char* begin = "BEGIN") {
       if (!failure.may_try_again() || attempt == kAttempts) throw;
     }
     // Not all at the same moment again.
-    std::this_thread::sleep_for(std::chrono::milliseconds(random() % (10 * attempt) + 1));
+    std::this_thread::sleep_for(std::chrono::milliseconds(random() % (uint64_t{10} * attempt) + 1));
   }
 }
 

@@ -39,7 +39,7 @@ std::set<std::string>& all_tried() {
 void note_tried(const std::string& line) {
   static const std::string kCommand = "$outline ";
   for (size_t at = 0; (at = line.find(kCommand, at)) != std::string::npos;) {
-    at = line.find_first_not_of("'", at + kCommand.size());
+    at = line.find_first_not_of('\'', at + kCommand.size());
     if (at == std::string::npos) return;
     all_tried().insert(line.substr(at, line.find_first_of(" '|;\n", at) - at));
   }

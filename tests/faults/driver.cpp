@@ -23,6 +23,10 @@ void require(int status) {
   std::exit(1);
 }
 
+int number(const char* text) {
+  return static_cast<int>(std::strtol(text, nullptr, 10));
+}
+
 class Step {
  public:
   explicit Step(const char* folder) {
@@ -73,7 +77,7 @@ class Step {
     for (; member != 0; require(OlvOtlGetNextSibling(outline_, member, &member)), ++count) {
       char* formula = nullptr;
       require(OlvOtlGetMemberFormula(outline_, member, &formula));
-      const int own = formula == nullptr ? -1 : std::atoi(formula);
+      const int own = formula == nullptr ? -1 : number(formula);
       require(OlvFree(instance_, formula));
       if (count == 0) version = own;
       if (own != version) return false;
@@ -116,7 +120,7 @@ int main(int count, char** words) {
     step.end();
   } else if (name == "check" && count == 5) {
     Step step(words[2]);
-    if (!step.is_whole(std::atoi(words[3]), std::atoi(words[4]))) {
+    if (!step.is_whole(number(words[3]), number(words[4]))) {
       std::puts("the outline is not one of the versions that were written");
       return 1;
     }

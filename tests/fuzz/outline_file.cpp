@@ -53,10 +53,10 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const InputFile file;
-  file.fill(data, size);
+  static const InputFile kFile;
+  kFile.fill(data, size);
   standin::Outline outline;
-  const int status = standin::load_outline(file.name(), &outline);
+  const int status = standin::load_outline(kFile.name(), &outline);
   fuzz::demand(status == 0 || status == standin::kDamagedOutline ||
                status == standin::kNewerOutline);
   return 0;

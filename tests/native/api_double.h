@@ -202,7 +202,7 @@ class ApiDouble : public DoubleState {
   static constexpr uint8_t kJunkCount = 3;
   template <typename Entry>
   static void set_junk(Entry** block) {
-    *block = reinterpret_cast<Entry*>(kJunkAddress);
+    *block = reinterpret_cast<Entry*>(kJunkAddress);  // NOLINT(performance-no-int-to-ptr)
   }
   template <typename Number>
   static void set_junk(Number* number) {

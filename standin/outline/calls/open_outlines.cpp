@@ -101,8 +101,8 @@ void close_outlines_of(HCTX context) {
 }  // namespace
 
 int register_outline(std::unique_ptr<OpenOutline> open, HOutline* handle) {
-  static const bool told = (when_context_ends(close_outlines_of), true);
-  (void)told;
+  static const bool kTold = (when_context_ends(close_outlines_of), true);
+  (void)kTold;
   const HCTX context = open->context;
   const HOutline entered = enter(std::move(open));
   // From here on the end of the context closes it. It may have ended before.

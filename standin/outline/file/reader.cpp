@@ -222,14 +222,14 @@ int64_t bytes_on_disk(const std::string& path) {
 
 // Tables, views, triggers and columns other than ours have no business in the file.
 void check_schema(OutlineFile& file) {
-  static const std::string ours = schema_made_by(schema_sql().c_str());
+  static const std::string kOurs = schema_made_by(schema_sql().c_str());
   std::string theirs;
   try {
     theirs = schema_of(file.connection());
   } catch (const StoreFailure& failure) {
     throw StoreFailure(failure.status() == kNotAStore ? kDamagedOutline : failure.status());
   }
-  demand(theirs == ours);
+  demand(theirs == kOurs);
 }
 
 }  // namespace

@@ -35,8 +35,8 @@ class SparseMap {
     if (count == slots_.size()) return;
     std::vector<Slot> old(count);
     old.swap(slots_);
-    bits_ = 0;
-    while (size_t{1} << bits_ < count) ++bits_;
+    shift_ = 32;
+    while (size_t{1} << (32 - shift_) < count) --shift_;
     for (const Slot& slot : old) {
       if (slot.id != kRoot) *free_slot(slot.id) = slot;
     }
@@ -82,7 +82,7 @@ class SparseMap {
   };
 
   uint32_t mask() const { return static_cast<uint32_t>(slots_.size()) - 1; }
-  uint32_t home(MemberId id) const { return (id * 2654435769u) >> (32 - bits_); }
+  uint32_t home(MemberId id) const { return (id * 2654435769u) >> shift_; }
   uint32_t next(uint32_t at) const { return (at + 1) & mask(); }
   Slot* free_slot(MemberId id) {
     uint32_t at = home(id);
@@ -91,7 +91,7 @@ class SparseMap {
   }
 
   std::vector<Slot> slots_;  // a power of two of them, at least a quarter free
-  unsigned bits_ = 0;        // of a position
+  unsigned shift_ = 31;      // leaves the bits of a position of a hash
   uint32_t size_ = 0;
 };
 
