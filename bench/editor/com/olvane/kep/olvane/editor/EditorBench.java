@@ -139,7 +139,7 @@ public final class EditorBench {
 
   /** Reads all members and draws them, and draws them once more. */
   private void picture() throws Exception {
-    PicturePane pane = find(window.frame(), PicturePane.class);
+    PicturePane pane = find(window.frame, PicturePane.class);
     PictureView view = find(pane, PictureView.class);
     double[] read = {millis(() -> {
       onEventThread(() -> {
@@ -187,7 +187,7 @@ public final class EditorBench {
   private void open(String database) throws Exception {
     CountDownLatch opened = new CountDownLatch(1);
     SwingUtilities.invokeLater(() -> editor.open(APPLICATION, database, null, shown -> {
-      window = editor.windows().get(editor.windows().size() - 1);
+      window = editor.windows.get(editor.windows.size() - 1);
       opened.countDown();
     }));
     opened.await();
@@ -195,12 +195,12 @@ public final class EditorBench {
 
   private void showFirstTree() throws Exception {
     open(DATABASE);
-    await(() -> window.tree().getRowCount() == 1 && nodeAt(0).member != null);
+    await(() -> window.tree.getRowCount() == 1 && nodeAt(0).member != null);
     paint();
   }
 
   private MemberNode nodeAt(int row) {
-    return (MemberNode) window.tree().getPathForRow(row).getLastPathComponent();
+    return (MemberNode) window.tree.getPathForRow(row).getLastPathComponent();
   }
 
   private void await(Callable<Boolean> condition) throws Exception {
@@ -211,17 +211,17 @@ public final class EditorBench {
 
   private void paint() throws Exception {
     onEventThread(() -> {
-      window.tree().paintImmediately(window.tree().getVisibleRect());
+      window.tree.paintImmediately(window.tree.getVisibleRect());
       return null;
     });
   }
 
   private void expand() throws Exception {
     onEventThread(() -> {
-      window.tree().expandRow(0);
+      window.tree.expandRow(0);
       return null;
     });
-    await(() -> window.tree().getRowCount() == size + 1 && nodeAt(1).member != null);
+    await(() -> window.tree.getRowCount() == size + 1 && nodeAt(1).member != null);
     paint();
   }
 
@@ -230,7 +230,7 @@ public final class EditorBench {
       window.close();
       return null;
     });
-    await(() -> !window.frame().isDisplayable());
+    await(() -> !window.frame.isDisplayable());
   }
 
   // ---- Searching ----
@@ -238,10 +238,10 @@ public final class EditorBench {
   private void search() throws Exception {
     double[] alone = new double[turns];
     double[] inWindow = new double[turns];
-    Outline outline = window.workspace().outline();
+    Outline outline = window.workspace.outline;
     SearchTask[] task = new SearchTask[1];
     int[] hits = new int[1];
-    onEventThread(() -> task[0] = new SearchTask(window.workspace()));
+    onEventThread(() -> task[0] = new SearchTask(window.workspace));
     for (int turn = -1; turn < turns; turn++) {
       double one = millis(() -> hits[0] = find(outline));
       double two = millis(() -> {
@@ -286,7 +286,7 @@ public final class EditorBench {
     long[] longest = new long[1];
     ThreadMXBean threads = ManagementFactory.getThreadMXBean();
     List<Long> pauses = new ArrayList<>();
-    OutlineTree tree = window.tree();
+    OutlineTree tree = window.tree;
     int step = Math.max(MemberNode.Page.SIZE, size / 2000);
     long start = System.nanoTime();
     for (int row = 1; row <= size; row += step) {

@@ -47,7 +47,7 @@ public class PanesTest {
   }
 
   private Outline outline() {
-    return open.workspace.outline();
+    return open.workspace.outline;
   }
 
   private Member read(String name) {
@@ -149,7 +149,7 @@ public class PanesTest {
     user.waitFor("the list to go", () -> !box.isPopupVisible());
     user.click(open.tree, user.row(open.tree, "Product"));
     user.waitFor("the keyboard in the tree", open.tree::isFocusOwner);
-    assertNull("nothing was taken", open.workspace.history().toUndo());
+    assertNull("nothing was taken", open.workspace.history.toUndo());
     user.key("RIGHT");
     user.click(open.tree, user.row(open.tree, "Drinks"));
     user.find(JLabel.class, "the details", one -> "Drinks".equals(one.getText()));
@@ -194,7 +194,7 @@ public class PanesTest {
     Files.write(file, Arrays.asList("$ALT_NAME  'French'", "\"Cola\"   \"Coca\"",
         "\"Nowhere\"   \"Nulle part\"", "$END"), StandardCharsets.UTF_8);
     javax.swing.SwingUtilities.invokeLater(
-        () -> open.window.commands().get("Alias Tables \u2026").actionPerformed(null));
+        () -> open.window.commands.get("Alias Tables \u2026").actionPerformed(null));
     JList<?> tables = user.find(JList.class, "Alias tables");
     user.click(button("New\u2026"));
     JTextField name = user.find(JTextField.class, "Name of the table");

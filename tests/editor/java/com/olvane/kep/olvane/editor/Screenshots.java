@@ -73,8 +73,8 @@ public final class Screenshots {
       return null;
     });
     window = user.waitForOne("the window",
-        () -> editor.windows().isEmpty() ? null : editor.windows().get(0));
-    workspace = window.workspace();
+        () -> editor.windows.isEmpty() ? null : editor.windows.get(0));
+    workspace = window.workspace;
   }
 
   private void takeAll() throws IOException {
@@ -129,7 +129,7 @@ public final class Screenshots {
     edit(MemberEdits.change(Collections.singletonList(member("FR")),
         new Changes().alias("French", "Japon")));
     RobotUser.onEventThread(() -> {
-      window.commands().get("Verify").actionPerformed(null);
+      window.commands.get("Verify").actionPerformed(null);
       return null;
     });
     pane("Findings");
@@ -139,7 +139,7 @@ public final class Screenshots {
   private void takeAliasTables() throws IOException {
     // A dialog holds the call that opens it until it closes.
     SwingUtilities.invokeLater(
-        () -> window.commands().get("Alias Tables \u2026").actionPerformed(null));
+        () -> window.commands.get("Alias Tables \u2026").actionPerformed(null));
     user.find(JComponent.class, "Alias tables");
     take("alias-tables");
     user.key("ESCAPE");
@@ -148,7 +148,7 @@ public final class Screenshots {
         "\"Atlantis\"   \"Atlantide\"", "lonely", "$END"));
     AliasFile file = AliasFile.read(path);
     SwingUtilities.invokeLater(
-        () -> AliasImportDialog.ask(window.frame(), workspace, path, file));
+        () -> AliasImportDialog.ask(window.frame, workspace, path, file));
     user.find(JTable.class, "Lines");
     take("import");
     user.key("ESCAPE");
@@ -156,7 +156,7 @@ public final class Screenshots {
   }
 
   private Member member(String name) {
-    return workspace.outline().find(name).get();
+    return workspace.outline.find(name).get();
   }
 
   private void edit(Edit edit) {
@@ -164,7 +164,7 @@ public final class Screenshots {
       workspace.edit(edit);
       return null;
     });
-    user.waitFor(edit.title(), () -> workspace.history().toUndo() == edit);
+    user.waitFor(edit.title(), () -> workspace.history.toUndo() == edit);
   }
 
   /** Selects members and waits until the panes show them. */

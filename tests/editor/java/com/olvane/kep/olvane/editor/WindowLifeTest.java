@@ -110,7 +110,7 @@ public class WindowLifeTest {
         longest[0] < LONGEST_WORK_MILLIS * 1_000_000);
     assertTrue("the window was frozen for " + longest[1] / 1_000_000 + " ms",
         longest[1] < LONGEST_PAUSE_MILLIS * 1_000_000);
-    int held = RobotUser.onEventThread(() -> open.window.tree().pagedModel().nodes().size());
+    int held = RobotUser.onEventThread(() -> open.window.tree.model.nodes().size());
     assertTrue(held + " nodes are held", held < 30_000);
 
     user.key("END");
@@ -176,7 +176,7 @@ public class WindowLifeTest {
     user.key("ctrl S");
     user.waitFor("it to be saved", () -> !open.workspace.dirty());
     user.key("ctrl W");
-    user.waitFor("the window to close", () -> !open.window.frame().isDisplayable());
+    user.waitFor("the window to close", () -> !open.window.frame.isDisplayable());
     try (Store again = Store.open(open.folder, "tester");
         Outline saved = again.browse("Test", "Test")) {
       assertEquals(

@@ -55,13 +55,13 @@ final class WindowOutline extends ExternalResource {
     });
     SwingUtilities.invokeLater(() -> editor.open("Test", "Test", null, opened -> {
       if (opened) {
-        window = editor.windows().get(0);
+        window = editor.windows.get(0);
       }
     }));
     answer.call();
-    user.waitFor("the window", () -> window != null && window.frame().isShowing());
-    workspace = window.workspace();
-    tree = window.tree();
+    user.waitFor("the window", () -> window != null && window.frame.isShowing());
+    workspace = window.workspace;
+    tree = window.tree;
     user.waitFor("the tree", () -> workspace.members() == 0 || tree.getRowCount() > 0);
   }
 
@@ -124,7 +124,7 @@ final class WindowOutline extends ExternalResource {
       int below = path.getPathCount() - 1;
       MemberNode node = (MemberNode) path.getLastPathComponent();
       append(line, depth, below, node.member == null || tree.isExpanded(path)
-          ? node.toString() : shape(workspace.outline(), node.member));
+          ? node.toString() : shape(workspace.outline, node.member));
       depth = below;
     }
     return end(line, depth);
@@ -166,6 +166,6 @@ final class WindowOutline extends ExternalResource {
     } catch (AssertionError e) {
       assertEquals(e.getMessage(), shape, RobotUser.onEventThread(this::shown));
     }
-    assertEquals(shape, shape(workspace.outline()));
+    assertEquals(shape, shape(workspace.outline));
   }
 }

@@ -116,7 +116,7 @@ public class WindowTourTest {
     user.click(open.tree, user.row(open.tree, "D"));
     user.key("ctrl W");
     open.press(user, "Save");
-    user.waitFor("the window to close", () -> !open.window.frame().isDisplayable());
+    user.waitFor("the window to close", () -> !open.window.frame.isDisplayable());
   }
 
   @Test
@@ -127,17 +127,17 @@ public class WindowTourTest {
     user.clickInto(user.find(JTextField.class, "database"));
     user.type("Fresh");
     user.key("ENTER");
-    user.waitFor("the window", () -> open.editor.windows().size() == 1
-        && open.editor.windows().get(0).frame().isShowing());
-    open.window = open.editor.windows().get(0);
-    open.tree = open.window.tree();
-    open.workspace = open.window.workspace();
+    user.waitFor("the window", () -> open.editor.windows.size() == 1
+        && open.editor.windows.get(0).frame.isShowing());
+    open.window = open.editor.windows.get(0);
+    open.tree = open.window.tree;
+    open.workspace = open.window.workspace;
     assertThat(open.workspace.name(), containsString("Test.Fresh"));
     open.menu(user, "Edit", "Add Dimension");
     open.name(user, "Year");
     open.expect(user, "Year");
     user.key("ctrl W");
     open.press(user, "Discard");
-    user.waitFor("the window to close", () -> !open.window.frame().isDisplayable());
+    user.waitFor("the window to close", () -> !open.window.frame.isDisplayable());
   }
 }

@@ -71,8 +71,8 @@ final class AliasImportDialog {
     summary.setText("Looking up the members …");
     summary.setForeground(Theme.palette().faint);
     workspace.read(() -> {
-      file.judge(workspace.outline(), into);
-      return workspace.outline().aliasTables().names().contains(into);
+      file.judge(workspace.outline, into);
+      return workspace.outline.aliasTables().names().contains(into);
     }, exists -> {
       if (into.equals(table.getText())) {
         showOutcome(exists);

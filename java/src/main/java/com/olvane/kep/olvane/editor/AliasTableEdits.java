@@ -16,7 +16,7 @@ final class AliasTableEdits {
 
   /** Takes down a table, which may not be there; what is given makes it be as it was. */
   private static Consumer<EditContext> keep(EditContext context, String table) {
-    Outline outline = context.outline();
+    Outline outline = context.outline;
     AliasTables tables = outline.aliasTables();
     if (!tables.names().contains(table)) {
       return again -> {
@@ -48,7 +48,7 @@ final class AliasTableEdits {
 
   private static Edit edit(String title, String table, Consumer<AliasTables> change) {
     return Edit.restoring(title, OutlineChange::aliasTables, context -> keep(context, table),
-        context -> change.accept(context.outline().aliasTables()));
+        context -> change.accept(context.outline.aliasTables()));
   }
 
   static Edit create(String table) {
@@ -68,16 +68,16 @@ final class AliasTableEdits {
   static Edit rename(String table, String name) {
     return Edit.restoring("Rename the alias table " + table + " to " + name,
         OutlineChange::aliasTables, context -> again -> {
-          if (!again.outline().aliasTables().names().contains(table)) {
-            again.outline().aliasTables().rename(name, table);
+          if (!again.outline.aliasTables().names().contains(table)) {
+            again.outline.aliasTables().rename(name, table);
           }
-        }, context -> context.outline().aliasTables().rename(table, name));
+        }, context -> context.outline.aliasTables().rename(table, name));
   }
 
   static Edit delete(String table) {
     return Edit.restoring("Delete the alias table " + table, OutlineChange::aliasTables,
         context -> {
-          AliasTables tables = context.outline().aliasTables();
+          AliasTables tables = context.outline.aliasTables();
           List<String> names = tables.names();
           Consumer<EditContext> restore = keep(context, table);
           return again -> {
@@ -85,7 +85,7 @@ final class AliasTableEdits {
             names.subList(names.indexOf(table) + 1, names.size())
                 .forEach(behind -> moveToEnd(tables, behind));
           };
-        }, context -> context.outline().aliasTables().delete(table));
+        }, context -> context.outline.aliasTables().delete(table));
   }
 
   /** Tables stand in the order in which they were made, so one that is to be last is made anew. */
@@ -103,7 +103,7 @@ final class AliasTableEdits {
   static Edit fill(String table, Map<String, String> aliases) {
     return Edit.restoring("Import " + aliases.size() + " aliases into " + table,
         OutlineChange::aliasTables, context -> keep(context, table), context -> {
-          Outline outline = context.outline();
+          Outline outline = context.outline;
           if (!outline.aliasTables().names().contains(table)) {
             outline.aliasTables().create(table);
           }

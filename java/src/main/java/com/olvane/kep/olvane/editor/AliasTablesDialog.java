@@ -112,7 +112,7 @@ final class AliasTablesDialog extends JDialog {
   }
 
   private void read() {
-    workspace.read(() -> workspace.outline().aliasTables().names(), names -> {
+    workspace.read(() -> workspace.outline.aliasTables().names(), names -> {
       String selected = selectNext == null ? list.getSelectedValue() : selectNext;
       selectNext = null;
       model.clear();
@@ -207,7 +207,7 @@ final class AliasTablesDialog extends JDialog {
       return;
     }
     workspace.run("Exporting " + table, () -> {
-      workspace.outline().aliasTables().exportTo(table, file.toPath());
+      workspace.outline.aliasTables().exportTo(table, file.toPath());
       return null;
     }, nothing -> JOptionPane.showMessageDialog(this, table + " is now in " + file + ".",
         "Export " + table, JOptionPane.INFORMATION_MESSAGE));

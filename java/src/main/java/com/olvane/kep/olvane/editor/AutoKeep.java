@@ -15,7 +15,7 @@ final class AutoKeep {
 
   AutoKeep(EditorWindow window) {
     this.window = window;
-    this.workspace = window.workspace();
+    this.workspace = window.workspace;
     pause.setRepeats(false);
     workspace.historyChanged.hear(history -> {
       if (history.dirty()) {

@@ -23,7 +23,7 @@ final class Clip implements Transferable {
   private static Set<Integer> cut = Collections.emptySet();
 
   private final Workspace workspace;
-  private final List<Member> members;
+  final List<Member> members;
 
   Clip(Workspace workspace, List<Member> members) {
     this.workspace = workspace;
@@ -70,10 +70,6 @@ final class Clip implements Transferable {
   /** What was cut has been moved or is to stay. */
   static void forgetCut() {
     cut = Collections.emptySet();
-  }
-
-  List<Member> members() {
-    return members;
   }
 
   @Override

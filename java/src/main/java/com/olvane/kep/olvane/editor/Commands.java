@@ -47,7 +47,7 @@ final class Commands {
     }
   }
 
-  private final JMenuBar bar = new JMenuBar();
+  final JMenuBar bar = new JMenuBar();
   private final Map<String, JMenu> menus = new LinkedHashMap<>();
   private final Map<String, Command> commands = new LinkedHashMap<>();
   private final BooleanSupplier elsewhere;
@@ -61,10 +61,6 @@ final class Commands {
       menus.put(name, menu);
       bar.add(menu);
     }
-  }
-
-  JMenuBar bar() {
-    return bar;
   }
 
   JMenu menu(String name) {

@@ -66,7 +66,7 @@ final class DatabaseChooser {
 
   /** Shows the databases as they are now. */
   void show() {
-    Editor.inBackground(editor.store()::databases, found -> {
+    Editor.inBackground(editor.store::databases, found -> {
       databases = found;
       listing.show(found);
       if (!found.isEmpty()) {
@@ -100,7 +100,7 @@ final class DatabaseChooser {
       return;
     }
     try {
-      editor.store().create(prompt.application(), prompt.database());
+      editor.store.create(prompt.application(), prompt.database());
       open(prompt.application(), prompt.database());
     } catch (StatusException e) {
       Ask.say(frame, e);

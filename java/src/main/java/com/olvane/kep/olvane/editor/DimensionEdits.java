@@ -24,7 +24,7 @@ final class DimensionEdits {
   static Edit name(Member dimension, boolean generation, int number, String name) {
     Ref ref = Ref.to(dimension);
     Function<EditContext, NumberedNames> names = context -> generation
-        ? context.outline().generations() : context.outline().levels();
+        ? context.outline.generations() : context.outline.levels();
     String what = (generation ? "generation " : "level ") + number + " of " + dimension.name();
     return Edit.set(name.isEmpty() ? "Remove the name of " + what : "Name " + what,
         OutlineChange::settings,
@@ -57,9 +57,9 @@ final class DimensionEdits {
       return again -> {
         parts.restoreKind(again, again.member(ref), place.place(again));
         associations.accept(again);
-        parts.restoreNames(again.outline(), again.member(ref));
+        parts.restoreNames(again.outline, again.member(ref));
       };
-    }, context -> change.accept(context.outline(), context.member(ref)));
+    }, context -> change.accept(context.outline, context.member(ref)));
   }
 
   static Edit categorise(Member dimension, DimensionCategory category) {
@@ -82,13 +82,13 @@ final class DimensionEdits {
     Ref other = Ref.to(attribute);
     Ref ref = Ref.to(base);
     Consumer<EditContext> dissociate = context ->
-        context.outline().attributes().dissociate(context.member(ref), context.member(other));
+        context.outline.attributes().dissociate(context.member(ref), context.member(other));
     return Edit.restoring(
         (associated ? "Associate " : "Dissociate ") + base.name() + " and " + attribute.name(),
         DimensionEdits::dimensionsChanged,
         context -> associated ? dissociate
             : PlacedTexts.associations(context, context.member(ref)),
-        associated ? context -> context.outline().attributes()
+        associated ? context -> context.outline.attributes()
             .associate(context.member(ref), context.member(other)) : dissociate);
   }
 
@@ -97,9 +97,9 @@ final class DimensionEdits {
   /** Takes down all time series, changes them, and takes that back: their order counts, too. */
   private static Edit series(String title, Consumer<Outline> change) {
     return Edit.restoring(title, OutlineChange::settings, context -> {
-      List<DynamicTimeSeries> before = context.outline().timeSeries().enabled();
+      List<DynamicTimeSeries> before = context.outline.timeSeries().enabled();
       return again -> {
-        Outline outline = again.outline();
+        Outline outline = again.outline;
         for (DynamicTimeSeries one : outline.timeSeries().enabled()) {
           one.getAliases().keySet().forEach(
               table -> outline.timeSeries().alias(one.getName(), table, ""));
@@ -107,7 +107,7 @@ final class DimensionEdits {
         }
         DimensionParts.enable(outline, before);
       };
-    }, context -> change.accept(context.outline()));
+    }, context -> change.accept(context.outline));
   }
 
   /** Enables a time series on a generation, or with 0 disables it. */

@@ -23,7 +23,7 @@ final class DimensionParts {
 
   /** Takes them down as they are now. */
   DimensionParts(EditContext context, Member dimension) {
-    Outline outline = context.outline();
+    Outline outline = context.outline;
     this.dimension = dimension;
     generations = given(outline.generations(), dimension);
     levels = given(outline.levels(), dimension);
@@ -43,7 +43,7 @@ final class DimensionParts {
 
   /** Gives a dimension the kind, at its place. */
   void restoreKind(EditContext context, Member now, Place place) {
-    Outline outline = context.outline();
+    Outline outline = context.outline;
     if (now.storageTypeCode() != dimension.storageTypeCode()) {
       outline.setStorageType(now, dimension.storageTypeCode());
     }

@@ -29,7 +29,7 @@ final class DimensionRows {
 
   private DimensionRows(Workspace workspace, int handle) {
     this.workspace = workspace;
-    outline = workspace.outline();
+    outline = workspace.outline;
     dimension = outline.read(new int[] {handle}, Details.NONE.attributes()).get(0);
   }
 

@@ -100,10 +100,10 @@ final class Edit {
         }
         throw e;
       }
-      what.accept(context.change());
+      what.accept(context.change);
       return again -> {
         restore.accept(again);
-        what.accept(again.change());
+        what.accept(again.change);
         return restoring(what, keep, change);
       };
     };

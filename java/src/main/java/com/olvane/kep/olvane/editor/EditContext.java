@@ -22,22 +22,14 @@ final class EditContext {
 
   private static final Progress NONE = (done, total) -> true;
 
-  private final Outline outline;
+  final Outline outline;
   private final Map<Integer, Set<Ref>> refs = new HashMap<>();
-  private OutlineChange change = new OutlineChange();
+  /** What has changed since {@link #begin}. */
+  OutlineChange change = new OutlineChange();
   private Progress progress = NONE;
 
   EditContext(Outline outline) {
     this.outline = outline;
-  }
-
-  Outline outline() {
-    return outline;
-  }
-
-  /** What has changed since {@link #begin}. */
-  OutlineChange change() {
-    return change;
   }
 
   /** Begins to gather changes anew. */

@@ -10,26 +10,14 @@ import javax.swing.SwingUtilities;
 
 /** The running program: a store and its windows. It ends with the last of them. */
 final class Editor {
-  private final Store store;
-  private final UserSettings settings = UserSettings.read();
-  private final List<EditorWindow> windows = new ArrayList<>();
+  final Store store;
+  final UserSettings settings = UserSettings.read();
+  final List<EditorWindow> windows = new ArrayList<>();
   private DatabaseChooser chooser;
 
   Editor(Store store) {
     this.store = store;
     Theme.install("dark".equals(settings.text("theme", "light")) ? Palette.DARK : Palette.LIGHT);
-  }
-
-  Store store() {
-    return store;
-  }
-
-  List<EditorWindow> windows() {
-    return windows;
-  }
-
-  UserSettings settings() {
-    return settings;
   }
 
   /** Shows the list of databases to choose from. */
@@ -43,8 +31,8 @@ final class Editor {
   /** Opens a window on an outline; {@code opened} hears whether there is one. */
   void open(String application, String database, Component parent, Consumer<Boolean> opened) {
     for (EditorWindow window : windows) {
-      if (window.workspace().name().equals(application + "." + database)) {
-        window.frame().toFront();
+      if (window.workspace.name().equals(application + "." + database)) {
+        window.frame.toFront();
         opened.accept(true);
         return;
       }

@@ -24,15 +24,15 @@ final class EditorWindow {
   private static final int HEIGHT = 800;
   private static final int TREE_WIDTH = 520;
 
-  private final Editor editor;
-  private final Workspace workspace;
-  private final JFrame frame = new JFrame();
-  private final Commands commands =
+  final Editor editor;
+  final Workspace workspace;
+  final JFrame frame = new JFrame();
+  final Commands commands =
       new Commands(this::isBesideTree, "File", "Edit", "Search", "View", "Outline");
   private final JTabbedPane tabs = new JTabbedPane();
   private final JSplitPane split = new JSplitPane(JSplitPane.HORIZONTAL_SPLIT);
   private final StatusLine status;
-  private final OutlineTree tree;
+  final OutlineTree tree;
   private final AutoKeep autoKeep;
   /** Whether it is being asked what to do before closing: a key may be held too long. */
   private boolean closing;
@@ -80,7 +80,7 @@ final class EditorWindow {
     split.setBorder(BorderFactory.createEmptyBorder());
     tabs.setName("panes");
     tabs.getAccessibleContext().setAccessibleName("Panes");
-    frame.setJMenuBar(commands.bar());
+    frame.setJMenuBar(commands.bar);
     frame.add(split, BorderLayout.CENTER);
     frame.add(status, BorderLayout.SOUTH);
     frame.setDefaultCloseOperation(WindowConstants.DO_NOTHING_ON_CLOSE);
@@ -91,7 +91,7 @@ final class EditorWindow {
       }
     });
     Dimension screen = Toolkit.getDefaultToolkit().getScreenSize();
-    UserSettings settings = editor.settings();
+    UserSettings settings = editor.settings;
     frame.setSize(
         Math.min(settings.number("window.width", WIDTH), screen.width),
         Math.min(settings.number("window.height", HEIGHT), screen.height));
@@ -100,32 +100,12 @@ final class EditorWindow {
 
   private void addHistoryCommands() {
     JMenu menu = commands.menu("Edit");
-    History history = workspace.history();
+    History history = workspace.history;
     commands.add(menu, "Undo", "ctrl Z", "Take the last edit back", workspace::undo)
         .when(() -> history.toUndo() != null);
     commands.add(menu, "Redo", "ctrl Y", "Do the edit again", workspace::redo)
         .when(() -> history.toRedo() != null);
     menu.addSeparator();
-  }
-
-  Editor editor() {
-    return editor;
-  }
-
-  Workspace workspace() {
-    return workspace;
-  }
-
-  JFrame frame() {
-    return frame;
-  }
-
-  Commands commands() {
-    return commands;
-  }
-
-  OutlineTree tree() {
-    return tree;
   }
 
   private boolean isBesideTree() {
@@ -183,7 +163,7 @@ final class EditorWindow {
 
   private void closeNow() {
     autoKeep.stop();
-    UserSettings settings = editor.settings();
+    UserSettings settings = editor.settings;
     settings.put("window.width", frame.getWidth());
     settings.put("window.height", frame.getHeight());
     settings.put("tree.width", split.getDividerLocation());

@@ -11,12 +11,12 @@ final class FileCommands {
 
   FileCommands(EditorWindow window, FindingsPane findings) {
     this.window = window;
-    this.workspace = window.workspace();
+    this.workspace = window.workspace;
     this.findings = findings;
-    Commands commands = window.commands();
+    Commands commands = window.commands;
     JMenu file = commands.menu("File");
     commands.add(file, "Open \u2026", "ctrl O", "Choose another outline of the store",
-        () -> window.editor().choose());
+        () -> window.editor.choose());
     file.addSeparator();
     commands.add(file, "Save", "ctrl S", "Write the outline to its database", this::save)
         .when(() -> workspace.dirty() && workspace.isEditable());
@@ -33,7 +33,7 @@ final class FileCommands {
         "Make the outline of a currency database", this::deriveCurrency);
     commands.add(outline, "Alias Tables \u2026", null,
         "Create, change, import and export alias tables",
-        () -> new AliasTablesDialog(window.frame(), workspace).setVisible(true));
+        () -> new AliasTablesDialog(window.frame, workspace).setVisible(true));
   }
 
   /** Saves what was typed up to now. */
@@ -43,7 +43,7 @@ final class FileCommands {
 
   private void saveAs() {
     withDatabase("Save As", "Save", "Saving as ", (application, database) -> {
-      workspace.outline().database().saveAs(application, database);
+      workspace.outline.database().saveAs(application, database);
       return "Saved as " + application + "." + database + ". This window goes on with "
           + workspace.name() + ".";
     });
@@ -51,7 +51,7 @@ final class FileCommands {
 
   private void deriveCurrency() {
     withDatabase("Derive Currency Outline", "Derive", "Deriving ", (application, database) -> {
-      workspace.outline().database().deriveCurrencyOutline(application, database);
+      workspace.outline.database().deriveCurrencyOutline(application, database);
       return "Derived the currency outline " + application + "." + database + ".";
     });
   }
@@ -59,8 +59,8 @@ final class FileCommands {
   /** Does something with another database, made if need be; {@code work} tells what it did. */
   private void withDatabase(
       String title, String verb, String doing, BiFunction<String, String, String> work) {
-    window.settle(() -> workspace.read(() -> workspace.store().databases(), known -> {
-      DatabasePrompt prompt = new DatabasePrompt(window.tree(), title, verb, known, true);
+    window.settle(() -> workspace.read(() -> workspace.store.databases(), known -> {
+      DatabasePrompt prompt = new DatabasePrompt(window.tree, title, verb, known, true);
       if (!prompt.ask()) {
         return;
       }
@@ -68,12 +68,12 @@ final class FileCommands {
       String database = prompt.database();
       String name = application + "." + database;
       if (name.equals(workspace.name())) {
-        Ask.say(window.frame(), "That is the database of this window. Save it with Ctrl+S.");
+        Ask.say(window.frame, "That is the database of this window. Save it with Ctrl+S.");
         return;
       }
       workspace.run(doing + name, () -> {
         if (!prompt.exists()) {
-          workspace.store().create(application, database);
+          workspace.store.create(application, database);
         }
         return work.apply(application, database);
       }, window::status);
@@ -84,7 +84,7 @@ final class FileCommands {
     window.settle(() -> {
       if (!workspace.dirty()) {
         startRestructure();
-      } else if (Ask.confirm(window.frame(),
+      } else if (Ask.confirm(window.frame,
           "The database is restructured to what is saved. Save now?", "Save and Restructure")) {
         workspace.save(this::startRestructure);
       }
@@ -94,14 +94,14 @@ final class FileCommands {
   private void startRestructure() {
     long start = System.nanoTime();
     workspace.run("Restructuring", () -> {
-      workspace.outline().database().restructure(1);
+      workspace.outline.database().restructure(1);
       return (System.nanoTime() - start) / 1e9;
     }, seconds -> window.status(
         String.format("Restructured %s in %.1f s.", workspace.name(), seconds)));
   }
 
   private void verify() {
-    window.settle(() -> workspace.run("Verifying", () -> workspace.outline().verify(), found -> {
+    window.settle(() -> workspace.run("Verifying", () -> workspace.outline.verify(), found -> {
       findings.show(found);
       window.showPane(findings.panel);
     }));

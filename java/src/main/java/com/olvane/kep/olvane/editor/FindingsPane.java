@@ -19,7 +19,7 @@ final class FindingsPane {
   FindingsPane(Workspace workspace) {
     listing.onChoice(1, finding -> {
       if (finding.handle() != 0) {
-        workspace.read(() -> workspace.outline().read(new int[] {finding.handle()}, Details.NONE),
+        workspace.read(() -> workspace.outline.read(new int[] {finding.handle()}, Details.NONE),
             workspace::select);
       }
     });

@@ -22,11 +22,11 @@ final class HistoryPane {
     this.workspace = workspace;
     listing.onChoice(2, this::go);
     workspace.historyChanged.hear(this::show);
-    show(workspace.history());
+    show(workspace.history);
   }
 
   private String state(int step) {
-    int now = workspace.history().position();
+    int now = workspace.history.position();
     return step == now ? "now" : step > now ? "undone" : "";
   }
 
@@ -38,7 +38,7 @@ final class HistoryPane {
 
   /** Undoes or does again until a step is the last one done. */
   private void go(int step) {
-    int now = workspace.history().position();
+    int now = workspace.history.position();
     for (int i = step; i < now; i++) {
       workspace.undo();
     }

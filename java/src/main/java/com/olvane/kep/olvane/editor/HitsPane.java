@@ -75,7 +75,7 @@ final class HitsPane {
     List<Member> some = new ArrayList<>(asked);
     asked.clear();
     workspace.read(() -> some.stream().collect(Collectors.toMap(
-        Member::handle, one -> path(workspace.outline(), one), (path, same) -> path)), found -> {
+        Member::handle, one -> path(workspace.outline, one), (path, same) -> path)), found -> {
           paths.putAll(found);
           listing.repaint();
         });

@@ -80,7 +80,7 @@ final class MemberCompletion extends DefaultCompletionProvider {
 
   private List<String> find(String prefix) {
     List<String> names = new ArrayList<>();
-    SearchRun run = workspace.outline().search(new Search(prefix), Details.NONE);
+    SearchRun run = workspace.outline.search(new Search(prefix), Details.NONE);
     long end = System.nanoTime() + MOST_NANOS;
     while (!run.isFinished() && names.size() < MOST && System.nanoTime() < end) {
       for (Member member : run.next()) {

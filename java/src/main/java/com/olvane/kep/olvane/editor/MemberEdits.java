@@ -38,7 +38,7 @@ final class MemberEdits {
 
   /** Members came below a parent, or went with a negative number; one is to be selected. */
   private static void tell(EditContext context, int parent, long count, Ref selected) {
-    OutlineChange change = context.change();
+    OutlineChange change = context.change;
     change.membersAdded += count;
     change.parents.add(parent);
     change.settingsChanged |= parent == OutlineChange.DIMENSIONS;
@@ -64,7 +64,7 @@ final class MemberEdits {
   static Edit create(Target target, String proposed) {
     AtomicReference<String> name = new AtomicReference<>(proposed);
     return new Edit(() -> "Create " + name, context -> {
-      Outline outline = context.outline();
+      Outline outline = context.outline;
       for (int number = 2; outline.find(name.get()).isPresent(); number++) {
         name.set(proposed + " " + number);
       }
@@ -88,7 +88,7 @@ final class MemberEdits {
       Member now = context.member(member, PLACE);
       Target origin = Target.of(context, now);
       Snapshot snapshot = Snapshot.of(context, now);
-      context.outline().delete(now);
+      context.outline.delete(now);
       snapshot.unbind(context);
       tell(context, now.parentHandle(), -snapshot.size(),
           selected == null ? Ref.toHandle(now.parentHandle()) : selected);
@@ -138,11 +138,11 @@ final class MemberEdits {
           && context.member(parent, Details.NONE).dimensionHandle() != now.dimensionHandle();
       Consumer<EditContext> back =
           leaves ? PlacedTexts.associations(context, now) : again -> {};
-      context.outline().move(now, target.place(context));
+      context.outline.move(now, target.place(context));
       associate.accept(context);
-      context.change().parents.add(now.parentHandle());
-      context.change().parents.add(parent);
-      context.change().selection.add(member);
+      context.change.parents.add(now.parentHandle());
+      context.change.parents.add(parent);
+      context.change.selection.add(member);
       return move(member, origin, back);
     };
   }
@@ -152,8 +152,8 @@ final class MemberEdits {
       Member member = context.member(source);
       int parent = target.parent(context);
       requireOutside(context, member, parent);
-      long total = count(context.outline(), Collections.singletonList(member));
-      CopyRun run = context.outline().copy(member, target.place(context));
+      long total = count(context.outline, Collections.singletonList(member));
+      CopyRun run = context.outline.copy(member, target.place(context));
       try {
         while (run.next()) {
           context.progress(run.copied(), total);
@@ -186,10 +186,10 @@ final class MemberEdits {
     String what = parent == null ? "dimensions" : "children of " + parent.name();
     return new Edit("Sort the " + what + (ascending ? "" : " from Z to A"), context -> {
       if (ref == null) {
-        return arrange(null, sortedDimensions(context.outline(), ascending)).run(context);
+        return arrange(null, sortedDimensions(context.outline, ascending)).run(context);
       }
       long[] before = children(context, ref);
-      context.outline().sortChildren(context.member(ref), ascending);
+      context.outline.sortChildren(context.member(ref), ascending);
       long[] after = children(context, ref);
       Arrays.sort(before);
       Arrays.sort(after);
@@ -197,7 +197,7 @@ final class MemberEdits {
       for (int i = 0; i < places.length; i++) {
         places[(int) before[i]] = (int) after[i];
       }
-      context.change().parents.add(context.handle(ref));
+      context.change.parents.add(context.handle(ref));
       return arrange(ref, places);
     });
   }
@@ -214,8 +214,8 @@ final class MemberEdits {
   /** The handles of the children, each with its place in the lower half. */
   private static long[] children(EditContext context, Ref parent) {
     int[] place = {0};
-    try (Stream<Member> children = parent == null ? context.outline().dimensions().stream()
-        : context.outline().children(context.member(parent), Details.NONE)) {
+    try (Stream<Member> children = parent == null ? context.outline.dimensions().stream()
+        : context.outline.children(context.member(parent), Details.NONE)) {
       return children.mapToLong(one -> (long) one.handle() << Integer.SIZE | place[0]++).toArray();
     }
   }
@@ -229,10 +229,10 @@ final class MemberEdits {
       for (int i = places.length - 1; i >= 0; i--) {
         back[places[i]] = i;
         Ref child = Ref.toHandle((int) (now[places[i]] >> Integer.SIZE));
-        context.outline().move(context.member(child), target.place(context));
+        context.outline.move(context.member(child), target.place(context));
         target = Target.before(child);
       }
-      context.change().parents.add(context.handle(parent));
+      context.change.parents.add(context.handle(parent));
       return arrange(parent, back);
     };
   }
@@ -248,10 +248,10 @@ final class MemberEdits {
   private static Edit.Step rename(Ref member, String name, boolean select) {
     return context -> {
       Member before = context.member(member);
-      context.outline().rename(before, name);
-      context.change().members.add(before.handle());
+      context.outline.rename(before, name);
+      context.change.members.add(before.handle());
       if (select) {
-        context.change().selection.add(member);
+        context.change.selection.add(member);
       }
       return rename(member, before.name(), true);
     };
@@ -273,7 +273,7 @@ final class MemberEdits {
 
   private static Edit.Step change(Ref member, Function<Member, Changes> changes) {
     return context -> {
-      Outline outline = context.outline();
+      Outline outline = context.outline;
       Member before = context.member(member, MemberParts.all(outline));
       Member now;
       try {
@@ -283,7 +283,7 @@ final class MemberEdits {
         outline.change(half, MemberParts.difference(half, before));
         throw e;
       }
-      context.change().members.add(before.handle());
+      context.change.members.add(before.handle());
       Changes back = MemberParts.difference(now, before);
       return change(member, again -> back);
     };

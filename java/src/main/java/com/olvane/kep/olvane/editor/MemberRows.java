@@ -45,7 +45,7 @@ final class MemberRows {
 
   private MemberRows(Workspace workspace, List<Member> selected) {
     this.workspace = workspace;
-    outline = workspace.outline();
+    outline = workspace.outline;
     members = outline.read(
         selected.stream().mapToInt(Member::handle).toArray(), MemberParts.all(outline));
   }

@@ -109,15 +109,15 @@ final class MemberTransfer extends TransferHandler {
     if (index == 0) {
       return Target.firstBelow(parent.isRoot() ? null : Ref.to(parent.member));
     }
-    MemberNode before = tree.pagedModel().child(parent, index - 1);
+    MemberNode before = tree.model.child(parent, index - 1);
     return before.member == null ? null : Target.behind(Ref.to(before.member));
   }
 
   /** Between two dimensions, members go behind what stands above the gap. */
   private Target behindRowAbove(int dimension) {
-    MemberNode root = tree.pagedModel().getRoot();
+    MemberNode root = tree.model.getRoot();
     int below = dimension < root.childCount
-        ? tree.getRowForPath(tree.pagedModel().child(root, dimension).path()) : tree.getRowCount();
+        ? tree.getRowForPath(tree.model.child(root, dimension).path()) : tree.getRowCount();
     if (below < 1) {
       return null;
     }
@@ -135,7 +135,7 @@ final class MemberTransfer extends TransferHandler {
       return false;
     }
     workspace.edit(support.getDropAction() == COPY
-        ? MemberEdits.copy(clip.members(), target) : MemberEdits.move(clip.members(), target));
+        ? MemberEdits.copy(clip.members, target) : MemberEdits.move(clip.members, target));
     return true;
   }
 

@@ -41,7 +41,7 @@ final class OutlineTree extends JTree {
   private static final int KEPT_SELECTED = 1000;
 
   private final transient Workspace workspace;
-  private final transient PagedTreeModel model;
+  final transient PagedTreeModel model;
   private final transient Set<MemberNode> expanded = new LinkedHashSet<>();
   private final transient Set<Integer> selectedHandles = new HashSet<>();
   /** Above 0 while the tree itself changes what is expanded or selected. */
@@ -101,10 +101,6 @@ final class OutlineTree extends JTree {
     super.updateUI();
     // The same height for all rows, or a large tree would measure each.
     setRowHeight(getFontMetrics(getFont()).getHeight() + 6);
-  }
-
-  PagedTreeModel pagedModel() {
-    return model;
   }
 
   /** The alias table whose aliases are shown; empty for none. */
@@ -182,7 +178,7 @@ final class OutlineTree extends JTree {
   void reveal(List<Member> members, Runnable then) {
     List<Member> few = members.subList(0, Math.min(members.size(), SELECTABLE));
     List<Integer> handles = few.stream().map(Member::handle).collect(Collectors.toList());
-    workspace.read(() -> new TreeReading(workspace.outline(), model.details, handles), read -> {
+    workspace.read(() -> new TreeReading(workspace.outline, model.details, handles), read -> {
       List<MemberNode> nodes = read.addTo(model);
       adjusting++;
       try {
@@ -249,7 +245,7 @@ final class OutlineTree extends JTree {
     }
     List<Integer> known = change.members.stream()
         .filter(handle -> model.node(handle) != null).collect(Collectors.toList());
-    workspace.read(() -> new TreeReading(workspace.outline(), model.details, known), read -> {
+    workspace.read(() -> new TreeReading(workspace.outline, model.details, known), read -> {
       read.update(model);
       repaint();
     });
@@ -264,7 +260,7 @@ final class OutlineTree extends JTree {
     }
     Map<Integer, Set<Integer>> inView = pagesInView();
     Details details = model.details;
-    workspace.read(() -> new TreeReading(workspace.outline(), details, keep).withPages(inView),
+    workspace.read(() -> new TreeReading(workspace.outline, details, keep).withPages(inView),
         read -> {
           if (open.equals(handles(expanded)) && details == model.details) {
             replace(read, open);

@@ -149,7 +149,7 @@ final class PagedTreeModel implements TreeModel {
     Details wanted = details;
     workspace.read(() -> {
       try {
-        return workspace.outline().page(parent, (long) page.number * MemberNode.Page.SIZE,
+        return workspace.outline.page(parent, (long) page.number * MemberNode.Page.SIZE,
             MemberNode.Page.SIZE, wanted).members();
       } catch (RuntimeException e) {
         // The parent was deleted meanwhile, and the tree hears of it.

@@ -127,7 +127,7 @@ final class PicturePane extends JPanel {
   private void choose(int member) {
     if (member >= 0 && member < view.picture().count()) {
       int handle = view.picture().handle(member);
-      workspace.read(() -> workspace.outline().read(new int[] {handle}, Details.NONE),
+      workspace.read(() -> workspace.outline.read(new int[] {handle}, Details.NONE),
           workspace::select);
     }
   }
@@ -215,7 +215,7 @@ final class PicturePane extends JPanel {
   private void readOn(Reading begun) {
     workspace.read(() -> {
       try {
-        return begun.next(workspace.outline());
+        return begun.next(workspace.outline);
       } catch (ConcurrentModificationException e) {
         return null;  // edited in between; the edit has it read anew
       }
@@ -226,7 +226,7 @@ final class PicturePane extends JPanel {
       if (more) {
         readOn(begun);
       } else if (colour.getSelectedIndex() == 1) {
-        workspace.run("Verifying", () -> workspace.outline().verify(), found -> {
+        workspace.run("Verifying", () -> workspace.outline.verify(), found -> {
           begun.picture.mark(
               found.stream().map(Finding::handle).collect(Collectors.toSet()));
           show(begun, found.size());
@@ -283,7 +283,7 @@ final class PicturePane extends JPanel {
       workspace.read(() -> {
         Map<Integer, String> names = new HashMap<>();
         try {
-          for (Member member : workspace.outline().read(handles, Details.NONE)) {
+          for (Member member : workspace.outline.read(handles, Details.NONE)) {
             names.put(member.handle(), member.name());
           }
         } catch (OutlineException e) {

@@ -44,7 +44,7 @@ final class PlacedTexts {
   private void walk(EditContext context, Details details, ObjIntConsumer<Member> visitor) {
     int place = 0;
     for (Ref root : roots) {
-      try (Stream<Member> all = context.outline().subtree(context.member(root), details)) {
+      try (Stream<Member> all = context.outline.subtree(context.member(root), details)) {
         for (Member member : (Iterable<Member>) all::iterator) {
           visitor.accept(member, place++);
         }
@@ -65,7 +65,7 @@ final class PlacedTexts {
       context.progress(from, handles.length);
       int to = Math.min(handles.length, from + BATCH);
       List<Member> members =
-          context.outline().read(Arrays.copyOfRange(handles, from, to), details);
+          context.outline.read(Arrays.copyOfRange(handles, from, to), details);
       for (int i = from; i < to; i++) {
         give.accept(members.get(i - from), texts.get(i));
       }
@@ -79,7 +79,7 @@ final class PlacedTexts {
    * @return what makes those again that are missing
    */
   static Consumer<EditContext> associations(EditContext context, Member root) {
-    Outline outline = context.outline();
+    Outline outline = context.outline;
     Details details = Details.NONE.attributes();
     List<Member> carriers = Collections.singletonList(root);
     Function<Member, List<String>> read = MemberParts::attributes;
@@ -106,7 +106,7 @@ final class PlacedTexts {
       } else {
         outline.change(member, new Changes().attribute(name));
       }
-      again.change().members.add(member.handle());
+      again.change.members.add(member.handle());
     });
   }
 }

@@ -64,16 +64,16 @@ final class SearchBar {
       if (search.isRunning()) {
         search.cancel();
       } else {
-        window.tree().requestFocusInWindow();
+        window.tree.requestFocusInWindow();
       }
     });
-    Listen.onKey(field, "DOWN", window.tree()::requestFocusInWindow);
+    Listen.onKey(field, "DOWN", window.tree::requestFocusInWindow);
     search.progress.hear(task -> showProgress());
-    window.tree().typed = letter -> {
+    window.tree.typed = letter -> {
       field.setText(letter.toString());
       field.requestFocusInWindow();
     };
-    addCommands(window.commands());
+    addCommands(window.commands);
   }
 
   private void addOption(String text, boolean selected, Consumer<Search> option) {
@@ -107,7 +107,7 @@ final class SearchBar {
         option.accept(text);
       }
     });
-    String table = window.tree().aliasTable();
+    String table = window.tree.aliasTable();
     search.start(text, table.isEmpty() ? Details.NONE : Details.NONE.aliases(table));
   }
 
@@ -118,6 +118,6 @@ final class SearchBar {
     count.setText(field.getText().isEmpty() ? "" : !search.isRunning() ? found
         : String.format("%s, %,d searched", found, search.searched()));
     cancel.setVisible(search.isRunning());
-    window.commands().update();
+    window.commands.update();
   }
 }

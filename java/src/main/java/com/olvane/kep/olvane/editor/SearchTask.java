@@ -43,7 +43,7 @@ final class SearchTask {
     wantedDetails = details;
     clear(true);
     int own = number;
-    workspace.read(() -> workspace.outline().search(search, details), run -> batch(own, run));
+    workspace.read(() -> workspace.outline.search(search, details), run -> batch(own, run));
   }
 
   private void batch(int own, SearchRun run) {
@@ -105,7 +105,7 @@ final class SearchTask {
     Member member = hits.get(hit);
     workspace.read(() -> {
       try {
-        return Collections.singletonList(workspace.outline().read(member, Details.NONE));
+        return Collections.singletonList(workspace.outline.read(member, Details.NONE));
       } catch (OutlineException e) {
         return workspace.selection();
       }

@@ -20,8 +20,8 @@ final class SettingsRows {
 
   /** Reads the settings, whatever is selected. */
   static RowsPane.Contents read(Workspace workspace, List<Member> selected) {
-    OutlineSettings settings = workspace.outline().settings().read();
-    AttributeSettings attributes = workspace.outline().attributes().settings();
+    OutlineSettings settings = workspace.outline.settings().read();
+    AttributeSettings attributes = workspace.outline.attributes().settings();
     List<Row> rows = new ArrayList<>();
     for (Attributes.Name which : Attributes.Name.values()) {
       String words = which.words();
@@ -57,8 +57,8 @@ final class SettingsRows {
 
   private static <T> Edit set(
       String title, Function<Outline, T> read, BiConsumer<Outline, T> write, T value) {
-    return Edit.set(title, OutlineChange::settings, context -> read.apply(context.outline()),
-        (context, now) -> write.accept(context.outline(), now), value);
+    return Edit.set(title, OutlineChange::settings, context -> read.apply(context.outline),
+        (context, now) -> write.accept(context.outline, now), value);
   }
 
   static Edit caseSensitive(boolean sensitive) {

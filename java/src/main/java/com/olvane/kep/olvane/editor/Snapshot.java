@@ -30,7 +30,7 @@ final class Snapshot {
   }
 
   private Snapshot(EditContext context, Member root) {
-    Outline outline = context.outline();
+    Outline outline = context.outline;
     Details details = MemberParts.all(outline);
     members = new PackedMembers(details.aliasTables());
     IntStream.Builder all = IntStream.builder();
@@ -60,7 +60,7 @@ final class Snapshot {
 
   /** Makes the subtree again, and whatever referred to it. */
   void restore(EditContext context, Target target) {
-    Outline outline = context.outline();
+    Outline outline = context.outline;
     Place place = target.place(context);
     PackedMembers.Reader reader = members.reader(outline);
     int root = 0;

@@ -130,7 +130,7 @@ final class StatusLine extends JPanel {
     String object =
         workspace.application() + "/" + workspace.database() + "/" + workspace.database();
     workspace.read(() -> {
-      for (StoreLock one : workspace.store().locks()) {
+      for (StoreLock one : workspace.store.locks()) {
         if (one.object().equals(object)) {
           return "Locked by " + one.user();
         }

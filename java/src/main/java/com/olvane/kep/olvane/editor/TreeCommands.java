@@ -30,9 +30,9 @@ final class TreeCommands {
 
   TreeCommands(EditorWindow window) {
     this.window = window;
-    this.workspace = window.workspace();
-    this.tree = window.tree();
-    menu = window.commands().menu("Edit");
+    this.workspace = window.workspace;
+    this.tree = window.tree;
+    menu = window.commands.menu("Edit");
     tree.renamed = this::rename;
     // The window's commands have these keys.
     for (String keys : new String[] {"ctrl C", "ctrl X", "ctrl V", "COPY", "CUT", "PASTE", "F2"}) {
@@ -49,7 +49,7 @@ final class TreeCommands {
   }
 
   private Commands.Command add(String name, String keys, String description, Runnable run) {
-    return window.commands().add(menu, name, keys, description, run).onTree()
+    return window.commands.add(menu, name, keys, description, run).onTree()
         .when(() -> !workspace.selection().isEmpty() && workspace.isEditable());
   }
 
@@ -167,8 +167,8 @@ final class TreeCommands {
 
   private void delete() {
     List<Member> members = chosen();
-    workspace.read(() -> MemberEdits.count(workspace.outline(), members), count -> {
-      if (count == members.size() || Ask.confirm(window.frame(), String.format("%s with %,d below?",
+    workspace.read(() -> MemberEdits.count(workspace.outline, members), count -> {
+      if (count == members.size() || Ask.confirm(window.frame, String.format("%s with %,d below?",
           MemberEdits.title("Delete", members), count - members.size()), "Delete")) {
         workspace.edit(MemberEdits.delete(members));
       }
@@ -189,9 +189,9 @@ final class TreeCommands {
       return;
     }
     if (clip.isCut()) {
-      workspace.edit(MemberEdits.move(clip.members(), target), Clip::forgetCut);
+      workspace.edit(MemberEdits.move(clip.members, target), Clip::forgetCut);
     } else {
-      workspace.edit(MemberEdits.copy(clip.members(), target));
+      workspace.edit(MemberEdits.copy(clip.members, target));
     }
   }
 
@@ -204,7 +204,7 @@ final class TreeCommands {
 
   private void move(Neighbour neighbour, Function<Ref, Target> target) {
     List<Member> members = chosen();
-    workspace.read(() -> Optional.ofNullable(neighbour.of(workspace.outline(), members)),
+    workspace.read(() -> Optional.ofNullable(neighbour.of(workspace.outline, members)),
         found -> found.ifPresent(
             ref -> workspace.edit(MemberEdits.move(members, target.apply(ref)))));
   }

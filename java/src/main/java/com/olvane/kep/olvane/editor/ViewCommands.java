@@ -25,9 +25,9 @@ final class ViewCommands {
 
   ViewCommands(EditorWindow window) {
     this.window = window;
-    this.workspace = window.workspace();
-    this.tree = window.tree();
-    Commands commands = window.commands();
+    this.workspace = window.workspace;
+    this.tree = window.tree;
+    Commands commands = window.commands;
     JMenu view = commands.menu("View");
     commands.add(view, "Jump to Selection", "ctrl J", "Bring the selected member into view",
         () -> tree.reveal(workspace.selection(), tree::requestFocusInWindow))
@@ -54,11 +54,11 @@ final class ViewCommands {
   // ---- Expanding ----
 
   private void expand(int generation) {
-    Outline outline = workspace.outline();
+    Outline outline = workspace.outline;
     workspace.read(() -> {
       List<Integer> toOpen = toOpen(outline, generation);
       return toOpen.size() > OPENED ? null
-          : new TreeReading(outline, tree.pagedModel().details, toOpen);
+          : new TreeReading(outline, tree.model.details, toOpen);
     }, read -> {
       if (read == null) {
         window.status("More than " + OPENED + " members would be opened;"
@@ -85,7 +85,7 @@ final class ViewCommands {
   // ---- Aliases and colours ----
 
   private void listAliasTables() {
-    workspace.read(() -> workspace.outline().aliasTables().names(), names -> {
+    workspace.read(() -> workspace.outline.aliasTables().names(), names -> {
       aliases.removeAll();
       ButtonGroup group = new ButtonGroup();
       if (!names.contains(tree.aliasTable()) && !tree.aliasTable().isEmpty()) {
@@ -104,7 +104,7 @@ final class ViewCommands {
       String name = palette == Palette.LIGHT ? "Light" : "Dark";
       addChoice(themes, group, name, Theme.palette() == palette, () -> {
         Theme.install(palette);
-        window.editor().settings().put("theme", name.toLowerCase(Locale.ROOT));
+        window.editor.settings.put("theme", name.toLowerCase(Locale.ROOT));
       });
     }
     return themes;

@@ -30,13 +30,14 @@ final class Workspace {
   /** Undo, redo or the need to save changed. */
   final Event<History> historyChanged = new Event<>();
 
-  private final Store store;
-  private final Outline outline;
+  final Store store;
+  /** The outline, for use within {@link #read} and edits. */
+  final Outline outline;
   /** The outline of the database, locked: the same, or other than work that was found kept. */
   private final Outline locked;
   private final UnsavedWork unsaved;
   private final EditContext context;
-  private final History history = new History();
+  final History history = new History();
   private final WorkThread work = new WorkThread();
   private volatile List<Member> selection = Collections.emptyList();
   private volatile long members;
@@ -67,19 +68,6 @@ final class Workspace {
       unsaved.found();
       history.neverSaved();
     }
-  }
-
-  Store store() {
-    return store;
-  }
-
-  /** The outline, for use within {@link #read} and edits. */
-  Outline outline() {
-    return outline;
-  }
-
-  History history() {
-    return history;
   }
 
   /** The number of members. */
@@ -195,7 +183,7 @@ final class Workspace {
       try {
         task.run();
       } finally {
-        OutlineChange change = context.change();
+        OutlineChange change = context.change;
         members += change.membersAdded;
         List<Member> after = selectionAfter(change);
         SwingUtilities.invokeLater(() -> {
