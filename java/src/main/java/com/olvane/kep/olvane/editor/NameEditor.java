@@ -4,43 +4,33 @@ import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.OutlineException;
 import java.awt.Component;
 import java.awt.Dimension;
-import java.awt.event.MouseEvent;
 import java.util.EventObject;
-import javax.swing.AbstractCellEditor;
 import javax.swing.BorderFactory;
+import javax.swing.DefaultCellEditor;
 import javax.swing.JTextField;
 import javax.swing.JTree;
 import javax.swing.SwingUtilities;
-import javax.swing.tree.TreeCellEditor;
 
 /** Edits a member's name in the tree; one that is not allowed is marked while it is typed. */
-final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
+final class NameEditor extends DefaultCellEditor {
   private static final long serialVersionUID = 1;
 
   private final OutlineTree tree;
-  private final JTextField field = new JTextField() {
-    private static final long serialVersionUID = 1;
-
-    @Override
-    public Dimension getPreferredSize() {
-      Dimension size = super.getPreferredSize();
-      return new Dimension(Math.max(size.width + 24, 200), tree.getRowHeight());
-    }
-  };
+  private final JTextField field = (JTextField) editorComponent;
 
   NameEditor(OutlineTree tree) {
+    super(new JTextField());
     this.tree = tree;
     field.setName("name");
     field.getAccessibleContext().setAccessibleName("Name of the member");
-    field.addActionListener(event -> stopCellEditing());
     Listen.onChange(field, this::check);
   }
 
-  /** What is wrong with a name, as a sentence; null for nothing. */
-  static String complaint(String name) {
+  /** What is wrong with the name, as a sentence; empty for nothing. */
+  private String complaint() {
     try {
-      new NewMember(name);
-      return null;
+      new NewMember(field.getText());
+      return "";
     } catch (OutlineException e) {
       return e.limit() == 0 ? "A name has at least one character."
           : "The name is too long: at most " + e.limit() + " bytes fit.";
@@ -48,20 +38,25 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
   }
 
   private void check() {
-    String complaint = complaint(field.getText());
-    field.setToolTipText(complaint);
+    String complaint = complaint();
+    field.setToolTipText(complaint.isEmpty() ? null : complaint);
     field.getAccessibleContext().setAccessibleDescription(complaint);
     Palette palette = Theme.palette();
     field.setBorder(BorderFactory.createCompoundBorder(
-        BorderFactory.createLineBorder(complaint == null ? palette.accent : palette.error),
+        BorderFactory.createLineBorder(complaint.isEmpty() ? palette.accent : palette.error),
         BorderFactory.createEmptyBorder(0, 4, 0, 4)));
-    tree.complaint.accept(complaint == null || !field.isShowing() ? "" : complaint);
+    tree.complaint.accept(field.isShowing() ? complaint : "");
     // Not now: the field has yet to hear of the change and would lay out what it no longer holds.
-    SwingUtilities.invokeLater(() -> {
-      if (field.isShowing()) {
-        field.setSize(field.getPreferredSize());
-      }
-    });
+    SwingUtilities.invokeLater(this::fit);
+  }
+
+  private void fit() {
+    field.setPreferredSize(null);
+    Dimension size = field.getPreferredSize();
+    field.setPreferredSize(new Dimension(Math.max(size.width + 24, 200), tree.getRowHeight()));
+    if (field.isShowing()) {
+      field.setSize(field.getPreferredSize());
+    }
   }
 
   @Override
@@ -70,6 +65,7 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
     field.setFont(edited.getFont());
     field.setText(value.toString());
     check();
+    fit();
     SwingUtilities.invokeLater(() -> {
       field.requestFocusInWindow();
       field.selectAll();
@@ -77,24 +73,15 @@ final class NameEditor extends AbstractCellEditor implements TreeCellEditor {
     return field;
   }
 
-  @Override
-  public Object getCellEditorValue() {
-    return field.getText();
-  }
-
+  /** A click does not begin it. */
   @Override
   public boolean isCellEditable(EventObject event) {
-    return !(event instanceof MouseEvent);
-  }
-
-  @Override
-  public boolean shouldSelectCell(EventObject event) {
-    return true;
+    return event == null;
   }
 
   @Override
   public boolean stopCellEditing() {
-    if (complaint(field.getText()) != null) {
+    if (!complaint().isEmpty()) {
       field.getToolkit().beep();
       return false;
     }

@@ -7,12 +7,11 @@ import java.awt.event.KeyEvent;
 import java.awt.event.MouseEvent;
 import java.util.ArrayList;
 import java.util.Arrays;
-import java.util.Collection;
 import java.util.Collections;
 import java.util.Comparator;
+import java.util.Enumeration;
 import java.util.HashMap;
 import java.util.HashSet;
-import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Objects;
@@ -20,11 +19,10 @@ import java.util.Set;
 import java.util.function.BiConsumer;
 import java.util.function.Consumer;
 import java.util.stream.Collectors;
+import java.util.stream.Stream;
 import javax.swing.DropMode;
 import javax.swing.JTree;
 import javax.swing.ToolTipManager;
-import javax.swing.event.TreeExpansionEvent;
-import javax.swing.event.TreeExpansionListener;
 import javax.swing.text.Position;
 import javax.swing.tree.TreePath;
 import javax.swing.tree.TreeSelectionModel;
@@ -42,7 +40,6 @@ final class OutlineTree extends JTree {
 
   private final transient Workspace workspace;
   final transient PagedTreeModel model;
-  private final transient Set<MemberNode> expanded = new LinkedHashSet<>();
   private final transient Set<Integer> selectedHandles = new HashSet<>();
   /** Above 0 while the tree itself changes what is expanded or selected. */
   private int adjusting;
@@ -57,7 +54,8 @@ final class OutlineTree extends JTree {
   OutlineTree(Workspace workspace) {
     this.workspace = workspace;
     this.model = new PagedTreeModel(workspace, this::arrived,
-        node -> expanded.contains(node) || selectedHandles.contains(node.handle()),
+        node -> selectedHandles.contains(node.handle())
+            || node.childCount > 0 && isExpanded(node.path()),
         (member, name) -> renamed.accept(member, name));
     setModel(model);
     setName("outline");
@@ -75,19 +73,6 @@ final class OutlineTree extends JTree {
     setInvokesStopCellEditing(true);
     ToolTipManager.sharedInstance().registerComponent(this);
     addTreeSelectionListener(event -> selectionChanged());
-    addTreeExpansionListener(new TreeExpansionListener() {
-      @Override
-      public void treeExpanded(TreeExpansionEvent event) {
-        expanded.add(MemberNode.of(event.getPath()));
-      }
-
-      @Override
-      public void treeCollapsed(TreeExpansionEvent event) {
-        if (adjusting == 0) {
-          expanded.remove(MemberNode.of(event.getPath()));
-        }
-      }
-    });
     workspace.changed.hear(this::changed);
     workspace.selected.hear(this::show);
     setDragEnabled(true);
@@ -201,9 +186,8 @@ final class OutlineTree extends JTree {
 
   /** Closes all members; what is selected below becomes its dimension. */
   void collapseAll() {
-    List<MemberNode> open = new ArrayList<>(expanded);
-    open.sort(Comparator.comparingInt(MemberNode::depth).reversed());
-    open.forEach(node -> collapsePath(node.path()));
+    expanded().sorted(Comparator.comparingInt(MemberNode::depth).reversed())
+        .forEach(node -> collapsePath(node.path()));
   }
 
   private void select(List<MemberNode> nodes) {
@@ -253,8 +237,8 @@ final class OutlineTree extends JTree {
 
   /** Reads all that is in view, expanded or selected anew, wherever it stands now. */
   private void refresh() {
-    Set<Integer> keep = handles(expanded);
-    Set<Integer> open = new HashSet<>(keep);
+    Set<Integer> open = expandedHandles();
+    Set<Integer> keep = new HashSet<>(open);
     if (selectedHandles.size() <= KEPT_SELECTED) {
       keep.addAll(selectedHandles);
     }
@@ -262,7 +246,7 @@ final class OutlineTree extends JTree {
     Details details = model.details;
     workspace.read(() -> new TreeReading(workspace.outline, details, keep).withPages(inView),
         read -> {
-          if (open.equals(handles(expanded)) && details == model.details) {
+          if (open.equals(expandedHandles()) && details == model.details) {
             replace(read, open);
           } else {
             refresh();
@@ -270,8 +254,15 @@ final class OutlineTree extends JTree {
         });
   }
 
-  private static Set<Integer> handles(Collection<MemberNode> nodes) {
-    return nodes.stream().map(MemberNode::handle).collect(Collectors.toCollection(HashSet::new));
+  /** The nodes whose children are shown. */
+  private Stream<MemberNode> expanded() {
+    Enumeration<TreePath> paths = getExpandedDescendants(model.getRoot().path());
+    return paths == null ? Stream.empty() : Collections.list(paths).stream().map(MemberNode::of)
+        .filter(node -> !node.isRoot());
+  }
+
+  private Set<Integer> expandedHandles() {
+    return expanded().map(MemberNode::handle).collect(Collectors.toSet());
   }
 
   private void replace(TreeReading read, Set<Integer> open) {
@@ -283,14 +274,10 @@ final class OutlineTree extends JTree {
       setLeadSelectionPath(null);
       setAnchorSelectionPath(null);
       read.replace(model);
-      expanded.clear();
       model.fireChanged();
       open.stream().map(model::node).filter(node -> node != null && node.childCount > 0)
-          .sorted(Comparator.comparingInt(MemberNode::depth)).forEach(node -> {
-            if (node.parent.isRoot() || expanded.contains(node.parent)) {
-              expandPath(node.path());
-            }
-          });
+          .filter(node -> open.contains(node.parent.handle()) || node.parent.isRoot())
+          .forEach(node -> expandPath(node.path()));
       select(selection.stream().map(model::node).filter(Objects::nonNull)
           .collect(Collectors.toList()));
     } finally {
@@ -348,6 +335,6 @@ final class OutlineTree extends JTree {
     TreePath path = getPathForLocation(event.getX(), event.getY());
     MemberNode node = path == null ? null : MemberNode.of(path);
     return node == null || node.member == null
-        ? null : ((MemberRenderer) getCellRenderer()).description(node.member);
+        ? null : MemberRenderer.description(node.member);
   }
 }

@@ -33,7 +33,7 @@ import java.util.zip.InflaterInputStream;
 final class PackedMembers {
   private static final int BUFFER = 1 << 16;
 
-  private final List<String> tables;
+  private final List<MemberParts.Part> parts;
   private final ByteArrayOutputStream bytes = new ByteArrayOutputStream();
   private final Deflater deflater = new Deflater(Deflater.BEST_SPEED);
   private DataOutputStream out = new DataOutputStream(
@@ -41,7 +41,7 @@ final class PackedMembers {
   private byte[] packed;
 
   PackedMembers(List<String> tables) {
-    this.tables = tables;
+    parts = MemberParts.all(tables);
   }
 
   /** Adds a member that was read with all details. */
@@ -49,17 +49,9 @@ final class PackedMembers {
     try {
       out.writeShort(member.generation());
       write(member.name());
-      for (MemberParts.Part<Short> part : MemberParts.CODES) {
-        out.writeShort(part.read.apply(member));
-      }
-      for (MemberParts.Part<Boolean> part : MemberParts.FLAGS) {
-        out.writeBoolean(part.read.apply(member));
-      }
-      for (MemberParts.Part<String> part : MemberParts.TEXTS) {
+      out.writeBoolean(member.share() == Share.SHARED);
+      for (MemberParts.Part part : parts) {
         write(part.read.apply(member));
-      }
-      for (String table : tables) {
-        write(member.alias(table));
       }
       writeAll(member.udas());
       // Those of a dimension are dimensions and are associated in another way.
@@ -166,23 +158,10 @@ final class PackedMembers {
         int own = generation;
         String name = text();
         Changes changes = new Changes();
-        boolean shared = false;
-        for (MemberParts.Part<Short> part : MemberParts.CODES) {
-          short code = in.readShort();
-          part.set.apply(changes, code);
-          shared |= part == MemberParts.SHARE && Share.of(code) == Share.SHARED;
-        }
-        for (MemberParts.Part<Boolean> part : MemberParts.FLAGS) {
-          part.set.apply(changes, in.readBoolean());
-        }
-        for (MemberParts.Part<String> part : MemberParts.TEXTS) {
-          part.set.apply(changes, text());
-        }
-        for (String table : tables) {
-          String alias = text();
-          if (!alias.isEmpty()) {
-            changes.alias(table, alias);
-          }
+        boolean shared = in.readBoolean();
+        for (MemberParts.Part part : parts) {
+          // A new member has no texts to begin with.
+          part.set(changes, "", text());
         }
         for (int left = in.readInt(); left > 0; left--) {
           changes.uda(text());
