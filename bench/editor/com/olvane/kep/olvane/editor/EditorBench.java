@@ -146,7 +146,7 @@ public final class EditorBench {
         window.showPane(pane);
         return null;
       });
-      await(() -> view.picture().count() == size + 1);
+      await(() -> view.picture.count == size + 1);
     })};
     double[] drawn = {millis(() -> onEventThread(() -> {
       view.zoom(-1);

@@ -19,8 +19,8 @@ import java.util.function.Function;
 import javax.swing.JButton;
 import javax.swing.JComboBox;
 import javax.swing.JLabel;
-import javax.swing.JList;
 import javax.swing.JTabbedPane;
+import javax.swing.JTable;
 import javax.swing.JTextField;
 import javax.swing.text.JTextComponent;
 import org.junit.Rule;
@@ -195,7 +195,7 @@ public class PanesTest {
         "\"Nowhere\"   \"Nulle part\"", "$END"), StandardCharsets.UTF_8);
     javax.swing.SwingUtilities.invokeLater(
         () -> open.window.commands.get("Alias Tables \u2026").actionPerformed(null));
-    JList<?> tables = user.find(JList.class, "Alias tables");
+    JTable tables = user.find(JTable.class, "Alias tables");
     user.click(button("New\u2026"));
     JTextField name = user.find(JTextField.class, "Name of the table");
     user.clickInto(name);
@@ -205,7 +205,7 @@ public class PanesTest {
     user.key("ctrl A");
     user.type("Short");
     user.click(button("Create"));
-    user.waitFor("the new table", () -> tables.getModel().getSize() == 3);
+    user.waitFor("the new table", () -> tables.getRowCount() == 3);
     user.click(button("Import\u2026"));
     JTextField path = user.find(JTextField.class, "the name of the file",
         one -> one.isEditable() && one.getName() == null);
@@ -239,7 +239,7 @@ public class PanesTest {
     openSample();
     pane("Picture");
     PictureView view = user.find(PictureView.class, "Picture of the outline");
-    user.waitFor("the picture", () -> view.picture().count() == 4);
+    user.waitFor("the picture", () -> view.picture.count == 4);
     int width = view.getWidth() / 3;
     user.click(view, new Rectangle(2 * width, view.getHeight() / 2 - 20, width, 10));
     user.waitFor("a leaf to be selected", () -> open.workspace.selection().size() == 1
@@ -248,7 +248,7 @@ public class PanesTest {
     user.waitFor("its parent to be selected",
         () -> open.workspace.selection().get(0).name().equals("Drinks"));
     user.key("ENTER");
-    user.waitFor("the parent to fill the picture", () -> view.root() == 1);
+    user.waitFor("the parent to fill the picture", () -> view.root == 1);
     RobotUser.onEventThread(() -> {
       Theme.install(Palette.DARK);
       return null;

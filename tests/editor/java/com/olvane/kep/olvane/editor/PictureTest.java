@@ -37,7 +37,7 @@ public class PictureTest {
     for (Member dimension : sample.outline.dimensions()) {
       try (Stream<Member> all = sample.outline.subtree(dimension, Details.NONE)) {
         all.forEach(member -> {
-          places.put(member.name(), picture.count());
+          places.put(member.name(), picture.count);
           picture.add(member, 0);
         });
       }
@@ -57,9 +57,9 @@ public class PictureTest {
       int member = block.first;
       for (int i = 0; i < block.siblings; i++) {
         assertTrue("drawn twice", seen.add(member));
-        member += picture.size(member);
+        member += picture.sizes[member];
       }
-      int parent = picture.parent(block.first);
+      int parent = picture.parents[block.first];
       assertTrue("without its parent", block.column == 0 || seen.contains(parent));
     }
   }
@@ -73,13 +73,13 @@ public class PictureTest {
     sample.outline.build(Place.firstBelow(sample.find("Food")), many);
     Picture picture = picture();
     int food = places.get("Food");
-    assertEquals(3002, picture.size(food));
+    assertEquals(3002, picture.sizes[food]);
     assertEquals(picture.find(sample.find("Bread").handle()), (int) places.get("Bread"));
     for (boolean byLeaves : new boolean[] {true, false}) {
       for (double height : new double[] {10, 500, 5000}) {
         List<Picture.Block> blocks = picture.layOut(-1, height, byLeaves, 12);
         check(picture, blocks, height);
-        int below = blocks.stream().filter(one -> picture.parent(one.first) == food)
+        int below = blocks.stream().filter(one -> picture.parents[one.first] == food)
             .mapToInt(one -> one.siblings).sum();
         assertEquals("children of Food at " + height, 3001, below);
         assertTrue("bounded by the height", blocks.size() < 12 * height);
@@ -96,7 +96,7 @@ public class PictureTest {
     picture.mark(Collections.singleton(sample.find("Tea").handle()));
     Map<String, Byte> keys = new HashMap<>();
     for (Picture.Block block : picture.layOut(-1, 5000, false, 12)) {
-      keys.put(sample.outline.read(new int[] {picture.handle(block.first)}, Details.NONE).get(0)
+      keys.put(sample.outline.read(new int[] {picture.handles[block.first]}, Details.NONE).get(0)
           .name(), block.key);
     }
     assertEquals(2, (byte) keys.get("Tea"));
@@ -113,17 +113,17 @@ public class PictureTest {
     PictureView view = new PictureView();
     view.setSize(600, 400);
     view.show(picture, PictureView.Colours.GENERATIONS);
-    view.setNames(places.entrySet().stream().collect(
-        Collectors.toMap(e -> picture.handle(e.getValue()), Map.Entry::getKey)));
+    view.names.putAll(places.entrySet().stream().collect(
+        Collectors.toMap(e -> picture.handles[e.getValue()], Map.Entry::getKey)));
     Path folder = Settings.newFolder();
-    view.saveSvg(folder.resolve("picture.svg"));
-    view.savePng(folder.resolve("picture.png"));
+    view.save(folder.resolve("picture.svg"));
+    view.save(folder.resolve("picture.png"));
     String text = DocumentBuilderFactory.newInstance().newDocumentBuilder()
         .parse(folder.resolve("picture.svg").toFile()).getDocumentElement().getTextContent();
     assertTrue(text, text.contains("Tea & <milk>"));
     assertEquals(1200, ImageIO.read(folder.resolve("picture.png").toFile()).getWidth());
     try {
-      view.saveSvg(folder.resolve("nowhere").resolve("picture.svg"));
+      view.save(folder.resolve("nowhere").resolve("picture.svg"));
       throw new AssertionError("written to a folder that is not there");
     } catch (IOException e) {
       assertFalse(Files.exists(folder.resolve("nowhere")));

@@ -206,7 +206,10 @@ final class RobotUser {
   private void moveTo(Component component, Rectangle part) {
     long end = System.nanoTime() + 3_000_000_000L;
     int over = 0;
-    while (over < 2 && System.nanoTime() < end) {
+    for (int round = 0; over < 2 && System.nanoTime() < end; round++) {
+      if (round == 30) {
+        moveWindowOf(component);
+      }
       boolean hit = onEventThread(() -> {
         Point point = middle(component, part);
         boolean there = point.equals(MouseInfo.getPointerInfo().getLocation());
@@ -218,6 +221,20 @@ final class RobotUser {
       over = hit ? over + 1 : 0;
       settle();
     }
+  }
+
+  /**
+   * Moves a window by a pixel: where no window manager is, the toolkit may take a dialog to be
+   * where it was made and not where it was put, until it is moved.
+   */
+  private static void moveWindowOf(Component component) {
+    onEventThread(() -> {
+      Window window = SwingUtilities.getWindowAncestor(component);
+      if (window != null) {
+        window.setLocation(window.getX() + 1, window.getY());
+      }
+      return null;
+    });
   }
 
   void click(Component component) {

@@ -1,6 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
-import java.awt.Window;
+import java.awt.Component;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
@@ -30,7 +30,7 @@ final class AliasImportDialog {
       .column("What happens", 170, line -> line.outcome.words);
   private final Prompt prompt;
 
-  private AliasImportDialog(Window owner, Workspace workspace, Path path, AliasFile file) {
+  private AliasImportDialog(Component owner, Workspace workspace, Path path, AliasFile file) {
     this.workspace = workspace;
     this.file = file;
     JPanel form = new JPanel(new MigLayout("insets 12 12 0 12, fill, wrap 2", "[][grow,fill]",
@@ -107,7 +107,7 @@ final class AliasImportDialog {
   }
 
   /** Shows the dialog; the table to import into, or null when it was cancelled. */
-  static String ask(Window owner, Workspace workspace, Path path, AliasFile file) {
+  static String ask(Component owner, Workspace workspace, Path path, AliasFile file) {
     AliasImportDialog dialog = new AliasImportDialog(owner, workspace, path, file);
     return dialog.prompt.ask() ? dialog.table.getText() : null;
   }

@@ -1,124 +1,81 @@
 package com.olvane.kep.olvane.editor;
 
 import java.awt.Component;
-import java.awt.Window;
 import java.io.File;
-import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.Collections;
 import java.util.List;
 import java.util.function.Consumer;
 import java.util.function.Function;
-import javax.swing.DefaultListCellRenderer;
-import javax.swing.DefaultListModel;
 import javax.swing.JButton;
-import javax.swing.JDialog;
-import javax.swing.JFileChooser;
-import javax.swing.JList;
 import javax.swing.JOptionPane;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
-import javax.swing.KeyStroke;
-import javax.swing.ListSelectionModel;
 import net.miginfocom.swing.MigLayout;
 
 /** The alias tables of the outline, and all that is done with whole tables. */
-final class AliasTablesDialog extends JDialog {
-  private static final long serialVersionUID = 1;
+final class AliasTablesDialog {
   /** Bytes of the name of a table that an outline keeps. */
   static final int NAME_LIMIT = 30;
+  private static final String TITLE = "Alias tables";
 
-  private final transient Workspace workspace;
-  private final DefaultListModel<String> model = new DefaultListModel<>();
-  private final JList<String> list = new JList<>(model);
-  private final transient List<JButton> onOne = new ArrayList<>();
-  private final JButton delete;
-  private final transient Consumer<OutlineChange> changed = change -> {
-    if (change.aliasTablesChanged) {
-      read();
-    }
-  };
+  private final Workspace workspace;
+  private final JPanel form =
+      new JPanel(new MigLayout("insets 12 12 0 12, fill", "[grow,fill]12[fill]", "[grow,fill]"));
+  private final List<Runnable> enablers = new ArrayList<>();
+  private List<String> names = Collections.emptyList();
+  private final Listing<String> tables = new Listing<String>(TITLE)
+      .column("Table", 200, table -> table)
+      .column("", 100, table -> names.indexOf(table) == 0 ? "the default" : "");
   private String selectNext;
-  private File folder;
 
-  AliasTablesDialog(Window owner, Workspace workspace) {
-    super(owner, "Alias tables", ModalityType.DOCUMENT_MODAL);
+  private AliasTablesDialog(Workspace workspace) {
     this.workspace = workspace;
-    JPanel form =
-        new JPanel(new MigLayout("insets 12, fill", "[grow,fill]12[fill]", "[grow,fill]"));
-    list.setName("Alias tables");
-    list.setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
-    list.setFixedCellHeight(26);
-    list.setCellRenderer(new DefaultListCellRenderer() {
-      private static final long serialVersionUID = 1;
-
-      @Override
-      public Component getListCellRendererComponent(
-          JList<?> of, Object value, int row, boolean selected, boolean focused) {
-        String shown = row == 0 ? value + "   (the default table)" : value.toString();
-        Component cell =
-            super.getListCellRendererComponent(of, shown, row, selected, focused);
-        setBorder(Theme.space(2, 8));
-        return cell;
-      }
-    });
-    list.addListSelectionListener(event -> enableButtons());
-    form.add(new JScrollPane(list), "w 260, h 300, grow");
+    form.add(new JScrollPane(tables), "w 300, h 300, grow");
     JPanel buttons = new JPanel(new MigLayout("insets 0, wrap 1, fillx", "[grow,fill]"));
-    addButton(buttons, "New…", false, table -> create());
-    addButton(buttons, "Rename…", true, this::rename);
-    addButton(buttons, "Copy…", true, this::copy);
-    addButton(buttons, "Clear", true, this::clear);
-    delete = addButton(buttons, "Delete", true, this::delete);
-    addButton(buttons, "Import…", false, table -> importFile());
-    addButton(buttons, "Export…", true, this::export);
-    JButton close = new JButton("Close");
-    close.addActionListener(event -> dispose());
-    buttons.add(close, "pushy, aligny bottom");
-    form.add(buttons, "growy");
-    setContentPane(form);
-    getRootPane().registerKeyboardAction(event -> dispose(),
-        KeyStroke.getKeyStroke("ESCAPE"), JPanel.WHEN_IN_FOCUSED_WINDOW);
-    pack();
-    setLocationRelativeTo(owner);
-    workspace.changed.hear(changed);
+    addButton(buttons, "New…", -1, table -> create());
+    addButton(buttons, "Rename…", 0, this::rename);
+    addButton(buttons, "Copy…", 0, this::copy);
+    addButton(buttons, "Clear", 0, table -> confirmed(
+        "Remove all aliases from " + table + "?", "Clear", AliasTableEdits.clear(table), table));
+    addButton(buttons, "Delete", 1, table -> confirmed("Delete " + table + " with all its aliases?",
+        "Delete", AliasTableEdits.delete(table), null));
+    addButton(buttons, "Import…", -1, table -> importFile());
+    addButton(buttons, "Export…", 0, this::export);
+    form.add(buttons, "aligny top");
+    tables.getSelectionModel().addListSelectionListener(event -> enablers.forEach(Runnable::run));
+    tables.onChoice(2, this::rename);
     read();
   }
 
-  @Override
-  public void dispose() {
-    workspace.changed.forget(changed);
-    super.dispose();
+  /** Shows the dialog until it is closed. */
+  static void show(Component parent, Workspace workspace) {
+    AliasTablesDialog dialog = new AliasTablesDialog(workspace);
+    Consumer<OutlineChange> listener = change -> dialog.read();
+    workspace.changed.hear(listener);
+    Prompt.dialog(parent, TITLE, dialog.form, new JButton("Close")).setVisible(true);
+    workspace.changed.forget(listener);
   }
 
-  private JButton addButton(
-      JPanel buttons, String text, boolean needsTable, Consumer<String> action) {
+  /** Adds a button that can be pressed from a row on; -1 for always. */
+  private void addButton(JPanel buttons, String text, int least, Consumer<String> action) {
     JButton button = new JButton(text);
     button.setMnemonic(text.charAt(0));
-    button.addActionListener(event -> action.accept(list.getSelectedValue()));
+    button.addActionListener(event -> action.accept(tables.chosen()));
     buttons.add(button);
-    boolean possible = workspace.isEditable() || text.startsWith("Export");
-    button.setEnabled(possible);
-    if (needsTable && possible) {
-      onOne.add(button);
-    }
-    return button;
-  }
-
-  private void enableButtons() {
-    boolean one = list.getSelectedIndex() >= 0;
-    onOne.forEach(button -> button.setEnabled(one));
-    delete.setEnabled(list.getSelectedIndex() > 0 && workspace.isEditable());
-    delete.setToolTipText(list.getSelectedIndex() == 0 ? "The default table stays" : null);
+    enablers.add(() -> button.setEnabled(tables.getSelectedRow() >= least
+        && (workspace.isEditable() || text.startsWith("Export"))));
   }
 
   private void read() {
-    workspace.read(() -> workspace.outline.aliasTables().names(), names -> {
-      String selected = selectNext == null ? list.getSelectedValue() : selectNext;
+    workspace.read(() -> workspace.outline.aliasTables().names(), found -> {
+      String selected = selectNext == null ? tables.chosen() : selectNext;
       selectNext = null;
-      model.clear();
-      names.forEach(model::addElement);
-      list.setSelectedIndex(Math.max(0, names.indexOf(selected)));
-      enableButtons();
+      names = found;
+      tables.show(found);
+      int row = Math.max(0, found.indexOf(selected));
+      tables.setRowSelectionInterval(row, row);
+      enablers.forEach(Runnable::run);
     });
   }
 
@@ -127,89 +84,66 @@ final class AliasTablesDialog extends JDialog {
     workspace.edit(edit);
   }
 
+  private void confirmed(String question, String verb, Edit edit, String select) {
+    if (Prompt.choose(form, TITLE, question + "\nIt can be undone.", verb, "Cancel") == 0) {
+      edit(edit, select);
+    }
+  }
+
   /** Refuses what is too long, or taken unless it is {@code allowed}. */
   private Function<String, String> refusal(String allowed) {
-    return name -> model.contains(name) && !name.equals(allowed)
+    return name -> names.contains(name) && !name.equals(allowed)
         ? "There is a table of this name." : Row.atMost(NAME_LIMIT).apply(name);
   }
 
   private void create() {
-    String name = NamePrompt.ask(
-        this, "New alias table", "Name of the table", "", "Create", refusal(null));
-    if (name != null) {
-      edit(AliasTableEdits.create(name), name);
-    }
+    Prompt.name(form, "New alias table", "Name of the table", "", "Create", refusal(null),
+        name -> edit(AliasTableEdits.create(name), name));
   }
 
   private void rename(String table) {
-    String name = NamePrompt.ask(
-        this, "Rename " + table, "New name of the table", table, "Rename", refusal(table));
-    if (name != null && !name.equals(table)) {
-      edit(AliasTableEdits.rename(table, name), name);
-    }
+    Prompt.name(form, "Rename " + table, "New name of the table", table, "Rename", refusal(table),
+        name -> {
+          if (!name.equals(table)) {
+            edit(AliasTableEdits.rename(table, name), name);
+          }
+        });
   }
 
   private void copy(String table) {
-    String name = NamePrompt.ask(this, "Copy " + table, "Name of the copy", "", "Copy",
-        text -> text.equals(table) ? "This is the table itself."
-            : Row.atMost(NAME_LIMIT).apply(text));
-    if (name != null
-        && (!model.contains(name) || confirm("Replace what is in " + name + "?", "Replace"))) {
-      edit(AliasTableEdits.copy(table, name), name);
-    }
-  }
-
-  private void clear(String table) {
-    if (confirm("Remove all aliases from " + table + "?", "Clear")) {
-      edit(AliasTableEdits.clear(table), table);
-    }
-  }
-
-  private void delete(String table) {
-    if (confirm("Delete " + table + " with all its aliases?", "Delete")) {
-      edit(AliasTableEdits.delete(table), null);
-    }
-  }
-
-  private boolean confirm(String question, String verb) {
-    Object[] answers = {verb, "Cancel"};
-    return JOptionPane.showOptionDialog(this, question + "\nIt can be undone.", "Alias tables",
-        JOptionPane.DEFAULT_OPTION, JOptionPane.QUESTION_MESSAGE, null, answers, answers[0]) == 0;
+    Prompt.name(form, "Copy " + table, "Name of the copy", "", "Copy",
+        name -> name.equals(table) ? "This is the table itself."
+            : Row.atMost(NAME_LIMIT).apply(name), name -> {
+          Edit copy = AliasTableEdits.copy(table, name);
+          if (names.contains(name)) {
+            confirmed("Replace what is in " + name + "?", "Replace", copy, name);
+          } else {
+            edit(copy, name);
+          }
+        });
   }
 
   private void importFile() {
-    JFileChooser chooser = new JFileChooser(folder);
-    chooser.setDialogTitle("Import an alias table");
-    if (chooser.showOpenDialog(this) != JFileChooser.APPROVE_OPTION) {
-      return;
+    File chosen = Prompt.file(form, "Import an alias table", null);
+    if (chosen != null) {
+      workspace.read(() -> AliasFile.read(chosen.toPath()), file -> {
+        String table = AliasImportDialog.ask(form, workspace, chosen.toPath(), file);
+        if (table != null) {
+          edit(file.edit(table), table);
+        }
+      });
     }
-    folder = chooser.getCurrentDirectory();
-    Path path = chooser.getSelectedFile().toPath();
-    workspace.read(() -> AliasFile.read(path), file -> {
-      String table = AliasImportDialog.ask(this, workspace, path, file);
-      if (table != null) {
-        edit(file.edit(table), table);
-      }
-    });
   }
 
   private void export(String table) {
-    JFileChooser chooser = new JFileChooser(folder);
-    chooser.setDialogTitle("Export " + table);
-    chooser.setSelectedFile(new File(folder, table + ".alt"));
-    if (chooser.showSaveDialog(this) != JFileChooser.APPROVE_OPTION) {
-      return;
+    String title = "Export " + table;
+    File file = Prompt.file(form, title, table + ".alt");
+    if (file != null) {
+      workspace.run("Exporting " + table, () -> {
+        workspace.outline.aliasTables().exportTo(table, file.toPath());
+        return file;
+      }, written -> JOptionPane.showMessageDialog(form, table + " is now in " + written + ".",
+          title, JOptionPane.INFORMATION_MESSAGE));
     }
-    folder = chooser.getCurrentDirectory();
-    File file = chooser.getSelectedFile();
-    if (file.exists() && JOptionPane.showConfirmDialog(this, file + " exists. Replace it?",
-        "Export " + table, JOptionPane.OK_CANCEL_OPTION) != JOptionPane.OK_OPTION) {
-      return;
-    }
-    workspace.run("Exporting " + table, () -> {
-      workspace.outline.aliasTables().exportTo(table, file.toPath());
-      return null;
-    }, nothing -> JOptionPane.showMessageDialog(this, table + " is now in " + file + ".",
-        "Export " + table, JOptionPane.INFORMATION_MESSAGE));
   }
 }

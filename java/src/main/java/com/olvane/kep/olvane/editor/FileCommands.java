@@ -33,7 +33,7 @@ final class FileCommands {
         "Make the outline of a currency database", this::deriveCurrency);
     commands.add(outline, "Alias Tables \u2026", null,
         "Create, change, import and export alias tables",
-        () -> new AliasTablesDialog(window.frame, workspace).setVisible(true));
+        () -> AliasTablesDialog.show(window.frame.getRootPane(), workspace));
   }
 
   /** Saves what was typed up to now. */

@@ -218,6 +218,7 @@ final class Flat {
     public void installUI(JComponent box) {
       super.installUI(box);
       ((JComponent) comboBox.getRenderer()).setBorder(Theme.space(3, 6));
+      ((JComponent) comboBox.getEditor().getEditorComponent()).setBorder(Theme.space(3, 6));
     }
   }
 

@@ -4,6 +4,7 @@ import com.olvane.kep.olvane.outline.Member;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.Set;
 
 /**
  * The shape of an outline in a few bytes a member, and its layout as an icicle: columns from left
@@ -22,6 +23,7 @@ final class Picture {
     final double start;
     int siblings = 1;
     double length;
+    /** What tells its colour. */
     byte key;
 
     Block(int first, int column, double start, double length, byte key) {
@@ -33,12 +35,15 @@ final class Picture {
     }
   }
 
-  private int count;
-  private int[] handles = new int[1024];
-  private int[] parents = new int[1024];
+  /** The number of members; and of each, beyond which there are only places to spare: */
+  int count;
+  int[] handles = new int[1024];
+  /** The parents, -1 for a dimension. */
+  int[] parents = new int[1024];
+  /** The number of members of each subtree, when all have been added. */
+  int[] sizes = {};
+  private int[] leaves = {};
   private byte[] keys = new byte[1024];
-  private int[] sizes;
-  private int[] leaves;
   /** The last member so far of each generation. */
   private int[] path = new int[16];
 
@@ -74,31 +79,13 @@ final class Picture {
   }
 
   /** Makes members stand out whose handles are marked with 2, and with 1 what they are below. */
-  void mark(java.util.Set<Integer> marked) {
+  void mark(Set<Integer> marked) {
     for (int i = count - 1; i >= 0; i--) {
       keys[i] = marked.contains(handles[i]) ? 2 : keys[i];
       if (parents[i] >= 0 && keys[i] > 0) {
         keys[parents[i]] = (byte) Math.max(1, keys[parents[i]]);
       }
     }
-  }
-
-  int count() {
-    return count;
-  }
-
-  int handle(int member) {
-    return handles[member];
-  }
-
-  /** The parent of a member, -1 of a dimension. */
-  int parent(int member) {
-    return parents[member];
-  }
-
-  /** The number of members of a subtree. */
-  int size(int member) {
-    return sizes[member];
   }
 
   /** The place of a member, -1 where there is none of this handle. */

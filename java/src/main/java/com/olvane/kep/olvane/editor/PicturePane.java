@@ -7,29 +7,24 @@ import com.olvane.kep.olvane.outline.Finding;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
-import java.awt.BorderLayout;
-import java.awt.FlowLayout;
-import java.awt.event.HierarchyEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.io.File;
 import java.io.IOException;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.ConcurrentModificationException;
 import java.util.HashMap;
 import java.util.Iterator;
 import java.util.List;
 import java.util.Map;
+import java.util.function.IntUnaryOperator;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
-import javax.swing.BorderFactory;
+import javax.swing.DefaultComboBoxModel;
 import javax.swing.JButton;
 import javax.swing.JComboBox;
-import javax.swing.JFileChooser;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
-import javax.swing.KeyStroke;
 import javax.swing.Timer;
 import net.miginfocom.swing.MigLayout;
 
@@ -41,40 +36,35 @@ final class PicturePane extends JPanel {
   private static final long serialVersionUID = 1;
   private static final int STEP = 20_000;
   private static final int MOST_IN_LEGEND = 8;
-  private static final String[] ALWAYS = {"Generation", "Finding"};
+  private static final String GENERATION = "Generation";
+  private static final String FINDING = "Finding";
 
   private final transient Workspace workspace;
   private final PictureView view = new PictureView();
   private final JComboBox<String> size = new JComboBox<>(new String[] {"Members", "Leaves"});
-  private final JComboBox<String> colour = new JComboBox<>(ALWAYS);
+  private final JComboBox<String> colour = new JComboBox<>(new String[] {GENERATION, FINDING});
   private final JButton up = new JButton("Zoom out");
-  private final JPanel legend = new JPanel(new FlowLayout(FlowLayout.LEADING, 12, 0));
+  private final JLabel legend = new JLabel(" ");
   private final Timer pause = new Timer(400, event -> read());
   private boolean stale = true;
-  private boolean listing;
-  private transient Reading reading;
+  private transient volatile Reading reading;
 
   PicturePane(Workspace workspace) {
-    super(new BorderLayout());
+    super(new MigLayout("insets 8 0 0 0, fill, hidemode 3",
+        "12[][]16[][]16[]push[]12", "[][]8[grow,fill]"));
     this.workspace = workspace;
     pause.setRepeats(false);
-    JPanel bar = new JPanel(new MigLayout("insets 8 12 8 12, fillx", "[][]16[][]16[]push[]"));
-    addChoice(bar, "Size by", size);
-    addChoice(bar, "Colour by", colour);
     JButton export = new JButton("Export\u2026");
-    bar.add(up);
-    bar.add(export, "wrap");
-    bar.add(legend, "span, growx, wmin 0, gapleft 0, pad 0 -12 0 0");
-    say(" ");
-    add(bar, BorderLayout.NORTH);
-    add(view);
+    addChoice("Size by", size);
+    addChoice("Colour by", colour);
+    add(up);
+    add(export, "wrap");
+    add(legend, "span, growx, wmin 0, wrap");
+    add(view, "span, grow, pad 0 -12 0 12");
     size.addActionListener(event -> view.setByLeaves(size.getSelectedIndex() == 1));
-    colour.addActionListener(event -> {
-      if (!listing) {
-        read();
-      }
-    });
-    up.addActionListener(event -> zoom(view.root() < 0 ? -1 : view.picture().parent(view.root())));
+    colour.addActionListener(event -> read());
+    up.addActionListener(event -> zoom(view.root < 0 ? -1 : view.picture.parents[view.root]));
+    up.setEnabled(false);
     export.addActionListener(event -> export());
     view.getAccessibleContext().setAccessibleName("Picture of the outline");
     view.addPropertyChangeListener("blocks", event -> readNames());
@@ -86,47 +76,44 @@ final class PicturePane extends JPanel {
         if (block != null && event.getClickCount() == 1) {
           choose(block.first);
         } else if (block != null) {
-          zoom(block.siblings > 1 ? view.picture().parent(block.first) : block.first);
+          zoom(block.siblings > 1 ? view.picture.parents[block.first] : block.first);
         }
       }
     });
-    bind("ENTER", () -> zoom(view.selectedMember()));
-    bind("BACK_SPACE", up::doClick);
-    bind("LEFT", () -> choose(view.picture().parent(view.selectedMember())));
-    bind("RIGHT", () -> choose(view.selectedMember() + 1));
-    bind("DOWN", () -> choose(
-        view.selectedMember() + view.picture().size(view.selectedMember())));
-    bind("UP", () -> choose(view.selectedMember() - 1));
-    addHierarchyListener(event -> {
-      if ((event.getChangeFlags() & HierarchyEvent.SHOWING_CHANGED) != 0 && stale) {
+    Listen.onKey(view, "ENTER", () -> zoom(view.selected));
+    Listen.onKey(view, "BACK_SPACE", up::doClick);
+    bind("LEFT", at -> view.picture.parents[at]);
+    bind("RIGHT", at -> at + 1);
+    bind("DOWN", at -> at + view.picture.sizes[at]);
+    bind("UP", at -> at - 1);
+    Listen.onShowing(this, seen -> {
+      if (stale) {
         read();
       }
     });
-    workspace.selected.hear(this::selected);
-    workspace.changed.hear(this::changed);
+    workspace.selected.hear(this::mark);
+    workspace.changed.hear(change -> {
+      stale = true;
+      pause.restart();
+    });
   }
 
-  private static void addChoice(JPanel bar, String text, JComboBox<String> box) {
+  private void addChoice(String text, JComboBox<String> box) {
     JLabel label = new JLabel(text);
     label.setLabelFor(box);
     box.setName(text);
-    bar.add(label);
-    bar.add(box);
+    add(label);
+    add(box);
   }
 
-  private void bind(String key, Runnable action) {
-    view.registerKeyboardAction(event -> {
-      if (view.selectedMember() >= 0) {
-        action.run();
-      } else {
-        choose(0);
-      }
-    }, KeyStroke.getKeyStroke(key), WHEN_FOCUSED);
+  private void bind(String key, IntUnaryOperator next) {
+    Listen.onKey(view, key,
+        () -> choose(view.selected < 0 ? 0 : next.applyAsInt(view.selected)));
   }
 
   private void choose(int member) {
-    if (member >= 0 && member < view.picture().count()) {
-      int handle = view.picture().handle(member);
+    if (member >= 0 && member < view.picture.count) {
+      int handle = view.picture.handles[member];
       workspace.read(() -> workspace.outline.read(new int[] {handle}, Details.NONE),
           workspace::select);
     }
@@ -134,26 +121,22 @@ final class PicturePane extends JPanel {
 
   private void zoom(int member) {
     view.zoom(member);
-    up.setEnabled(view.root() >= 0);
+    up.setEnabled(view.root >= 0);
   }
 
-  private void selected(List<Member> members) {
-    view.select(members.isEmpty() ? -1 : view.picture().find(members.get(0).handle()));
-  }
-
-  private void changed(OutlineChange change) {
-    stale = true;
-    pause.restart();
+  private void mark(List<Member> members) {
+    view.select(members.isEmpty() ? -1 : view.picture.find(members.get(0).handle()));
   }
 
   // ---- Reading ----
 
   /** A picture that is being read, a step at a time. */
-  private final class Reading {
-    private final Picture picture = new Picture();
-    private final String attribute;
-    private final List<String> numbers = new ArrayList<>();
-    private final List<String> attributeDimensions = new ArrayList<>();
+  private static final class Reading {
+    final Picture picture = new Picture();
+    /** The attribute dimension that gives the colours, null for none, and what it gives. */
+    final String attribute;
+    final List<String> numbers = new ArrayList<>();
+    final List<String> attributeDimensions = new ArrayList<>();
     private Iterator<Member> dimensions;
     private Stream<Member> stream = Stream.empty();
     private Iterator<Member> members = stream.iterator();
@@ -176,9 +159,8 @@ final class PicturePane extends JPanel {
             picture.finish();
             return false;
           }
-          Details details = attribute == null ? Details.NONE : Details.NONE.attributes();
-          stream.close();
-          stream = outline.subtree(dimensions.next(), details);
+          stream = outline.subtree(dimensions.next(),
+              attribute == null ? Details.NONE : Details.NONE.attributes());
           members = stream.iterator();
         }
         Member member = members.next();
@@ -201,80 +183,66 @@ final class PicturePane extends JPanel {
   }
 
   private void read() {
-    if (!isShowing()) {
-      return;
+    if (isShowing()) {
+      stale = false;
+      Object by = colour.getSelectedItem();
+      reading =
+          new Reading(by.equals(GENERATION) || by.equals(FINDING) ? null : by.toString());
+      legend.setText("Reading the outline \u2026");
+      readOn(reading);
     }
-    stale = false;
-    boolean byAttribute = colour.getSelectedIndex() >= ALWAYS.length;
-    Reading begun = new Reading(byAttribute ? (String) colour.getSelectedItem() : null);
-    reading = begun;
-    say("Reading the outline \u2026");
-    readOn(begun);
   }
 
   private void readOn(Reading begun) {
     workspace.read(() -> {
       try {
-        return begun.next(workspace.outline);
+        if (begun == reading) {
+          return begun.next(workspace.outline);
+        }
       } catch (ConcurrentModificationException e) {
-        return null;  // edited in between; the edit has it read anew
+        // Edited in between; the edit has it read anew.
       }
+      begun.stream.close();
+      return null;
     }, more -> {
       if (begun != reading || more == null) {
         return;
       }
       if (more) {
         readOn(begun);
-      } else if (colour.getSelectedIndex() == 1) {
+      } else if (colour.getSelectedItem().equals(FINDING)) {
         workspace.run("Verifying", () -> workspace.outline.verify(), found -> {
           begun.picture.mark(
               found.stream().map(Finding::handle).collect(Collectors.toSet()));
-          show(begun, found.size());
+          show(begun, PictureView.Colours.FINDINGS, String.format(
+              "%,d findings in red; what lies above them is pale", found.size()));
         });
       } else {
-        show(begun, 0);
+        show(begun, begun.attribute == null ? PictureView.Colours.GENERATIONS
+            : PictureView.Colours.ATTRIBUTES,
+            String.format("%,d members, a column a generation", begun.picture.count));
       }
     });
   }
 
-  private void show(Reading read, int findings) {
-    listing = true;
-    Object chosen = colour.getSelectedItem();
-    colour.removeAllItems();
-    Arrays.asList(ALWAYS).forEach(colour::addItem);
-    read.attributeDimensions.forEach(colour::addItem);
-    colour.setSelectedItem(chosen);
-    listing = false;
-    boolean byFinding = colour.getSelectedIndex() == 1;
-    view.forgetNames();
-    view.show(read.picture, byFinding ? PictureView.Colours.FINDINGS
-        : read.attribute != null ? PictureView.Colours.ATTRIBUTES
-            : PictureView.Colours.GENERATIONS);
-    up.setEnabled(view.root() >= 0);
-    selected(workspace.selection());
-    if (byFinding) {
-      say(String.format("%,d findings in red; what lies above them is pale", findings));
-    } else if (read.attribute == null) {
-      say(String.format("%,d members, a column a generation", read.picture.count()));
-    } else {
-      legend.removeAll();
-      for (int i = 0; i < Math.min(MOST_IN_LEGEND, read.numbers.size()); i++) {
-        JLabel label = new JLabel(read.numbers.get(i));
-        label.setBorder(BorderFactory.createCompoundBorder(
-            BorderFactory.createMatteBorder(0, 11, 0, 0, view.legend(i + 1)), Theme.space(0, 6)));
-        legend.add(label);
-      }
+  private void show(Reading read, PictureView.Colours colours, String sentence) {
+    DefaultComboBoxModel<String> offered =
+        new DefaultComboBoxModel<>(new String[] {GENERATION, FINDING});
+    read.attributeDimensions.forEach(offered::addElement);
+    if (offered.getIndexOf(colour.getSelectedItem()) >= 0) {
+      offered.setSelectedItem(colour.getSelectedItem());
     }
-    legend.revalidate();
-  }
-
-  private void say(String sentence) {
-    legend.removeAll();
-    JLabel label = new JLabel(sentence);
-    label.setEnabled(false);
-    legend.add(label);
-    legend.revalidate();
-    legend.repaint();
+    colour.setModel(offered);
+    view.names.clear();
+    view.show(read.picture, colours);
+    up.setEnabled(view.root >= 0);
+    mark(workspace.selection());
+    StringBuilder attributes = new StringBuilder("<html><nobr>");
+    for (int i = 0; i < Math.min(MOST_IN_LEGEND, read.numbers.size()); i++) {
+      attributes.append(String.format("<font color='#%06x'>\u25a0</font> %s &nbsp; ",
+          view.legend(i + 1).getRGB() & 0xffffff, PictureView.escaped(read.numbers.get(i))));
+    }
+    legend.setText(read.attribute == null ? sentence : attributes.toString());
   }
 
   private void readNames() {
@@ -290,25 +258,22 @@ final class PicturePane extends JPanel {
           // One was deleted since; the picture is about to be read anew.
         }
         return names;
-      }, view::setNames);
+      }, names -> {
+        view.names.putAll(names);
+        view.repaint();
+      });
     }
   }
 
   private void export() {
-    JFileChooser chooser = new JFileChooser();
-    chooser.setDialogTitle("Export the picture as SVG or PNG");
-    chooser.setSelectedFile(new File(workspace.name() + ".svg"));
-    if (chooser.showSaveDialog(this) != JFileChooser.APPROVE_OPTION) {
+    File file =
+        Prompt.file(this, "Export the picture as SVG or PNG", workspace.name() + ".svg");
+    if (file == null) {
       return;
     }
-    File file = chooser.getSelectedFile();
     try {
-      if (file.getName().toLowerCase(java.util.Locale.ROOT).endsWith(".png")) {
-        view.savePng(file.toPath());
-      } else {
-        view.saveSvg(file.toPath());
-      }
-      say("The picture is now in " + file + ".");
+      view.save(file.toPath());
+      legend.setText("The picture is now in " + file + ".");
     } catch (IOException e) {
       workspace.fail(e);
     }

@@ -2,7 +2,6 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.Color;
 import java.awt.Dimension;
-import java.awt.Font;
 import java.awt.FontMetrics;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
@@ -25,43 +24,32 @@ import javax.swing.JPanel;
 /** Draws a picture, on the screen and into files. */
 final class PictureView extends JPanel {
   private static final long serialVersionUID = 1;
-  static final int MOST_COLUMNS = 12;
+  private static final int MOST_COLUMNS = 12;
   private static final int LABEL_HEIGHT = 14;
 
   /** What the colours stand for. */
   enum Colours { GENERATIONS, ATTRIBUTES, FINDINGS }
 
-  private transient Picture picture = new Picture();
+  transient Picture picture = new Picture();
+  /** The names of members by their handles, as far as they are known. */
+  final transient Map<Integer, String> names = new HashMap<>();
+  /** The member whose subtree is shown, -1 for the whole outline; and the one that is marked. */
+  int root = -1;
+  int selected = -1;
   private transient List<Picture.Block> blocks = Collections.emptyList();
-  private final transient Map<Integer, String> names = new HashMap<>();
   private Colours colours = Colours.GENERATIONS;
   private boolean byLeaves;
-  private int root = -1;
   private int columns = 1;
-  private int selected = -1;
 
   PictureView() {
     setFocusable(true);
     setToolTipText("");
     setPreferredSize(new Dimension(400, 400));
-    picture.finish();
-  }
-
-  Picture picture() {
-    return picture;
-  }
-
-  int root() {
-    return root;
-  }
-
-  int selectedMember() {
-    return selected;
   }
 
   /** Shows a picture. */
   void show(Picture shown, Colours by) {
-    int handle = root < 0 ? 0 : picture.handle(root);
+    int handle = root < 0 ? 0 : picture.handles[root];
     picture = shown;
     colours = by;
     zoom(handle == 0 ? -1 : shown.find(handle));
@@ -84,20 +72,10 @@ final class PictureView extends JPanel {
     repaint();
   }
 
-  /** Takes the names of members by their handles. */
-  void setNames(Map<Integer, String> read) {
-    names.putAll(read);
-    repaint();
-  }
-
-  void forgetNames() {
-    names.clear();
-  }
-
   /** The handles of the members that are drawn and whose names are not known. */
   int[] nameless() {
     return blocks.stream().filter(one -> one.siblings == 1)
-        .mapToInt(one -> picture.handle(one.first))
+        .mapToInt(one -> picture.handles[one.first])
         .filter(handle -> !names.containsKey(handle)).toArray();
   }
 
@@ -117,6 +95,8 @@ final class PictureView extends JPanel {
     repaint();
   }
 
+  // ---- What a block looks like ----
+
   private Rectangle2D bounds(Picture.Block block) {
     double width = (double) getWidth() / columns;
     double gap = block.length > 3 ? 1 : 0;
@@ -124,30 +104,6 @@ final class PictureView extends JPanel {
     return new Rectangle2D.Double(
         getComponentOrientation().isLeftToRight() ? x : getWidth() - x - width, block.start,
         width - 1, Math.max(0.5, block.length - gap));
-  }
-
-  /** The block at a point, null where there is none. */
-  Picture.Block at(int x, int y) {
-    for (Picture.Block block : blocks) {
-      Rectangle2D box = bounds(block);
-      if (x >= box.getX() && x <= box.getMaxX() + 1 && y >= block.start
-          && y < block.start + block.length) {
-        return block;
-      }
-    }
-    return null;
-  }
-
-  @Override
-  public String getToolTipText(MouseEvent event) {
-    Picture.Block block = at(event.getX(), event.getY());
-    if (block == null) {
-      return null;
-    }
-    int members = picture.size(block.first);
-    String name = names.getOrDefault(picture.handle(block.first), "");
-    return block.siblings > 1 ? String.format("%,d members side by side", block.siblings)
-        : members > 1 ? String.format("%s, %,d members", name, members) : name;
   }
 
   private Color colour(Picture.Block block) {
@@ -180,55 +136,82 @@ final class PictureView extends JPanel {
         ? Theme.palette().content : Theme.palette().text;
   }
 
-  private String label(Picture.Block block) {
-    return block.length < LABEL_HEIGHT || block.siblings > 1 ? null
-        : names.get(picture.handle(block.first));
+  private String name(Picture.Block block) {
+    return names.getOrDefault(picture.handles[block.first], "");
   }
 
-  @Override
-  protected void paintComponent(Graphics graphics) {
-    Graphics2D g = (Graphics2D) graphics.create();
-    Theme.smoothText(g);
-    Palette palette = Theme.palette();
-    g.setColor(palette.content);
-    g.fillRect(0, 0, getWidth(), getHeight());
-    g.setFont(getFont() == null ? new Font(Font.DIALOG, Font.PLAIN, 11)
-        : getFont().deriveFont(11f));
-    FontMetrics metrics = g.getFontMetrics();
-    for (Picture.Block block : blocks) {
-      Rectangle2D box = bounds(block);
-      g.setColor(colour(block));
-      g.fill(box);
-      String name = label(block);
-      if (name != null) {
-        g.setColor(textColour(block));
-        Graphics2D clipped = (Graphics2D) g.create();
-        clipped.clip(box);
-        clipped.drawString(name, (float) box.getX() + 4,
-            (float) (box.getCenterY() + (metrics.getAscent() - metrics.getDescent()) / 2.0));
-        clipped.dispose();
-      }
-      if (selected >= block.first && block.first >= 0 && holdsSelected(block)) {
-        Flat.box(g, (int) box.getX(), (int) box.getY(), (int) box.getWidth(),
-            (int) Math.max(4, box.getHeight()), null, palette.accent, 2f);
-      }
-    }
-    g.dispose();
+  /** What is written into a block; empty where it is too low. */
+  private String label(Picture.Block block) {
+    return block.length < LABEL_HEIGHT || block.siblings > 1 ? "" : name(block);
+  }
+
+  private String description(Picture.Block block) {
+    int members = picture.sizes[block.first];
+    return block.siblings > 1 ? String.format("%,d members side by side", block.siblings)
+        : members > 1 ? String.format("%s, %,d members", name(block), members) : name(block);
   }
 
   private boolean holdsSelected(Picture.Block block) {
     int end = block.first;
     for (int i = 0; i < block.siblings; i++) {
-      if (end == selected) {
-        return true;
-      }
-      end += picture.size(end);
+      end += picture.sizes[end];
     }
-    return block.siblings > 1 && selected < end;
+    return block.first == selected
+        || block.siblings > 1 && block.first < selected && selected < end;
   }
 
-  /** Saves what is shown as PNG, at twice its size. */
-  void savePng(Path file) throws IOException {
+  /** The block at a point, null where there is none. */
+  Picture.Block at(int x, int y) {
+    for (Picture.Block block : blocks) {
+      Rectangle2D box = bounds(block);
+      if (x >= box.getX() && x <= box.getMaxX() + 1 && y >= block.start
+          && y < block.start + block.length) {
+        return block;
+      }
+    }
+    return null;
+  }
+
+  @Override
+  public String getToolTipText(MouseEvent event) {
+    Picture.Block block = at(event.getX(), event.getY());
+    return block == null ? null : description(block);
+  }
+
+  // ---- Drawing ----
+
+  @Override
+  protected void paintComponent(Graphics graphics) {
+    Graphics2D g = (Graphics2D) graphics.create();
+    Theme.smoothText(g);
+    g.setColor(Theme.palette().content);
+    g.fillRect(0, 0, getWidth(), getHeight());
+    g.setFont(g.getFont().deriveFont(11f));
+    FontMetrics metrics = g.getFontMetrics();
+    for (Picture.Block block : blocks) {
+      Rectangle2D box = bounds(block);
+      g.setColor(colour(block));
+      g.fill(box);
+      Graphics2D clipped = (Graphics2D) g.create();
+      clipped.clip(box);
+      clipped.setColor(textColour(block));
+      clipped.drawString(label(block), (float) box.getX() + 4,
+          (float) (box.getCenterY() + (metrics.getAscent() - metrics.getDescent()) / 2.0));
+      clipped.dispose();
+      if (holdsSelected(block)) {
+        Flat.box(g, (int) box.getX(), (int) box.getY(), (int) box.getWidth(),
+            (int) Math.max(4, box.getHeight()), null, Theme.palette().accent, 2f);
+      }
+    }
+    g.dispose();
+  }
+
+  /** Saves what is shown, as PNG at twice its size if the name of the file says so, else as SVG. */
+  void save(Path file) throws IOException {
+    if (!file.toString().toLowerCase(Locale.ROOT).endsWith(".png")) {
+      saveSvg(file);
+      return;
+    }
     BufferedImage image =
         new BufferedImage(2 * getWidth(), 2 * getHeight(), BufferedImage.TYPE_INT_RGB);
     Graphics2D g = image.createGraphics();
@@ -240,26 +223,19 @@ final class PictureView extends JPanel {
     }
   }
 
-  /** Saves what is shown as SVG. */
-  void saveSvg(Path file) throws IOException {
+  private void saveSvg(Path file) throws IOException {
     try (PrintWriter out =
         new PrintWriter(Files.newBufferedWriter(file, StandardCharsets.UTF_8))) {
       out.printf("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%d\" height=\"%d\" "
           + "font-family=\"sans-serif\" font-size=\"11\">%n", getWidth(), getHeight());
       for (Picture.Block block : blocks) {
         Rectangle2D box = bounds(block);
-        String title = names.getOrDefault(picture.handle(block.first), "");
-        out.printf(Locale.ROOT, "<rect x=\"%.1f\" y=\"%.2f\" width=\"%.1f\" height=\"%.2f\" "
-            + "fill=\"#%06x\"><title>%s</title></rect>%n", box.getX(), box.getY(), box.getWidth(),
-            box.getHeight(), colour(block).getRGB() & 0xffffff,
-            block.siblings > 1 ? block.siblings + " members" : escaped(title));
-        String name = label(block);
-        if (name != null) {
-          out.printf(Locale.ROOT, "<svg x=\"%.1f\" y=\"%.2f\" width=\"%.1f\" height=\"%.2f\">"
-              + "<text x=\"4\" y=\"%.2f\" fill=\"#%06x\">%s</text></svg>%n", box.getX(),
-              box.getY(), box.getWidth(), box.getHeight(), box.getHeight() / 2 + 4,
-              textColour(block).getRGB() & 0xffffff, escaped(name));
-        }
+        out.printf(Locale.ROOT, "<svg x=\"%.1f\" y=\"%.2f\" width=\"%.1f\" height=\"%.2f\">"
+            + "<title>%s</title><rect width=\"100%%\" height=\"100%%\" fill=\"#%06x\"/>"
+            + "<text x=\"4\" y=\"%.2f\" fill=\"#%06x\">%s</text></svg>%n", box.getX(), box.getY(),
+            box.getWidth(), box.getHeight(), escaped(description(block)),
+            colour(block).getRGB() & 0xffffff, box.getHeight() / 2 + 4,
+            textColour(block).getRGB() & 0xffffff, escaped(label(block)));
       }
       out.println("</svg>");
       if (out.checkError()) {
@@ -268,7 +244,8 @@ final class PictureView extends JPanel {
     }
   }
 
-  private static String escaped(String text) {
+  /** A text as XML and HTML have it. */
+  static String escaped(String text) {
     return text.replace("&", "&amp;").replace("<", "&lt;").replaceAll("[\\x00-\\x1f]", " ");
   }
 }

@@ -3,37 +3,54 @@ package com.olvane.kep.olvane.editor;
 import java.awt.BorderLayout;
 import java.awt.Component;
 import java.awt.FlowLayout;
+import java.io.File;
+import java.util.function.Consumer;
+import java.util.function.Function;
 import javax.swing.JButton;
 import javax.swing.JComponent;
 import javax.swing.JDialog;
+import javax.swing.JFileChooser;
+import javax.swing.JLabel;
+import javax.swing.JOptionPane;
 import javax.swing.JPanel;
+import javax.swing.JTextField;
 import javax.swing.KeyStroke;
 import javax.swing.SwingUtilities;
+import net.miginfocom.swing.MigLayout;
 
-/** A dialog with a button that does what it is for and one that cancels, as Escape does. */
+/**
+ * Questions: a dialog with a button that does what it is for and one that cancels, as Escape does,
+ * and the ones that are asked in several places.
+ */
 final class Prompt {
+  private static File folder;
+
   private final JDialog dialog;
   private final JButton ok;
   private boolean confirmed;
 
   /** Makes a dialog of a form; {@code verb} is what the button says. */
   Prompt(Component parent, String title, String verb, JComponent form) {
-    dialog = new JDialog(
-        SwingUtilities.getWindowAncestor(parent), title, JDialog.ModalityType.DOCUMENT_MODAL);
     ok = new JButton(verb);
-    JButton cancel = new JButton("Cancel");
-    ok.addActionListener(event -> {
-      confirmed = true;
-      dialog.dispose();
-    });
-    cancel.addActionListener(event -> dialog.dispose());
+    ok.addActionListener(event -> confirmed = true);
+    dialog = dialog(parent, title, form, ok, new JButton("Cancel"));
+  }
+
+  /** Makes a dialog with buttons that close it, the first of which Enter presses. */
+  static JDialog dialog(Component parent, String title, JComponent form, JButton... buttons) {
+    JDialog dialog = new JDialog(
+        SwingUtilities.getWindowAncestor(parent), title, JDialog.ModalityType.DOCUMENT_MODAL);
+    for (JButton button : buttons) {
+      button.addActionListener(event -> dialog.dispose());
+    }
     dialog.getRootPane().registerKeyboardAction(event -> dialog.dispose(),
         KeyStroke.getKeyStroke("ESCAPE"), JComponent.WHEN_IN_FOCUSED_WINDOW);
-    dialog.getRootPane().setDefaultButton(ok);
+    dialog.getRootPane().setDefaultButton(buttons[0]);
     dialog.add(form);
-    dialog.add(buttonRow(ok, cancel), BorderLayout.SOUTH);
+    dialog.add(buttonRow(buttons), BorderLayout.SOUTH);
     dialog.pack();
     dialog.setLocationRelativeTo(parent);
+    return dialog;
   }
 
   /** {@return the buttons that close a dialog, at its end} */
@@ -54,5 +71,66 @@ final class Prompt {
   boolean ask() {
     dialog.setVisible(true);
     return confirmed;
+  }
+
+  // ---- What is asked in several places ----
+
+  /** Shows a question with its answers as buttons; which one was pressed, -1 for none. */
+  static int choose(Component parent, String title, String question, Object... answers) {
+    return JOptionPane.showOptionDialog(parent, question, title, JOptionPane.DEFAULT_OPTION,
+        JOptionPane.QUESTION_MESSAGE, null, answers, answers[0]);
+  }
+
+  /**
+   * Asks for a name, which cannot be one that is refused.
+   *
+   * @param verb what the button says
+   * @param refusal gives the reason why a name is refused, or null
+   * @param then takes the name
+   */
+  static void name(Component parent, String title, String label, String initial, String verb,
+      Function<String, String> refusal, Consumer<String> then) {
+    JTextField field = new JTextField(initial);
+    field.setName(label);
+    field.selectAll();
+    JLabel complaint = new JLabel(" ");
+    JLabel text = new JLabel(label);
+    text.setLabelFor(field);
+    JPanel form = new JPanel(new MigLayout("insets 16 16 0 16, wrap 1", "[320!,fill]"));
+    form.add(text);
+    form.add(field);
+    form.add(complaint);
+    Prompt prompt = new Prompt(parent, title, verb, form);
+    Runnable check = () -> {
+      String name = field.getText();
+      String reason = name.isEmpty() ? null : refusal.apply(name);
+      RowField.markRefused(field, complaint, reason);
+      complaint.setVisible(true);
+      prompt.allow(!name.isEmpty() && reason == null);
+    };
+    Listen.onChange(field, check);
+    check.run();
+    if (prompt.ask()) {
+      then.accept(field.getText());
+    }
+  }
+
+  /** Asks for a file to read, or to write with a name proposed for it; null when cancelled. */
+  static File file(Component parent, String title, String proposed) {
+    JFileChooser chooser = new JFileChooser(folder);
+    chooser.setDialogTitle(title);
+    if (proposed != null) {
+      chooser.setSelectedFile(new File(folder, proposed));
+    }
+    int answer =
+        proposed == null ? chooser.showOpenDialog(parent) : chooser.showSaveDialog(parent);
+    if (answer != JFileChooser.APPROVE_OPTION) {
+      return null;
+    }
+    folder = chooser.getCurrentDirectory();
+    File file = chooser.getSelectedFile();
+    boolean mayBe = proposed == null || !file.exists()
+        || choose(parent, title, file + " exists. Replace it?", "Replace", "Cancel") == 0;
+    return mayBe ? file : null;
   }
 }

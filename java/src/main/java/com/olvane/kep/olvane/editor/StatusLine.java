@@ -1,10 +1,9 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.standin.StoreLock;
-import java.awt.event.HierarchyEvent;
 import java.text.NumberFormat;
-import javax.swing.BorderFactory;
 import javax.swing.JButton;
+import javax.swing.JComponent;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JProgressBar;
@@ -18,61 +17,48 @@ final class StatusLine extends JPanel {
   private static final int PATIENCE_MILLIS = 300;
 
   private final transient Workspace workspace;
-  private final JLabel message = new JLabel(" ");
-  private final JLabel saved = new JLabel();
-  private final JLabel lock = new JLabel();
-  private final JLabel members = new JLabel();
-  private final JLabel memory = new JLabel();
-  private final JProgressBar bar = new JProgressBar();
-  private final JButton cancel = new JButton("Cancel");
-  private final transient NumberFormat numbers = NumberFormat.getIntegerInstance();
-  private final Timer forget;
-  private final Timer watch;
+  private final JLabel message = add("message", new JLabel(" "), "wmin 0");
+  private final JProgressBar bar = add("progress", new JProgressBar(), "w 140!");
+  private final JButton cancel = add("cancel", new JButton("Cancel"), "h 22!");
+  private final JLabel saved = add("saved", new JLabel(), "");
+  private final JLabel lock = add("lock", new JLabel(), "");
+  private final JLabel members = add("members", new JLabel(), "");
+  private final JLabel memory = add("memory", new JLabel(), "");
+  private final Timer forget = new Timer(MESSAGE_MILLIS, event -> message.setText(" "));
+  private final Timer watch = new Timer(100, event -> watchWork());
   private long since;
   private transient Busy busy;
 
   StatusLine(Workspace workspace) {
-    super(new MigLayout(
-        "insets 1 8 1 8, hidemode 3", "[grow]12[]12[]12[]12[]", "[24!]"));
+    super(new MigLayout("insets 1 8 1 8, hidemode 3", "[grow]12[]12[]12[]12[]", "[24!]"));
     this.workspace = workspace;
-    setBorder(BorderFactory.createEmptyBorder());
-    message.setName("message");
-    saved.setName("saved");
-    members.setName("members");
-    bar.setName("progress");
-    cancel.setName("cancel");
+    bar.setVisible(false);
+    cancel.setVisible(false);
     cancel.addActionListener(event -> {
       if (busy != null) {
         busy.cancel();
       }
     });
-    add(message, "wmin 0");
-    add(bar, "w 140!");
-    add(cancel, "h 22!");
-    add(saved);
-    add(lock);
-    add(members);
-    add(memory);
-    bar.setVisible(false);
-    cancel.setVisible(false);
-    forget = new Timer(MESSAGE_MILLIS, event -> message.setText(" "));
     forget.setRepeats(false);
-    watch = new Timer(100, event -> watchWork());
     Timer measure = new Timer(2000, event -> showMemory());
     workspace.busy.hear(this::begin);
     workspace.historyChanged.hear(history -> showState());
-    addHierarchyListener(event -> {
-      if ((event.getChangeFlags() & HierarchyEvent.SHOWING_CHANGED) != 0) {
-        if (isShowing()) {
-          measure.start();
-        } else {
-          measure.stop();
-        }
+    Listen.onShowing(this, seen -> {
+      if (seen) {
+        measure.start();
+      } else {
+        measure.stop();
       }
     });
     showState();
     showMemory();
     showLock();
+  }
+
+  private <C extends JComponent> C add(String name, C part, String constraints) {
+    part.setName(name);
+    add(part, constraints);
+    return part;
   }
 
   /** Shows a sentence for a while. */
@@ -84,31 +70,27 @@ final class StatusLine extends JPanel {
   private void begin(Busy work) {
     busy = work;
     since = System.nanoTime();
-    if (work == null) {
-      watch.stop();
-      if (bar.isVisible()) {
-        say("");
-      }
-      bar.setVisible(false);
-      cancel.setVisible(false);
-    } else {
+    if (work != null) {
       watch.start();
+      return;
     }
+    watch.stop();
+    if (bar.isVisible()) {
+      say("");
+    }
+    bar.setVisible(false);
+    cancel.setVisible(false);
   }
 
   private void watchWork() {
-    if (busy == null) {
-      return;
-    }
     long millis = (System.nanoTime() - since) / 1_000_000;
-    if (millis < PATIENCE_MILLIS) {
+    if (busy == null || millis < PATIENCE_MILLIS) {
       return;
     }
     bar.setVisible(true);
     cancel.setVisible(busy.canCancel);
-    double share = busy.share();
-    bar.setIndeterminate(share < 0);
-    bar.setValue((int) (share * 100));
+    bar.setIndeterminate(busy.share() < 0);
+    bar.setValue((int) (busy.share() * 100));
     forget.stop();
     message.setText(busy.title + " \u2026 " + millis / 1000 + " s");
   }
@@ -116,7 +98,8 @@ final class StatusLine extends JPanel {
   private void showState() {
     saved.setText(!workspace.isEditable() ? "Read only"
         : workspace.dirty() ? "Unsaved changes" : "Saved");
-    members.setText(numbers.format(workspace.members()) + " members");
+    members.setText(
+        NumberFormat.getIntegerInstance().format(workspace.members()) + " members");
   }
 
   private void showMemory() {
@@ -129,13 +112,8 @@ final class StatusLine extends JPanel {
   private void showLock() {
     String object =
         workspace.application() + "/" + workspace.database() + "/" + workspace.database();
-    workspace.read(() -> {
-      for (StoreLock one : workspace.store.locks()) {
-        if (one.object().equals(object)) {
-          return "Locked by " + one.user();
-        }
-      }
-      return "Not locked";
-    }, lock::setText);
+    workspace.read(() -> workspace.store.locks().stream()
+        .filter(one -> one.object().equals(object)).map(StoreLock::user).findFirst(),
+        user -> lock.setText(user.map(one -> "Locked by " + one).orElse("Not locked")));
   }
 }

@@ -150,7 +150,7 @@ final class Theme {
   private static void putBorders() {
     Border line = BorderFactory.createLineBorder(palette.line);
     put(new Flat.Border(5, 6), "TextField FormattedTextField", ".border");
-    put(new Flat.Border(2, 0), "ComboBox", ".border");
+    put(new Flat.Border(2, 1), "ComboBox", ".border");
     put(space(4, 12), "Button ToggleButton", ".border");
     put(space(0, 0), "SplitPane SplitPaneDivider TableHeader ProgressBar", ".border");
     put(line, "ScrollPane.border Table.scrollPaneBorder", "");
