@@ -10,11 +10,14 @@
 #include <cstdio>
 #include <cstring>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "command/layer/status.h"
 
 namespace command {
 namespace {
+
+constexpr char kOpenFiles[] = "/proc/self/fd";
 
 [[noreturn]] void fail_to_write(const std::string& path, int error) {
   throw Failure(fmt::format("can't write to {}: {}", path.empty() ? "stdout" : "'" + path + "'",
@@ -32,9 +35,19 @@ Output::Output(const std::string& path) : path_(path) {
     descriptor_ = -1;
   } else {
     // A new name gets the mode that the user's mask leaves, as any new file does.
+    const mode_t mode = exists ? state.st_mode & 0777 : 0666;
     pending_ = fmt::format("{}.{}.tmp", path, getpid());
-    descriptor_ = open(pending_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW,
-                       exists ? state.st_mode & 0777 : 0666);
+    // Without a name a file goes with a killed process. Not every file system can do without, and
+    // the name is given by way of /proc.
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    descriptor_ = access(kOpenFiles, X_OK) != 0 ? -1
+                                                : open(folder.empty() ? "." : folder.c_str(),
+                                                       O_WRONLY | O_TMPFILE | O_CLOEXEC, mode);
+    nameless_ = descriptor_ >= 0;
+    if (!nameless_) {
+      descriptor_ =
+          open(pending_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, mode);
+    }
   }
   if (descriptor_ < 0) fail_to_write(path_, errno);
 }
@@ -64,9 +77,11 @@ void Output::flush() {
 void Output::finish() {
   flush();
   if (path_.empty()) return;
-  const int descriptor = descriptor_;
-  descriptor_ = -1;
-  const bool written = close(descriptor) == 0;
+  const std::string open_file = fmt::format("{}/{}", kOpenFiles, descriptor_);
+  bool written = !nameless_ || linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, pending_.c_str(),
+                                      AT_SYMLINK_FOLLOW) == 0;
+  const int descriptor = std::exchange(descriptor_, -1);
+  written = close(descriptor) == 0 && written;
   if (written && (pending_.empty() || rename(pending_.c_str(), path_.c_str()) == 0)) return;
   const int error = errno;
   if (!pending_.empty()) unlink(pending_.c_str());

@@ -42,7 +42,8 @@ class Output {
   static constexpr size_t kPiece = 1 << 16;
 
   std::string path_;
-  std::string pending_;  // name until finish(), empty when that is the path
+  std::string pending_;    // name until finish(), empty when that is the path
+  bool nameless_ = false;  // has no name yet
   int descriptor_ = 1;
   std::string buffer_;
 };
