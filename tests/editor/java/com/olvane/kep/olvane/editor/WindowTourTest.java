@@ -95,8 +95,8 @@ public class WindowTourTest {
     user.key("ctrl shift S");
     user.waitFor("the keyboard in the dialog",
         () -> RobotUser.showing(JTextField.class,
-            one -> "database".equals(one.getName())) != null);
-    user.clickInto(user.find(JTextField.class, "database"));
+            one -> "Database".equals(one.getName())) != null);
+    user.clickInto(user.find(JTextField.class, "Database"));
     user.type("Other");
     user.key("ENTER");
     status("Saved as Test.Other");
@@ -124,7 +124,7 @@ public class WindowTourTest {
     RobotUser.onEventThread(() -> open.editor = new Editor(open.store));
     SwingUtilities.invokeLater(() -> open.editor.choose());
     open.press(user, "New \u2026");
-    user.clickInto(user.find(JTextField.class, "database"));
+    user.clickInto(user.find(JTextField.class, "Database"));
     user.type("Fresh");
     user.key("ENTER");
     user.waitFor("the window", () -> open.editor.windows.size() == 1

@@ -35,15 +35,10 @@ final class AliasImportDialog {
     this.file = file;
     JPanel form = new JPanel(new MigLayout("insets 12 12 0 12, fill, wrap 2", "[][grow,fill]",
         "[][][][][grow,fill]"));
-    JLabel label = new JLabel("Into the table");
-    label.setLabelFor(table);
     table.setText(file.table);
-    table.setName("Into the table");
-    form.add(label);
-    form.add(table);
+    Prompt.addField(form, "Into the table", table);
     form.add(summary, "span, growx, wmin 0");
     form.add(note, "span, growx, wmin 0");
-    which.setName("Show");
     form.add(which, "span");
     which.addActionListener(event -> showLines());
     form.add(new JScrollPane(lines), "span, grow, w 640, h 320");

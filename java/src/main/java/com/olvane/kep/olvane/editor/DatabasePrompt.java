@@ -4,10 +4,8 @@ import com.olvane.kep.olvane.defs.outline.HoldingBean;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.Component;
 import java.util.List;
-import java.util.Locale;
 import java.util.stream.Stream;
 import javax.swing.JComboBox;
-import javax.swing.JComponent;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JTextField;
@@ -36,21 +34,13 @@ final class DatabasePrompt {
     applications.setEditable(true);
     application = (JTextComponent) applications.getEditor().getEditorComponent();
     JPanel form = new JPanel(new MigLayout("insets 16 16 0 16, wrap 2", "[][300!,fill]"));
-    add(form, "Application", applications);
-    add(form, "Database", database);
+    Prompt.addField(form, "Application", applications);
+    Prompt.addField(form, "Database", database);
     form.add(remark, "skip 1");
     prompt = new Prompt(parent, title, verb, form);
     Listen.onChange(database, this::check);
     Listen.onChange(application, this::check);
     check();
-  }
-
-  private static void add(JPanel form, String text, JComponent field) {
-    JLabel label = new JLabel(text);
-    label.setLabelFor(field);
-    field.setName(text.toLowerCase(Locale.ROOT));
-    form.add(label);
-    form.add(field);
   }
 
   private void check() {

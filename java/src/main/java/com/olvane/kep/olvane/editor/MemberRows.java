@@ -2,23 +2,16 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Attribute;
 import com.olvane.kep.olvane.outline.Changes;
-import com.olvane.kep.olvane.outline.Code;
-import com.olvane.kep.olvane.outline.Consolidation;
-import com.olvane.kep.olvane.outline.CurrencyConversion;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
-import com.olvane.kep.olvane.outline.Share;
-import com.olvane.kep.olvane.outline.TimeBalance;
-import com.olvane.kep.olvane.outline.TimeBalanceSkip;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
-import java.util.LinkedHashMap;
 import java.util.LinkedHashSet;
 import java.util.List;
-import java.util.Map;
+import java.util.Locale;
 import java.util.Objects;
 import java.util.Set;
 import java.util.function.BiFunction;
@@ -69,18 +62,15 @@ final class MemberRows {
             .map(Member::name).collect(Collectors.joining(", ")));
     contents.add(RowsPane.Place.LEFT, "Properties", properties());
     contents.add(RowsPane.Place.RIGHT, "Aliases", first.details().aliasTables().stream()
-        .map(table -> Row.typed(table, common(member -> member.alias(table)),
-            Row.atMost(ALIAS_LIMIT), alias -> change("Set the alias in " + table,
-                member -> new Changes().alias(table, alias))))
+        .map(table -> row(
+            MemberParts.alias(table), "the alias in " + table, Row.atMost(ALIAS_LIMIT)))
         .collect(Collectors.toList()));
     contents.add(RowsPane.Place.RIGHT, "Attributes", attributes());
     contents.add(RowsPane.Place.RIGHT, "", Collections.singletonList(udas()));
     contents.add(RowsPane.Place.BELOW, "", Arrays.asList(
-        text("Formula", "the formula", Member::formula, Changes::formula)
-            .in(() -> new FormulaArea(workspace)),
-        text("Comment", "the comment", Member::comment, Changes::comment).in(() -> Row.area(1)),
-        text("Extended comment", "the extended comment", Member::extendedComment,
-            Changes::extendedComment).in(() -> Row.area(3))));
+        row(MemberParts.FORMULA).in(() -> new FormulaArea(workspace)),
+        row(MemberParts.COMMENT).in(() -> Row.area(1)),
+        row(MemberParts.EXTENDED_COMMENT).in(() -> Row.area(3))));
     return contents;
   }
 
@@ -105,39 +95,34 @@ final class MemberRows {
     return members.stream().allMatch(one -> Objects.equals(value.apply(one), first)) ? first : null;
   }
 
-  private void change(String verb, Function<Member, Changes> changes) {
-    workspace.edit(MemberEdits.change(MemberEdits.title(verb + " of", members), members, changes));
+  private void change(String what, Function<Member, Changes> changes) {
+    workspace.edit(
+        MemberEdits.change(MemberEdits.title("Set " + what + " of", members), members, changes));
   }
 
-  // ---- Kinds of rows ----
-
-  /** A text, which the facade refuses where it does not fit. */
-  private Row text(String label, String what, Function<Member, String> value,
-      BiFunction<Changes, String, Changes> set) {
-    return Row.typed(label, common(value),
-        Row.accordingTo(text -> set.apply(new Changes(), text)),
-        text -> change("Set " + what, member -> set.apply(new Changes(), text)));
+  private static Changes set(MemberParts.Part part, String value) {
+    Changes changes = new Changes();
+    part.set.accept(changes, value);
+    return changes;
   }
 
-  private <C extends Code> Row code(String label, C[] constants, Function<Member, C> value,
-      Function<Member, Short> number, BiFunction<Changes, C, Changes> set) {
-    Map<String, C> choices = new LinkedHashMap<>();
-    for (C constant : constants) {
-      if (constant.code() >= 0) {
-        choices.put(constant.words(), constant);
-      }
+  /** A row for what is chosen, or a text that the facade refuses where it does not fit. */
+  private Row row(MemberParts.Part part) {
+    String what = "the " + part.label.toLowerCase(Locale.ROOT);
+    if (part.words.isEmpty()) {
+      return row(part, what, Row.accordingTo(text -> set(part, text)));
     }
-    Short code = common(number);
-    C constant = value.apply(members.get(0));
-    String now = code == null ? null : constant.code() < 0 ? "code " + code : constant.words();
-    return Row.chosen(label, now, new ArrayList<>(choices.keySet()), words ->
-        change("Set " + label, member -> set.apply(new Changes(), choices.get(words))));
+    String value = common(part.read);
+    List<String> words = new ArrayList<>(part.words.values());
+    List<String> values = new ArrayList<>(part.words.keySet());
+    return Row.chosen(part.label,
+        value == null ? null : part.words.getOrDefault(value, "code " + value), words,
+        word -> change(what, member -> set(part, values.get(words.indexOf(word)))));
   }
 
-  private Row flag(String label, Function<Member, Boolean> value,
-      BiFunction<Changes, Boolean, Changes> set) {
-    return Row.yesNo(label, common(value), chosen -> change((chosen ? "Set " : "Clear ") + label,
-        member -> set.apply(new Changes(), chosen)));
+  private Row row(MemberParts.Part part, String what, Function<String, String> refusal) {
+    return Row.typed(part.label, common(part.read), refusal,
+        text -> change(what, member -> set(part, text)));
   }
 
   // ---- Rows ----
@@ -148,19 +133,7 @@ final class MemberRows {
       rows.add(Row.typed("Name", members.get(0).name(), Row.accordingTo(NewMember::new),
           name -> workspace.edit(MemberEdits.rename(members.get(0), name))));
     }
-    rows.add(code("Consolidation", Consolidation.values(), Member::consolidation,
-        Member::consolidationCode, Changes::consolidation));
-    rows.add(code("Storage", Share.values(), Member::share, Member::shareCode, Changes::share));
-    rows.add(code("Time balance", TimeBalance.values(), Member::timeBalance,
-        Member::timeBalanceCode, Changes::timeBalance));
-    rows.add(code("Balance skips", TimeBalanceSkip.values(), Member::timeBalanceSkip,
-        Member::timeBalanceSkipCode, Changes::timeBalanceSkip));
-    rows.add(flag("Two-pass calculation", Member::isTwoPass, Changes::twoPass));
-    rows.add(flag("Expense in variances", Member::isExpense, Changes::expense));
-    rows.add(code("Currency", CurrencyConversion.values(), Member::conversion,
-        Member::conversionCode, Changes::conversion));
-    rows.add(text("Currency member", "the currency member", Member::currencyMember,
-        Changes::currencyMember));
+    MemberParts.PROPERTIES.forEach(part -> rows.add(row(part)));
     return rows;
   }
 
@@ -182,7 +155,7 @@ final class MemberRows {
     };
     return Row.typed("User-defined attributes (one a line)", String.join("\n", common),
         Row.accordingTo(text -> members.forEach(member -> changes.apply(member, text))),
-        text -> change("Set the user-defined attributes", member -> changes.apply(member, text)))
+        text -> change("the user-defined attributes", member -> changes.apply(member, text)))
         .in(() -> Row.area(3));
   }
 
@@ -217,7 +190,7 @@ final class MemberRows {
   }
 
   private void associate(String dimension, String name) {
-    change("Set " + dimension, member -> {
+    change(dimension, member -> {
       Changes changes = new Changes();
       of(member, dimension).forEach(changes::withoutAttribute);
       return name.isEmpty() || name.equals(NONE) ? changes : changes.attribute(name);

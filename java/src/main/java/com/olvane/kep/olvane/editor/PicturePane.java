@@ -55,8 +55,8 @@ final class PicturePane extends JPanel {
     this.workspace = workspace;
     pause.setRepeats(false);
     JButton export = new JButton("Export\u2026");
-    addChoice("Size by", size);
-    addChoice("Colour by", colour);
+    Prompt.addField(this, "Size by", size);
+    Prompt.addField(this, "Colour by", colour);
     add(up);
     add(export, "wrap");
     add(legend, "span, growx, wmin 0, wrap");
@@ -96,14 +96,6 @@ final class PicturePane extends JPanel {
       stale = true;
       pause.restart();
     });
-  }
-
-  private void addChoice(String text, JComboBox<String> box) {
-    JLabel label = new JLabel(text);
-    label.setLabelFor(box);
-    box.setName(text);
-    add(label);
-    add(box);
   }
 
   private void bind(String key, IntUnaryOperator next) {

@@ -2,6 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.BorderLayout;
 import java.awt.Component;
+import java.awt.Container;
 import java.awt.FlowLayout;
 import java.io.File;
 import java.util.function.Consumer;
@@ -62,6 +63,15 @@ final class Prompt {
     return row;
   }
 
+  /** Adds a field with its label to a form. */
+  static void addField(Container form, String text, JComponent field) {
+    JLabel label = new JLabel(text);
+    label.setLabelFor(field);
+    field.setName(text);
+    form.add(label);
+    form.add(field);
+  }
+
   /** Says whether the form can be confirmed as it is. */
   void allow(boolean possible) {
     ok.setEnabled(possible);
@@ -91,14 +101,10 @@ final class Prompt {
   static void name(Component parent, String title, String label, String initial, String verb,
       Function<String, String> refusal, Consumer<String> then) {
     JTextField field = new JTextField(initial);
-    field.setName(label);
     field.selectAll();
     JLabel complaint = new JLabel(" ");
-    JLabel text = new JLabel(label);
-    text.setLabelFor(field);
     JPanel form = new JPanel(new MigLayout("insets 16 16 0 16, wrap 1", "[320!,fill]"));
-    form.add(text);
-    form.add(field);
+    addField(form, label, field);
     form.add(complaint);
     Prompt prompt = new Prompt(parent, title, verb, form);
     Runnable check = () -> {

@@ -12,11 +12,14 @@ import javax.swing.JTextArea;
 import javax.swing.JTextField;
 import javax.swing.text.JTextComponent;
 
-/** A value with its label, to be read and changed; the same for good once it was made. */
+/** A value with its label, to be read and changed. */
 final class Row {
   /** Stands where several members have different values. */
   static final String DIFFERENT = "(different)";
 
+  /** Where it stands in a pane, and below which heading. */
+  RowsPane.Place place;
+  String heading = "";
   final String label;
   /** The value; null where several members have different ones. */
   final String value;
@@ -80,6 +83,11 @@ final class Row {
     area.setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
     area.setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
     return area;
+  }
+
+  /** What tells its field from others: also the name of the field. */
+  String name() {
+    return (heading + " " + label).trim();
   }
 
   // ---- Refusals ----

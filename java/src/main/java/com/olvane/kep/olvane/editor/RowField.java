@@ -33,17 +33,13 @@ final class RowField {
   /** What the outline did not take. */
   private String refused;
 
-  /**
-   * Makes the field of a row, and of others like it.
-   *
-   * @param name its name, for tests and assistive technology
-   */
-  RowField(Row row, String name, boolean editable) {
+  /** Makes the field of a row, and of others like it. */
+  RowField(Row row, boolean editable) {
     this.row = row;
     text = row.choices == null ? row.field.get() : null;
     box = row.choices == null ? null : new JComboBox<>();
-    input().setName(name);
-    input().getAccessibleContext().setAccessibleName(name);
+    input().setName(row.name());
+    input().getAccessibleContext().setAccessibleName(row.name());
     label.setLabelFor(input());
     complaint.setVisible(false);
     if (text == null) {

@@ -6,8 +6,8 @@ import java.awt.Component;
 import java.awt.Font;
 import java.awt.KeyboardFocusManager;
 import java.util.ArrayList;
-import java.util.Arrays;
-import java.util.LinkedHashMap;
+import java.util.EnumMap;
+import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.stream.Collectors;
@@ -35,34 +35,12 @@ final class RowsPane extends JPanel {
     }
   }
 
-  /** Rows with a heading, which may be empty. */
-  private static final class Section {
-    final Place place;
-    final String heading;
-    final List<Row> rows;
-
-    Section(Place place, String heading, List<Row> rows) {
-      this.place = place;
-      this.heading = heading;
-      this.rows = rows;
-    }
-
-    String name(Row row) {
-      return (heading + " " + row.label).trim();
-    }
-
-    /** Tells fields apart. */
-    String key(Row row) {
-      return name(row) + (row.choices == null ? "" : "\n");
-    }
-  }
-
   /** What a pane shows. */
   static final class Contents {
     private final Object subject;
     private final String title;
     private final String remark;
-    private final List<Section> sections = new ArrayList<>();
+    private final List<Row> rows = new ArrayList<>();
 
     /**
      * Makes contents without rows.
@@ -75,10 +53,12 @@ final class RowsPane extends JPanel {
       this.remark = remark;
     }
 
-    /** Adds rows. */
-    void add(Place place, String heading, List<Row> rows) {
-      if (!rows.isEmpty()) {
-        sections.add(new Section(place, heading, rows));
+    /** Adds rows with a heading, which may be empty. */
+    void add(Place place, String heading, List<Row> more) {
+      for (Row row : more) {
+        row.place = place;
+        row.heading = heading;
+        rows.add(row);
       }
     }
   }
@@ -94,7 +74,7 @@ final class RowsPane extends JPanel {
   private final JLabel remark = new JLabel();
   private final JPanel form = new JPanel(new MigLayout("insets 12, fillx, hidemode 3, gapy 6",
       "[grow 50,fill,:160:]20[grow 50,fill,:160:]"));
-  private final transient Map<String, RowField> fields = new LinkedHashMap<>();
+  private final transient Map<String, RowField> fields = new HashMap<>();
   private transient List<String> layout;
   private transient Object subject;
   private int asked;
@@ -135,48 +115,45 @@ final class RowsPane extends JPanel {
     title.setVisible(!now.title.isEmpty());
     remark.setText(now.remark);
     remark.setVisible(!now.remark.isEmpty());
-    List<String> needed = now.sections.stream()
-        .flatMap(section -> section.rows.stream().map(section::key)).collect(Collectors.toList());
+    List<String> needed = now.rows.stream().map(RowsPane::key).collect(Collectors.toList());
     if (!needed.equals(layout)) {
       layout = needed;
-      layOut(now.sections);
+      layOut(now.rows);
     }
-    now.sections.forEach(section ->
-        section.rows.forEach(row -> fields.get(section.key(row)).show(row, again)));
+    now.rows.forEach(row -> fields.get(key(row)).show(row, again));
   }
 
-  private void layOut(List<Section> sections) {
+  /** Tells fields apart. */
+  private static String key(Row row) {
+    return row.name() + (row.choices == null ? "" : " (chosen)");
+  }
+
+  private void layOut(List<Row> rows) {
     Component focus = KeyboardFocusManager.getCurrentKeyboardFocusManager().getFocusOwner();
     boolean inside = focus != null && SwingUtilities.isDescendingFrom(focus, form);
     form.removeAll();
     form.add(title, "span, wmin 0, wrap, gapbottom 0");
     form.add(remark, "span, wmin 0, wrap");
-    for (Place place : Place.values()) {
-      JPanel part = new JPanel(
-          new MigLayout("insets 0, fillx, wrap 2, hidemode 3, gapy 3", "[:pref:65%]12[grow,fill]"));
-      sections.stream().filter(section -> section.place == place)
-          .forEach(section -> addSection(part, section));
-      if (part.getComponentCount() > 0) {
-        form.add(part, "wmin 0, aligny top" + place.constraints);
+    Map<Place, JPanel> parts = new EnumMap<>(Place.class);
+    String heading = "";
+    for (Row row : rows) {
+      JPanel part = parts.computeIfAbsent(row.place, place -> new JPanel(new MigLayout(
+          "insets 0, fillx, wrap 2, hidemode 3, gapy 3", "[:pref:65%]12[grow,fill]")));
+      if (!row.heading.equals(heading) && !row.heading.isEmpty()) {
+        JLabel label = new JLabel(row.heading);
+        label.setFont(label.getFont().deriveFont(Font.BOLD));
+        part.add(label, "span, gaptop 6");
       }
+      heading = row.heading;
+      fields.computeIfAbsent(key(row),
+          key -> new RowField(row, workspace.isEditable())).addTo(part);
     }
+    parts.forEach((place, part) -> form.add(part, "wmin 0, aligny top" + place.constraints));
     fields.keySet().retainAll(layout);
     form.revalidate();
     form.repaint();
     if (inside) {
       focus.requestFocusInWindow();
-    }
-  }
-
-  private void addSection(JPanel part, Section section) {
-    if (!section.heading.isEmpty()) {
-      JLabel heading = new JLabel(section.heading);
-      heading.setFont(heading.getFont().deriveFont(Font.BOLD));
-      part.add(heading, "span, gaptop 6");
-    }
-    for (Row row : section.rows) {
-      fields.computeIfAbsent(section.key(row),
-          key -> new RowField(row, section.name(row), workspace.isEditable())).addTo(part);
     }
   }
 }
