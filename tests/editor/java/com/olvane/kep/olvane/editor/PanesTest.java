@@ -116,6 +116,14 @@ public class PanesTest {
     String tooLong = new String(new char[129]).replace('\0', '\u00e9');
     JTextComponent comment = user.find(JTextComponent.class, "Comment");
     user.clickInto(comment);
+    user.type("ab");
+    for (int i = 0; i < 3; i++) {
+      user.key("ctrl Z");
+    }
+    user.key("ctrl Y");
+    assertEquals("what is typed is taken back by itself", "a", comment.getText());
+    user.key("ESCAPE");
+    assertEquals("\u53ef\u53e3\u53ef\u4e50", read("Cola").alias("French"));
     user.type(tooLong);
     user.find(JLabel.class, "the limit",
         one -> "At most 257 bytes fit; these are 258.".equals(one.getText()));
@@ -173,6 +181,14 @@ public class PanesTest {
     user.type(";");
     pane("Dimension");
     expect("", "Cola + \"Tea green\";", outline -> read("Drinks").formula());
+    pane("Details");
+    select("Cola");
+    user.clickInto(formula);
+    user.type("1");
+    user.key("ctrl Z");
+    user.key("ctrl Z");
+    assertEquals("not the formula that was shown before", "", formula.getText());
+    pane("Dimension");
 
     type("Generations 2", "Families");
     user.key("ENTER");

@@ -10,6 +10,7 @@ import javax.swing.KeyStroke;
 import javax.swing.event.DocumentEvent;
 import javax.swing.event.DocumentListener;
 import javax.swing.text.JTextComponent;
+import javax.swing.undo.UndoManager;
 
 /** Ways to hear of what happens to components. */
 final class Listen {
@@ -46,6 +47,37 @@ final class Listen {
         action.run();
       }
     });
+  }
+
+  /**
+   * Lets the keys of undo and redo take back what is typed into a field, from what the manager that
+   * is given was emptied at. Where nothing was typed since, they are the window's.
+   */
+  static UndoManager undo(JTextComponent field) {
+    UndoManager typed = new UndoManager();
+    typed.setLimit(-1);
+    field.getDocument().addUndoableEditListener(typed);
+    for (String key : new String[] {"ctrl Z", "ctrl Y", "ctrl shift Z"}) {
+      field.getInputMap().put(KeyStroke.getKeyStroke(key), key);
+      field.getActionMap().put(key, new AbstractAction() {
+        private static final long serialVersionUID = 1;
+
+        @Override
+        public boolean isEnabled() {
+          return typed.canUndoOrRedo();
+        }
+
+        @Override
+        public void actionPerformed(ActionEvent event) {
+          if (key.equals("ctrl Z") && typed.canUndo()) {
+            typed.undo();
+          } else if (!key.equals("ctrl Z") && typed.canRedo()) {
+            typed.redo();
+          }
+        }
+      });
+    }
+    return typed;
   }
 
   /** Tells when a component comes to be seen, and when it goes. */

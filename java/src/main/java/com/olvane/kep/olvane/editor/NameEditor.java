@@ -10,6 +10,7 @@ import javax.swing.DefaultCellEditor;
 import javax.swing.JTextField;
 import javax.swing.JTree;
 import javax.swing.SwingUtilities;
+import javax.swing.undo.UndoManager;
 
 /** Edits a member's name in the tree; one that is not allowed is marked while it is typed. */
 final class NameEditor extends DefaultCellEditor {
@@ -17,6 +18,7 @@ final class NameEditor extends DefaultCellEditor {
 
   private final OutlineTree tree;
   private final JTextField field = (JTextField) editorComponent;
+  private final transient UndoManager typed = Listen.undo(field);
 
   NameEditor(OutlineTree tree) {
     super(new JTextField());
@@ -64,6 +66,7 @@ final class NameEditor extends DefaultCellEditor {
       JTree edited, Object value, boolean selected, boolean expanded, boolean leaf, int row) {
     field.setFont(edited.getFont());
     field.setText(value.toString());
+    typed.discardAllEdits();
     check();
     fit();
     SwingUtilities.invokeLater(() -> {

@@ -14,6 +14,7 @@ import javax.swing.JScrollPane;
 import javax.swing.JTextField;
 import javax.swing.plaf.ColorUIResource;
 import javax.swing.text.JTextComponent;
+import javax.swing.undo.UndoManager;
 
 /**
  * A row on the screen. What is typed becomes an edit when the field is left or Enter is pressed
@@ -26,6 +27,7 @@ final class RowField {
   /** Where the value is typed or chosen: one of them, the other is null. */
   private final JTextComponent text;
   private final JComboBox<String> box;
+  private UndoManager typed;
   private Row row;
   private List<String> choices;
   /** What was given to the outline last. */
@@ -48,6 +50,7 @@ final class RowField {
       return;
     }
     text.setEditable(editable);
+    typed = Listen.undo(text);
     Listen.onChange(text,
         () -> markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null));
     text.addFocusListener(new FocusAdapter() {
@@ -103,14 +106,18 @@ final class RowField {
 
   private void set(String value) {
     committed = value;
-    if (!isTyped()) {
-      return;
-    }
-    if (text == null) {
+    if (isTyped() && text == null) {
       box.setSelectedItem(value);
-    } else {
+    } else if (isTyped()) {
       text.setText(value);
       text.setCaretPosition(0);
+    }
+    forgetTyping();
+  }
+
+  private void forgetTyping() {
+    if (typed != null) {
+      typed.discardAllEdits();
     }
   }
 
@@ -163,6 +170,7 @@ final class RowField {
     String value = get();
     if (isTyped() && !value.equals(refused) && row.refusal.apply(value) == null) {
       committed = value;
+      forgetTyping();
       row.set.accept(value);
     }
   }

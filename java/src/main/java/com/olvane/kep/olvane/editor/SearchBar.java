@@ -53,6 +53,7 @@ final class SearchBar {
     panel.add(cancel);
     panel.add(where);
     Listen.onChange(field, typing::restart);
+    Listen.undo(field);
     Listen.onKey(field, "ENTER", () -> {
       if (typing.isRunning()) {
         start();
