@@ -116,10 +116,25 @@ public class WindowLifeTest {
     user.key("END");
     user.waitFor("the last one to be selected", () -> open.workspace.selection().size() == 1
         && open.workspace.selection().get(0).name().equals("Member " + (WIDE - 1)));
+    user.key("shift UP");
+    user.waitFor("two", () -> open.workspace.selection().size() == 2);
     user.key("DELETE");
-    user.waitFor("one less", () -> lastRow().equals("Member " + (WIDE - 2)));
+    open.press(user, "Delete");
+    user.waitFor("two less", () -> lastRow().equals("Member " + (WIDE - 3)));
+    user.waitFor("their parent, once", () -> selected().equals("Product")
+        && open.workspace.selection().size() == 1);
+    clickTree();
     user.key("ctrl Z");
-    user.waitFor("it to be back", () -> lastRow().equals("Member " + (WIDE - 1)));
+    user.waitFor("them to be back", () -> lastRow().equals("Member " + (WIDE - 1)));
+
+    clickTree();
+    user.key("HOME");
+    user.key("DOWN");
+    user.key("shift END");
+    user.key("DELETE");
+    assertThat(dialogText("Delete "), containsString("Delete 10,000 members?"));
+    open.press(user, "Cancel");
+    clickTree();
 
     user.key("ctrl F");
     user.type("member 5678");
@@ -136,6 +151,12 @@ public class WindowLifeTest {
     user.waitFor("the selection out of view", () -> !isSelectionInView());
     user.key("ctrl J");
     user.waitFor("the selection in view again", this::isSelectionInView);
+  }
+
+  /** Brings the keyboard back after a dialog: nobody manages the windows here. */
+  private void clickTree() {
+    user.click(open.tree, RobotUser.onEventThread(open.tree::getVisibleRect));
+    user.waitFor("the keyboard in the tree", () -> open.tree.isFocusOwner());
   }
 
   private boolean isSelectionInView() {

@@ -7,6 +7,8 @@ import java.awt.KeyboardFocusManager;
 import java.awt.Toolkit;
 import java.awt.event.WindowAdapter;
 import java.awt.event.WindowEvent;
+import java.util.HashSet;
+import java.util.Set;
 import javax.swing.BorderFactory;
 import javax.swing.JComponent;
 import javax.swing.JFrame;
@@ -34,6 +36,8 @@ final class EditorWindow {
   private final StatusLine status;
   final OutlineTree tree;
   private final AutoKeep autoKeep;
+  /** What failed and is being shown. */
+  private final Set<String> said = new HashSet<>();
   /** Whether it is being asked what to do before closing: a key may be held too long. */
   private boolean closing;
 
@@ -50,7 +54,7 @@ final class EditorWindow {
       commands.update();
       setTitle();
     });
-    workspace.failed.hear(failure -> Ask.say(frame, failure));
+    workspace.failed.hear(this::say);
     SearchTask search = new SearchTask(workspace);
     FindingsPane findings = new FindingsPane(workspace);
     new FileCommands(this, findings);
@@ -106,6 +110,15 @@ final class EditorWindow {
     commands.add(menu, "Redo", "ctrl Y", "Do the edit again", workspace::redo)
         .when(() -> history.toRedo() != null);
     menu.addSeparator();
+  }
+
+  /** Shows what failed, once: the same may come again while it is read. */
+  private void say(Exception failure) {
+    String sentence = String.valueOf(failure.getMessage());
+    if (said.add(sentence)) {
+      Ask.say(frame, failure);
+      said.remove(sentence);
+    }
   }
 
   private boolean isBesideTree() {

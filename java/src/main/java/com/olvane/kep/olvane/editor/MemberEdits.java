@@ -27,8 +27,8 @@ final class MemberEdits {
 
   /** "Delete Cola", "Delete 3 members". */
   static String title(String verb, List<Member> members) {
-    return verb + " "
-        + (members.size() == 1 ? members.get(0).name() : members.size() + " members");
+    return verb + " " + (members.size() == 1 ? members.get(0).name()
+        : String.format("%,d members", members.size()));
   }
 
   private static Edit each(String title, List<Member> members, Function<Ref, Edit.Step> step) {

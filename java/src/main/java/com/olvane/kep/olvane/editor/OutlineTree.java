@@ -54,8 +54,7 @@ final class OutlineTree extends JTree {
   OutlineTree(Workspace workspace) {
     this.workspace = workspace;
     this.model = new PagedTreeModel(workspace, this::arrived,
-        node -> selectedHandles.contains(node.handle())
-            || node.childCount > 0 && isExpanded(node.path()),
+        node -> isPathSelected(node.path()) || node.childCount > 0 && isExpanded(node.path()),
         (member, name) -> renamed.accept(member, name));
     setModel(model);
     setName("outline");
@@ -109,8 +108,11 @@ final class OutlineTree extends JTree {
     }
     selectedHandles.clear();
     List<Member> members = new ArrayList<>();
+    List<MemberNode> unread = new ArrayList<>();
     for (MemberNode node : selectedNodes()) {
-      if (node.member != null) {
+      if (node.member == null) {
+        unread.add(node);
+      } else {
         members.add(node.member);
         selectedHandles.add(node.handle());
       }
@@ -118,6 +120,17 @@ final class OutlineTree extends JTree {
     adjusting++;
     workspace.select(members);
     adjusting--;
+    model.read(unread);
+  }
+
+  /** Does something with the members that are selected when all of them have been read. */
+  void whenRead(Runnable then) {
+    if (selectedHandles.size() == getSelectionCount()) {
+      then.run();
+    } else {
+      // Behind the reading that their selection has begun.
+      workspace.read(() -> true, read -> then.run());
+    }
   }
 
   /** The nodes that are selected, from top to bottom. */
@@ -214,6 +227,7 @@ final class OutlineTree extends JTree {
       return super.getPathBetweenRows(first, last);
     }
     getToolkit().beep();
+    complaint.accept(String.format("At most %,d members can be selected at once.", SELECTABLE));
     return first <= last
         ? super.getPathBetweenRows(from, from + SELECTABLE - 1)
         : super.getPathBetweenRows(to - SELECTABLE + 1, to);

@@ -5,15 +5,19 @@ import com.olvane.kep.olvane.outline.Member;
 import java.util.ArrayDeque;
 import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.Collection;
 import java.util.Collections;
 import java.util.Deque;
 import java.util.HashMap;
 import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
+import java.util.Objects;
 import java.util.Set;
 import java.util.function.BiConsumer;
 import java.util.function.Predicate;
+import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 import javax.swing.event.TreeModelEvent;
 import javax.swing.event.TreeModelListener;
 import javax.swing.tree.TreeModel;
@@ -145,24 +149,45 @@ final class PagedTreeModel implements TreeModel {
       return;
     }
     MemberNode.Page page = underWay;
-    Member parent = page.parent.member;
+    read(Collections.singletonList(page), this::readNext);
+  }
+
+  /** Reads the members of nodes that have none yet. */
+  void read(Collection<MemberNode> nodes) {
+    List<MemberNode.Page> pages = nodes.stream().filter(node -> node.parent.member != null)
+        .map(node -> node.parent.pages.get(node.index / MemberNode.Page.SIZE)).distinct()
+        .filter(Objects::nonNull).collect(Collectors.toList());
+    if (!pages.isEmpty()) {
+      read(pages, () -> {});
+    }
+  }
+
+  private void read(List<MemberNode.Page> pages, Runnable then) {
+    List<Member> parents =
+        pages.stream().map(page -> page.parent.member).collect(Collectors.toList());
     Details wanted = details;
-    workspace.read(() -> {
-      try {
-        return workspace.outline.page(parent, (long) page.number * MemberNode.Page.SIZE,
-            MemberNode.Page.SIZE, wanted).members();
-      } catch (RuntimeException e) {
-        // The parent was deleted meanwhile, and the tree hears of it.
-        return Collections.<Member>emptyList();
-      }
-    }, members -> {
-      if (used.contains(page)) {
-        fill(page.parent, page.number, members);
-        forget();
-        arrived.run();
-      }
-      readNext();
-    });
+    workspace.read(() -> IntStream.range(0, pages.size())
+        .mapToObj(i -> members(parents.get(i), pages.get(i).number, wanted))
+        .collect(Collectors.toList()), found -> {
+          for (int i = 0; i < found.size(); i++) {
+            if (used.contains(pages.get(i))) {
+              fill(pages.get(i).parent, pages.get(i).number, found.get(i));
+            }
+          }
+          forget();
+          arrived.run();
+          then.run();
+        });
+  }
+
+  private List<Member> members(Member parent, int page, Details wanted) {
+    try {
+      return workspace.outline.page(parent, (long) page * MemberNode.Page.SIZE,
+          MemberNode.Page.SIZE, wanted).members();
+    } catch (RuntimeException e) {
+      // The parent was deleted meanwhile, and the tree hears of it.
+      return Collections.emptyList();
+    }
   }
 
   /** Gives the nodes of a page their members. */

@@ -49,7 +49,7 @@ final class TreeCommands {
   }
 
   private Commands.Command add(String name, String keys, String description, Runnable run) {
-    return window.commands.add(menu, name, keys, description, run).onTree()
+    return window.commands.add(menu, name, keys, description, () -> tree.whenRead(run)).onTree()
         .when(() -> !workspace.selection().isEmpty() && workspace.isEditable());
   }
 
@@ -168,8 +168,9 @@ final class TreeCommands {
   private void delete() {
     List<Member> members = chosen();
     workspace.read(() -> MemberEdits.count(workspace.outline, members), count -> {
-      if (count == members.size() || Ask.confirm(window.frame, String.format("%s with %,d below?",
-          MemberEdits.title("Delete", members), count - members.size()), "Delete")) {
+      long below = count - members.size();
+      if (count == 1 || Ask.confirm(window.frame, MemberEdits.title("Delete", members)
+          + (below == 0 ? "?" : String.format(" with %,d below?", below)), "Delete")) {
         workspace.edit(MemberEdits.delete(members));
       }
     });

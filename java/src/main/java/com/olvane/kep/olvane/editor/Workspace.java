@@ -199,11 +199,9 @@ final class Workspace {
   /** What is selected after an edit: what it names, else what was and still is there. */
   private List<Member> selectionAfter(OutlineChange change) {
     List<Member> after = new ArrayList<>();
-    for (Ref ref : change.selection) {
-      if (ref.handle != 0) {
-        after.add(context.member(ref));
-      }
-    }
+    // Each once: members that went may have had the same parent.
+    change.selection.stream().mapToInt(ref -> ref.handle).distinct().filter(handle -> handle != 0)
+        .forEach(handle -> after.add(context.member(handle, Details.NONE)));
     if (after.isEmpty()) {
       for (Member member : selection) {
         try {
