@@ -13,6 +13,7 @@ import java.awt.RenderingHints;
 import java.awt.geom.Path2D;
 import java.awt.geom.RoundRectangle2D;
 import javax.swing.AbstractButton;
+import javax.swing.BorderFactory;
 import javax.swing.ButtonModel;
 import javax.swing.Icon;
 import javax.swing.JButton;
@@ -23,9 +24,11 @@ import javax.swing.plaf.ComponentUI;
 import javax.swing.plaf.UIResource;
 import javax.swing.plaf.basic.BasicButtonUI;
 import javax.swing.plaf.basic.BasicComboBoxUI;
+import javax.swing.plaf.basic.BasicComboPopup;
 import javax.swing.plaf.basic.BasicGraphicsUtils;
 import javax.swing.plaf.basic.BasicScrollBarUI;
 import javax.swing.plaf.basic.BasicTabbedPaneUI;
+import javax.swing.plaf.basic.ComboPopup;
 
 /** The looks of what is more than a colour and a border, drawn so that it is sharp at any scale. */
 final class Flat {
@@ -198,7 +201,7 @@ final class Flat {
     }
   }
 
-  /** A box with a list: no raised button, rows with room. */
+  /** A box with a list: no raised button, rows with room and as wide as what they say. */
   public static final class ComboBox extends BasicComboBoxUI {
     /** Makes the look of one box. */
     public static ComponentUI createUI(JComponent box) {
@@ -212,6 +215,21 @@ final class Flat {
       button.setContentAreaFilled(false);
       button.setFocusable(false);
       return button;
+    }
+
+    @Override
+    protected ComboPopup createPopup() {
+      BasicComboPopup popup = new BasicComboPopup(comboBox) {
+        private static final long serialVersionUID = 1;
+
+        @Override
+        protected Rectangle computePopupBounds(int x, int y, int width, int height) {
+          return super.computePopupBounds(
+              x, y, Math.max(width, list.getPreferredSize().width + 20), height);
+        }
+      };
+      popup.setBorder(BorderFactory.createLineBorder(Theme.palette().border));
+      return popup;
     }
 
     @Override

@@ -195,7 +195,7 @@ final class RowField {
     field.getAccessibleContext().setAccessibleDescription(reason);
     field.repaint();
     complaint.setText(reason == null ? " " : reason);
-    complaint.setForeground(Theme.palette().error);
+    complaint.setForeground(new ColorUIResource(Theme.palette().error));
     complaint.setVisible(reason != null);
   }
 }

@@ -86,7 +86,7 @@ final class RowsPane extends JPanel {
     title.setFont(title.getFont().deriveFont(Font.BOLD, 16f));
     remark.setEnabled(false);
     JScrollPane scroll = new JScrollPane(form);
-    scroll.setBorder(null);
+    scroll.setBorder(Theme.space(0, 0));
     scroll.getVerticalScrollBar().setUnitIncrement(16);
     add(scroll);
     workspace.selected.hear(this::selected);
