@@ -33,12 +33,12 @@ public class PictureTest {
   private final Map<String, Integer> places = new HashMap<>();
 
   private Picture picture() {
-    Picture picture = new Picture();
+    Picture picture = new Picture(null);
     for (Member dimension : sample.outline.dimensions()) {
       try (Stream<Member> all = sample.outline.subtree(dimension, Details.NONE)) {
         all.forEach(member -> {
           places.put(member.name(), picture.count);
-          picture.add(member, 0);
+          picture.add(member);
         });
       }
     }
@@ -99,6 +99,7 @@ public class PictureTest {
       keys.put(sample.outline.read(new int[] {picture.handles[block.first]}, Details.NONE).get(0)
           .name(), block.key);
     }
+    assertEquals(1, picture.marked);
     assertEquals(2, (byte) keys.get("Tea"));
     assertEquals(1, (byte) keys.get("Drinks"));
     assertEquals(1, (byte) keys.get("Product"));
@@ -112,7 +113,7 @@ public class PictureTest {
     Picture picture = picture();
     PictureView view = new PictureView();
     view.setSize(600, 400);
-    view.show(picture, PictureView.Colours.GENERATIONS);
+    view.show(picture);
     view.names.putAll(places.entrySet().stream().collect(
         Collectors.toMap(e -> picture.handles[e.getValue()], Map.Entry::getKey)));
     Path folder = Settings.newFolder();

@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.outline.Attribute;
 import com.olvane.kep.olvane.outline.Member;
 import java.util.ArrayList;
 import java.util.Arrays;
@@ -44,11 +45,22 @@ final class Picture {
   int[] sizes = {};
   private int[] leaves = {};
   private byte[] keys = new byte[1024];
+  /** The attribute dimension that gives the colours, null for none, and what it gives. */
+  final String attribute;
+  final List<String> attributes = new ArrayList<>();
+  final List<String> attributeDimensions = new ArrayList<>();
+  /** The number of members with findings, -1 where findings do not give the colours. */
+  int marked = -1;
   /** The last member so far of each generation. */
   private int[] path = new int[16];
 
-  /** Adds the next member in pre-order, with what tells its colour. */
-  void add(Member member, int key) {
+  /** Begins a picture; {@code attribute} is the dimension that gives the colours, or null. */
+  Picture(String attribute) {
+    this.attribute = attribute;
+  }
+
+  /** Adds the next member in pre-order, read with its attributes where they give the colours. */
+  void add(Member member) {
     if (count == handles.length) {
       handles = Arrays.copyOf(handles, 2 * count);
       parents = Arrays.copyOf(parents, 2 * count);
@@ -60,8 +72,20 @@ final class Picture {
     }
     path[generation] = count;
     parents[count] = generation <= 1 ? -1 : path[generation - 1];
-    keys[count] = (byte) key;
+    keys[count] = (byte) (attribute == null || member.isDimension() ? 0 : number(member));
     handles[count++] = member.handle();
+  }
+
+  private int number(Member member) {
+    for (Attribute one : member.attributes()) {
+      if (one.dimension().equals(attribute)) {
+        if (!attributes.contains(one.name()) && attributes.size() < Byte.MAX_VALUE - 1) {
+          attributes.add(one.name());
+        }
+        return 1 + attributes.indexOf(one.name());
+      }
+    }
+    return 0;
   }
 
   /** Measures the subtrees, when all members have been added. */
@@ -79,9 +103,13 @@ final class Picture {
   }
 
   /** Makes members stand out whose handles are marked with 2, and with 1 what they are below. */
-  void mark(Set<Integer> marked) {
+  void mark(Set<Integer> found) {
+    marked = 0;
     for (int i = count - 1; i >= 0; i--) {
-      keys[i] = marked.contains(handles[i]) ? 2 : keys[i];
+      if (found.contains(handles[i])) {
+        keys[i] = 2;
+        marked++;
+      }
       if (parents[i] >= 0 && keys[i] > 0) {
         keys[parents[i]] = (byte) Math.max(1, keys[parents[i]]);
       }

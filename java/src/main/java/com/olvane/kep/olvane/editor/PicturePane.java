@@ -1,20 +1,16 @@
 package com.olvane.kep.olvane.editor;
 
-import com.olvane.kep.olvane.outline.Attribute;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Finding;
 import com.olvane.kep.olvane.outline.Member;
-import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.io.File;
 import java.io.IOException;
-import java.util.ArrayList;
-import java.util.ConcurrentModificationException;
+import java.util.Collections;
 import java.util.HashMap;
-import java.util.Iterator;
 import java.util.List;
 import java.util.Map;
 import java.util.function.IntUnaryOperator;
@@ -29,8 +25,8 @@ import javax.swing.Timer;
 import net.miginfocom.swing.MigLayout;
 
 /**
- * The outline as a picture beside the tree. The members are read in steps between which others can
- * read, and anew a moment after an edit, while the picture is seen.
+ * The outline as a picture beside the tree. The members are read anew a moment after an edit, while
+ * the picture is seen.
  */
 final class PicturePane extends JPanel {
   private static final long serialVersionUID = 1;
@@ -47,7 +43,7 @@ final class PicturePane extends JPanel {
   private final JLabel legend = new JLabel(" ");
   private final Timer pause = new Timer(400, event -> read());
   private boolean stale = true;
-  private transient volatile Reading reading;
+  private int asked;
 
   PicturePane(Workspace workspace) {
     super(new MigLayout("insets 8 0 0 0, fill, hidemode 3",
@@ -122,119 +118,67 @@ final class PicturePane extends JPanel {
 
   // ---- Reading ----
 
-  /** A picture that is being read, a step at a time. */
-  private static final class Reading {
-    final Picture picture = new Picture();
-    /** The attribute dimension that gives the colours, null for none, and what it gives. */
-    final String attribute;
-    final List<String> numbers = new ArrayList<>();
-    final List<String> attributeDimensions = new ArrayList<>();
-    private Iterator<Member> dimensions;
-    private Stream<Member> stream = Stream.empty();
-    private Iterator<Member> members = stream.iterator();
-
-    Reading(String attribute) {
-      this.attribute = attribute;
-    }
-
-    /** Reads on; whether there is more. */
-    boolean next(Outline outline) {
-      if (dimensions == null) {
-        List<Member> all = outline.dimensions();
-        all.stream().filter(one -> one.category() == DimensionCategory.ATTRIBUTE)
-            .forEach(one -> attributeDimensions.add(one.name()));
-        dimensions = all.iterator();
-      }
-      for (int i = 0; i < STEP; i++) {
-        while (!members.hasNext()) {
-          if (!dimensions.hasNext()) {
-            picture.finish();
-            return false;
-          }
-          stream = outline.subtree(dimensions.next(),
-              attribute == null ? Details.NONE : Details.NONE.attributes());
-          members = stream.iterator();
-        }
-        Member member = members.next();
-        picture.add(member, attribute == null ? 0 : number(member));
-      }
-      return true;
-    }
-
-    private int number(Member member) {
-      for (Attribute one : member.attributes()) {
-        if (one.dimension().equals(attribute) && !member.isDimension()) {
-          if (!numbers.contains(one.name()) && numbers.size() < Byte.MAX_VALUE - 1) {
-            numbers.add(one.name());
-          }
-          return 1 + numbers.indexOf(one.name());
-        }
-      }
-      return 0;
-    }
-  }
-
   private void read() {
-    if (isShowing()) {
-      stale = false;
-      Object by = colour.getSelectedItem();
-      reading =
-          new Reading(by.equals(GENERATION) || by.equals(FINDING) ? null : by.toString());
-      legend.setText("Reading the outline \u2026");
-      readOn(reading);
+    if (!isShowing()) {
+      return;
     }
-  }
-
-  private void readOn(Reading begun) {
-    workspace.read(() -> {
-      try {
-        if (begun == reading) {
-          return begun.next(workspace.outline);
-        }
-      } catch (ConcurrentModificationException e) {
-        // Edited in between; the edit has it read anew.
+    stale = false;
+    int number = ++asked;
+    Object by = colour.getSelectedItem();
+    legend.setText("Reading the outline \u2026");
+    workspace.run("Reading the outline for its picture", progress -> {
+      Picture picture =
+          new Picture(by.equals(GENERATION) || by.equals(FINDING) ? null : by.toString());
+      workspace.outline.dimensions().forEach(one -> read(picture, one, progress));
+      picture.finish();
+      if (by.equals(FINDING)) {
+        picture.mark(workspace.outline.verify().stream().map(Finding::handle)
+            .collect(Collectors.toSet()));
       }
-      begun.stream.close();
-      return null;
-    }, more -> {
-      if (begun != reading || more == null) {
-        return;
-      }
-      if (more) {
-        readOn(begun);
-      } else if (colour.getSelectedItem().equals(FINDING)) {
-        workspace.run("Verifying", () -> workspace.outline.verify(), found -> {
-          begun.picture.mark(
-              found.stream().map(Finding::handle).collect(Collectors.toSet()));
-          show(begun, PictureView.Colours.FINDINGS, String.format(
-              "%,d findings in red; what lies above them is pale", found.size()));
-        });
-      } else {
-        show(begun, begun.attribute == null ? PictureView.Colours.GENERATIONS
-            : PictureView.Colours.ATTRIBUTES,
-            String.format("%,d members, a column a generation", begun.picture.count));
+      return picture;
+    }, picture -> {
+      if (number == asked) {
+        show(picture);
       }
     });
   }
 
-  private void show(Reading read, PictureView.Colours colours, String sentence) {
+  private void read(Picture picture, Member dimension, EditContext.Progress progress) {
+    Details details = picture.attribute == null ? Details.NONE : Details.NONE.attributes();
+    if (dimension.category() == DimensionCategory.ATTRIBUTE) {
+      picture.attributeDimensions.add(dimension.name());
+    }
+    try (Stream<Member> all = workspace.outline.subtree(dimension, details)) {
+      all.forEach(member -> {
+        picture.add(member);
+        if (picture.count % STEP == 0) {
+          progress.at(picture.count, workspace.members());
+        }
+      });
+    }
+  }
+
+  private void show(Picture picture) {
     DefaultComboBoxModel<String> offered =
         new DefaultComboBoxModel<>(new String[] {GENERATION, FINDING});
-    read.attributeDimensions.forEach(offered::addElement);
+    picture.attributeDimensions.forEach(offered::addElement);
     if (offered.getIndexOf(colour.getSelectedItem()) >= 0) {
       offered.setSelectedItem(colour.getSelectedItem());
     }
     colour.setModel(offered);
     view.names.clear();
-    view.show(read.picture, colours);
+    view.show(picture);
     up.setEnabled(view.root >= 0);
     mark(workspace.selection());
     StringBuilder attributes = new StringBuilder("<html><nobr>");
-    for (int i = 0; i < Math.min(MOST_IN_LEGEND, read.numbers.size()); i++) {
-      attributes.append(String.format("<font color='#%06x'>\u25a0</font> %s &nbsp; ",
-          view.legend(i + 1).getRGB() & 0xffffff, PictureView.escaped(read.numbers.get(i))));
-    }
-    legend.setText(read.attribute == null ? sentence : attributes.toString());
+    picture.attributes.stream().limit(MOST_IN_LEGEND).forEach(name ->
+        attributes.append(String.format("<font color='#%06x'>\u25a0</font> %s &nbsp; ",
+            view.legend(1 + picture.attributes.indexOf(name)).getRGB() & 0xffffff,
+            PictureView.escaped(name))));
+    legend.setText(picture.attribute != null ? attributes.toString()
+        : picture.marked >= 0 ? String.format(
+            "%,d members with findings in red; what lies above them is pale", picture.marked)
+        : String.format("%,d members, a column a generation", picture.count));
   }
 
   private void readNames() {

@@ -27,17 +27,13 @@ final class PictureView extends JPanel {
   private static final int MOST_COLUMNS = 12;
   private static final int LABEL_HEIGHT = 14;
 
-  /** What the colours stand for. */
-  enum Colours { GENERATIONS, ATTRIBUTES, FINDINGS }
-
-  transient Picture picture = new Picture();
+  transient Picture picture = new Picture(null);
   /** The names of members by their handles, as far as they are known. */
   final transient Map<Integer, String> names = new HashMap<>();
   /** The member whose subtree is shown, -1 for the whole outline; and the one that is marked. */
   int root = -1;
   int selected = -1;
   private transient List<Picture.Block> blocks = Collections.emptyList();
-  private Colours colours = Colours.GENERATIONS;
   private boolean byLeaves;
   private int columns = 1;
 
@@ -48,10 +44,9 @@ final class PictureView extends JPanel {
   }
 
   /** Shows a picture. */
-  void show(Picture shown, Colours by) {
+  void show(Picture shown) {
     int handle = root < 0 ? 0 : picture.handles[root];
     picture = shown;
-    colours = by;
     zoom(handle == 0 ? -1 : shown.find(handle));
   }
 
@@ -109,16 +104,16 @@ final class PictureView extends JPanel {
   private Color colour(Picture.Block block) {
     Palette palette = Theme.palette();
     boolean dark = palette == Palette.DARK;
-    int number = colours == Colours.GENERATIONS ? block.column : block.key;
-    if (colours == Colours.FINDINGS) {
-      return number == 2 ? palette.error : number == 1 ? mix(palette.error, palette.raised)
-          : palette.raised;
+    if (picture.marked >= 0) {
+      return block.key == 2 ? palette.error
+          : block.key == 1 ? mix(palette.error, palette.raised) : palette.raised;
     }
-    if (colours == Colours.ATTRIBUTES && number == 0) {
+    boolean byAttribute = picture.attribute != null;
+    if (byAttribute && block.key == 0) {
       return palette.raised;
     }
-    float hue = (0.58f + number * (colours == Colours.GENERATIONS ? 0.09f : 0.382f)) % 1;
-    return Color.getHSBColor(hue, dark ? 0.5f : 0.28f, dark ? 0.42f : 0.95f);
+    float hue = 0.58f + (byAttribute ? 0.382f * block.key : 0.09f * block.column);
+    return Color.getHSBColor(hue % 1, dark ? 0.5f : 0.28f, dark ? 0.42f : 0.95f);
   }
 
   private static Color mix(Color one, Color other) {
@@ -132,7 +127,7 @@ final class PictureView extends JPanel {
   }
 
   private Color textColour(Picture.Block block) {
-    return colours == Colours.FINDINGS && block.key == 2
+    return picture.marked >= 0 && block.key == 2
         ? Theme.palette().content : Theme.palette().text;
   }
 

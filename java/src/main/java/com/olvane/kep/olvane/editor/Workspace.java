@@ -11,6 +11,7 @@ import java.util.List;
 import java.util.concurrent.Callable;
 import java.util.concurrent.CancellationException;
 import java.util.function.Consumer;
+import java.util.function.Function;
 import javax.swing.SwingUtilities;
 
 /**
@@ -131,6 +132,20 @@ final class Workspace {
     start(new Busy(title, false), handOver(task, then));
   }
 
+  /** The same for a task that tells how far it is, when readers are let in. */
+  <T> void run(String title, Function<EditContext.Progress, T> task, Consumer<T> then) {
+    Busy running = new Busy(title, false);
+    start(running, handOver(() -> task.apply(progress(running)), then));
+  }
+
+  private EditContext.Progress progress(Busy running) {
+    return (done, total) -> {
+      boolean goOn = running.at(done, total);
+      work.letReadersIn();
+      return goOn;
+    };
+  }
+
   private void start(Busy running, Task task) {
     work.write(() -> {
       SwingUtilities.invokeLater(() -> busy.tell(running));
@@ -175,11 +190,7 @@ final class Workspace {
   private void change(String title, boolean canCancel, Task task, Runnable then) {
     Busy running = new Busy(title, canCancel);
     start(running, () -> {
-      context.begin((done, total) -> {
-        boolean goOn = running.at(done, total);
-        work.letReadersIn();
-        return goOn;
-      });
+      context.begin(progress(running));
       try {
         task.run();
       } finally {
