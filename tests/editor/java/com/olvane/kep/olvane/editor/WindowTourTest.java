@@ -11,6 +11,7 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Place;
 import java.awt.Rectangle;
 import java.awt.event.KeyEvent;
+import javax.swing.JButton;
 import javax.swing.JLabel;
 import javax.swing.JTable;
 import javax.swing.JTextField;
@@ -70,6 +71,16 @@ public class WindowTourTest {
     user.key("alt DOWN");
     open.expect(user, "Product(B D A C)");
     user.key("ctrl Z");
+    user.key("DELETE");
+    JButton cancel = user.find(JButton.class, "the question", one -> "Cancel".equals(one.getText()));
+    user.waitFor("the keyboard in the dialog",
+        () -> SwingUtilities.getWindowAncestor(cancel).getFocusOwner() != null);
+    user.key("RIGHT");
+    user.waitFor("the keyboard at the other answer", cancel::isFocusOwner);
+    user.key("ENTER");
+    user.waitFor("the question to be gone", () -> !cancel.isShowing());
+    assertEquals("Product(A B C D)", open.shown());
+    user.click(open.tree, user.row(open.tree, "A"));
     user.key("ctrl 1");
     user.waitFor("all closed", () -> open.tree.getRowCount() == 1);
     user.key("ctrl 2");

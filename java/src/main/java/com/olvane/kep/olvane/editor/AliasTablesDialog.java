@@ -8,7 +8,6 @@ import java.util.List;
 import java.util.function.Consumer;
 import java.util.function.Function;
 import javax.swing.JButton;
-import javax.swing.JOptionPane;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import net.miginfocom.swing.MigLayout;
@@ -85,7 +84,7 @@ final class AliasTablesDialog {
   }
 
   private void confirmed(String question, String verb, Edit edit, String select) {
-    if (Prompt.choose(form, TITLE, question + "\nIt can be undone.", verb, "Cancel") == 0) {
+    if (Ask.confirm(form, question + "\nIt can be undone.", verb)) {
       edit(edit, select);
     }
   }
@@ -142,8 +141,7 @@ final class AliasTablesDialog {
       workspace.run("Exporting " + table, () -> {
         workspace.outline.aliasTables().exportTo(table, file.toPath());
         return file;
-      }, written -> JOptionPane.showMessageDialog(form, table + " is now in " + written + ".",
-          title, JOptionPane.INFORMATION_MESSAGE));
+      }, written -> Ask.say(form, table + " is now in " + written + "."));
     }
   }
 }

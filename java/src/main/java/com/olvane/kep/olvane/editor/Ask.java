@@ -1,17 +1,25 @@
 package com.olvane.kep.olvane.editor;
 
+import java.awt.AWTKeyStroke;
 import java.awt.Component;
+import java.awt.KeyboardFocusManager;
+import java.util.Arrays;
+import java.util.Set;
+import java.util.stream.Collectors;
+import javax.swing.JDialog;
 import javax.swing.JOptionPane;
 
 /** Sentences and questions in dialogs of their own. */
 final class Ask {
   static final String TITLE = "Outline Editor";
+  /** So many characters at most are in a line. */
+  private static final int LINE = 72;
 
   private Ask() {}
 
   /** Shows a sentence. */
   static void say(Component parent, String sentence) {
-    JOptionPane.showMessageDialog(parent, sentence, TITLE, JOptionPane.WARNING_MESSAGE);
+    choose(parent, sentence, "OK");
   }
 
   /** Shows what failed. */
@@ -21,8 +29,26 @@ final class Ask {
 
   /** Asks; gives the number of the answer, the first being the default, negative for none. */
   static int choose(Component parent, String question, Object... answers) {
-    return JOptionPane.showOptionDialog(parent, question, TITLE, JOptionPane.DEFAULT_OPTION,
-        JOptionPane.QUESTION_MESSAGE, null, answers, answers[0]);
+    JOptionPane pane = new JOptionPane(question, JOptionPane.PLAIN_MESSAGE,
+        JOptionPane.DEFAULT_OPTION, null, answers, answers[0]) {
+      private static final long serialVersionUID = 1;
+
+      @Override
+      public int getMaxCharactersPerLineCount() {
+        return LINE;
+      }
+    };
+    pane.setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, keys("TAB", "RIGHT"));
+    pane.setFocusTraversalKeys(
+        KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, keys("shift TAB", "LEFT"));
+    JDialog dialog = pane.createDialog(parent, TITLE);
+    dialog.setVisible(true);
+    dialog.dispose();
+    return Arrays.asList(answers).indexOf(pane.getValue());
+  }
+
+  private static Set<AWTKeyStroke> keys(String... keys) {
+    return Arrays.stream(keys).map(AWTKeyStroke::getAWTKeyStroke).collect(Collectors.toSet());
   }
 
   /** Asks whether to do something; {@code yes} is the name of the button that does it. */

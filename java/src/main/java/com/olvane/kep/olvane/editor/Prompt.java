@@ -12,7 +12,6 @@ import javax.swing.JComponent;
 import javax.swing.JDialog;
 import javax.swing.JFileChooser;
 import javax.swing.JLabel;
-import javax.swing.JOptionPane;
 import javax.swing.JPanel;
 import javax.swing.JTextField;
 import javax.swing.KeyStroke;
@@ -85,12 +84,6 @@ final class Prompt {
 
   // ---- What is asked in several places ----
 
-  /** Shows a question with its answers as buttons; which one was pressed, -1 for none. */
-  static int choose(Component parent, String title, String question, Object... answers) {
-    return JOptionPane.showOptionDialog(parent, question, title, JOptionPane.DEFAULT_OPTION,
-        JOptionPane.QUESTION_MESSAGE, null, answers, answers[0]);
-  }
-
   /**
    * Asks for a name, which cannot be one that is refused.
    *
@@ -136,7 +129,7 @@ final class Prompt {
     folder = chooser.getCurrentDirectory();
     File file = chooser.getSelectedFile();
     boolean mayBe = proposed == null || !file.exists()
-        || choose(parent, title, file + " exists. Replace it?", "Replace", "Cancel") == 0;
+        || Ask.confirm(parent, file + " exists. Replace it?", "Replace");
     return mayBe ? file : null;
   }
 }

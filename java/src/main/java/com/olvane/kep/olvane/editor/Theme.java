@@ -172,6 +172,7 @@ final class Theme {
     put(new InsetsUIResource(0, 0, 0, 0), "TabbedPane", ".selectedTabPadInsets");
     put(0, "TabbedPane", ".labelShift .selectedLabelShift");
     put(palette.selection, "TabbedPane", ".focus");
+    put(true, "Button", ".defaultButtonFollowsFocus");
     put(5, "SplitPane", ".dividerSize");
     put(13, "ScrollBar", ".width");
     put(false, "Tree", ".paintLines .drawsFocusBorderAroundIcon");
