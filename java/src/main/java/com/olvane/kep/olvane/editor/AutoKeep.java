@@ -22,6 +22,7 @@ final class AutoKeep {
         pause.restart();
       } else {
         pause.stop();
+        keep();
       }
     });
   }

@@ -9,6 +9,8 @@ import java.time.Instant;
 import java.time.ZoneId;
 import java.time.format.DateTimeFormatter;
 import java.time.format.FormatStyle;
+import java.util.Arrays;
+import java.util.List;
 import java.util.Optional;
 import java.util.function.Consumer;
 
@@ -67,19 +69,23 @@ final class Opening {
   }
 
   private void offerWork() {
-    int answer = Ask.choose(parent,
+    boolean savedSince = stored != null && stored.saved().isAfter(found.saved());
+    // Enter takes the first, which loses nothing.
+    List<String> answers = savedSince ? Arrays.asList("Cancel", "Restore", "Discard")
+        : Arrays.asList("Restore", "Discard", "Cancel");
+    int number = Ask.choose(parent,
         "There is unsaved work on " + application + "." + database + " of "
             + time(found.saved()) + ".\n"
-            + (stored != null && stored.saved().isAfter(found.saved())
-                ? "The outline was saved since, " + time(stored.saved())
+            + (savedSince ? "The outline was saved since, " + time(stored.saved())
                     + "; what is restored knows nothing of that.\n" : "")
             + "Restore it to go on with it; the database keeps what is saved until you save.",
-        "Restore", "Discard", "Cancel");
+        answers.toArray());
+    String answer = number < 0 ? "Cancel" : answers.get(number);
     Editor.inBackground(() -> {
-      if (answer == 0) {
+      if (answer.equals("Restore")) {
         return new Workspace(store, unsaved.open(), outline, found.members());
       }
-      if (answer == 1) {
+      if (answer.equals("Discard")) {
         unsaved.remove();
         return workspace();
       }

@@ -2,7 +2,6 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Store;
-import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.nio.charset.StandardCharsets;
 import java.security.MessageDigest;
@@ -63,14 +62,9 @@ final class UnsavedWork {
 
   /** Removes what was kept, if anything was. */
   void remove() {
-    if (!kept) {
-      return;
-    }
-    try {
+    if (kept) {
       store.localObjects().remove(object);
       kept = false;
-    } catch (StatusException | IllegalStateException e) {
-      // It is open while what was found in it is being edited, and goes when that is closed.
     }
   }
 }

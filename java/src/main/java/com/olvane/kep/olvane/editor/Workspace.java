@@ -260,13 +260,15 @@ final class Workspace {
     });
   }
 
-  /** Keeps unsaved work aside; {@code then} gets the failure or null, on the event thread. */
+  /** Keeps unsaved work aside, or removes what is kept when there is none; {@code then} gets the failure or null, on the event thread. */
   void keepAside(Consumer<Exception> then) {
     work.write(() -> {
       Exception failure = null;
       try {
         if (history.dirty()) {
           unsaved.keep(outline);
+        } else {
+          unsaved.remove();
         }
       } catch (RuntimeException e) {
         failure = e;

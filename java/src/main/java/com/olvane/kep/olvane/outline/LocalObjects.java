@@ -65,14 +65,12 @@ public final class LocalObjects {
   }
 
   /**
-   * Removes a local object.
+   * Removes a local object. An outline that this store has opened from it goes on without it.
    *
    * @param name the name of the object
    * @throws StatusException if there is none, or somebody else has it open
-   * @throws IllegalStateException if this store has it open
    */
   public void remove(String name) {
-    login.whileNotEdited(APPLICATION + "." + name,
-        () -> login.session.deleteDatabase(login.localContext(), APPLICATION, name));
+    login.session.deleteDatabase(login.localContext(), APPLICATION, name);
   }
 }
