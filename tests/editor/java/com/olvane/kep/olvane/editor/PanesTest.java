@@ -1,5 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
+import static org.hamcrest.CoreMatchers.startsWith;
+import static org.hamcrest.MatcherAssert.assertThat;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertNull;
 import static org.junit.Assert.assertTrue;
@@ -109,6 +111,15 @@ public class PanesTest {
     select("Cola");
     choose("Properties Consolidation", 1);
     expect("ADD", "SUBTRACT", outline -> read("Cola").consolidation().name());
+    JComboBox<?> storage = user.find(JComboBox.class, "Properties Storage");
+    Object before = storage.getSelectedItem();
+    storage.requestFocusInWindow();
+    user.waitFor("the keyboard in the choice", storage::isFocusOwner);
+    user.type("shared");
+    assertThat(storage.getSelectedItem().toString(), startsWith("shared"));
+    assertEquals("typed, not taken", 1, open.workspace.history.position());
+    user.key("ESCAPE");
+    assertEquals(before, storage.getSelectedItem());
     type("Aliases French", "\u53ef\u53e3\u53ef\u4e50");
     user.key("ENTER");
     expect("", "\u53ef\u53e3\u53ef\u4e50", outline -> read("Cola").alias("French"));

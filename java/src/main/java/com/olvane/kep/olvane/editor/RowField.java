@@ -4,6 +4,7 @@ import java.awt.Container;
 import java.awt.Font;
 import java.awt.event.FocusAdapter;
 import java.awt.event.FocusEvent;
+import java.awt.event.KeyEvent;
 import java.util.ArrayList;
 import java.util.List;
 import javax.swing.DefaultComboBoxModel;
@@ -39,21 +40,12 @@ final class RowField {
   RowField(Row row, boolean editable) {
     this.row = row;
     text = row.choices == null ? row.field.get() : null;
-    box = row.choices == null ? null : new JComboBox<>();
+    box = row.choices == null ? null : new Box();
     input().setName(row.name());
     input().getAccessibleContext().setAccessibleName(row.name());
     label.setLabelFor(input());
     complaint.setVisible(false);
-    if (text == null) {
-      box.setEnabled(editable);
-      box.addActionListener(event -> flush());
-      return;
-    }
-    text.setEditable(editable);
-    typed = Listen.undo(text);
-    Listen.onChange(text,
-        () -> markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null));
-    text.addFocusListener(new FocusAdapter() {
+    input().addFocusListener(new FocusAdapter() {
       @Override
       public void focusLost(FocusEvent event) {
         if (!event.isTemporary()) {
@@ -61,8 +53,49 @@ final class RowField {
         }
       }
     });
+    if (text == null) {
+      box.setEnabled(editable);
+      return;
+    }
+    text.setEditable(editable);
+    typed = Listen.undo(text);
+    Listen.onChange(text,
+        () -> markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null));
     Listen.onKey(text, "ESCAPE", () -> set(shown()));
     Listen.onKey(text, isLine() ? "ENTER" : "ctrl ENTER", this::flush);
+  }
+
+  /** A choice; letters go to one of its words, which is taken as a text that was typed is. */
+  private final class Box extends JComboBox<String> {
+    private static final long serialVersionUID = 1;
+    private boolean byLetter;
+
+    Box() {
+      addActionListener(event -> {
+        if (!byLetter) {
+          flush();
+        }
+      });
+    }
+
+    @Override
+    public boolean selectWithKeyChar(char letter) {
+      byLetter = true;
+      boolean selected = super.selectWithKeyChar(letter);
+      byLetter = false;
+      return selected;
+    }
+
+    @Override
+    public void processKeyEvent(KeyEvent event) {
+      if (event.getID() == KeyEvent.KEY_PRESSED && event.getKeyCode() == KeyEvent.VK_ESCAPE) {
+        set(shown());
+      } else if (event.getID() == KeyEvent.KEY_PRESSED
+          && event.getKeyCode() == KeyEvent.VK_ENTER && !isPopupVisible()) {
+        flush();
+      }
+      super.processKeyEvent(event);
+    }
   }
 
   private Row row() {
