@@ -83,7 +83,7 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
     add(member.name(), Clip.isCut(member) ? palette.faint : palette.text,
         member.isDimension() ? Font.BOLD : share == Share.SHARED ? Font.ITALIC : Font.PLAIN);
     String table = tree.aliasTable();
-    if (!table.isEmpty() && member.details().aliasTables().contains(table)) {
+    if (member.details().aliasTables().contains(table) && !member.alias(table).isEmpty()) {
       add(member.alias(table), palette.faint, Font.PLAIN);
     }
     if (!member.formula().isEmpty()) {
