@@ -71,7 +71,7 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
     JLabel mark = add(text, color, style);
     mark.setFont(mark.getFont().deriveFont(mark.getFont().getSize2D() * 0.85f));
     mark.setBorder(BorderFactory.createCompoundBorder(
-        BorderFactory.createLineBorder(color, 1, true), BorderFactory.createEmptyBorder(0, 2, 0, 2)));
+        BorderFactory.createLineBorder(color, 1, true), Theme.space(0, 2)));
   }
 
   private void addParts(Member member, Palette palette) {
@@ -80,7 +80,7 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
       add(String.valueOf(member.consolidation().sign()),
           member.consolidation() == Consolidation.ADD ? palette.faint : palette.accent, Font.BOLD);
     }
-    add(member.name(), Clip.isCut(member) ? palette.faint : palette.text,
+    add(member.name(), tree.transfer.isCut(member) ? palette.faint : palette.text,
         member.isDimension() ? Font.BOLD : share == Share.SHARED ? Font.ITALIC : Font.PLAIN);
     String table = tree.aliasTable();
     if (member.details().aliasTables().contains(table) && !member.alias(table).isEmpty()) {

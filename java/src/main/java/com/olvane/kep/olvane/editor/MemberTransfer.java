@@ -1,58 +1,44 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Member;
+import java.awt.Toolkit;
+import java.awt.datatransfer.Clipboard;
+import java.awt.datatransfer.ClipboardOwner;
+import java.awt.datatransfer.StringSelection;
 import java.awt.datatransfer.Transferable;
 import java.util.ArrayList;
+import java.util.Collections;
+import java.util.HashSet;
 import java.util.List;
 import java.util.Set;
 import java.util.stream.Collectors;
 import javax.swing.JComponent;
 import javax.swing.JTree;
-import javax.swing.Timer;
 import javax.swing.TransferHandler;
-import javax.swing.tree.TreePath;
 
-/** Drags members in the tree: on a member to go below it, between two to go there. */
-final class MemberTransfer extends TransferHandler {
+/**
+ * Takes members elsewhere in their outline: over the clipboard, and by dragging them on a member to
+ * go below it or between two to go there. Other programs get their names, one a line.
+ */
+final class MemberTransfer extends TransferHandler implements ClipboardOwner {
   private static final long serialVersionUID = 1;
-  /** A collapsed member opens when the mouse rests on it so long. */
-  private static final int OPEN_AFTER_MILLIS = 700;
 
   private final OutlineTree tree;
   private final transient Workspace workspace;
-  private final Timer opening;
-  private transient TreePath under;
-  /** Whether dimensions are dragged, which only go between dimensions. */
-  private boolean dimensions;
+  private transient List<Member> dragged = Collections.emptyList();
+  private transient List<Member> onClipboard = Collections.emptyList();
+  private boolean cut;
 
   MemberTransfer(OutlineTree tree, Workspace workspace) {
     this.tree = tree;
     this.workspace = workspace;
-    opening = new Timer(OPEN_AFTER_MILLIS, event -> {
-      if (under != null && tree.getDropLocation() != null) {
-        tree.expandPath(under);
-      }
-    });
-    opening.setRepeats(false);
   }
 
-  @Override
-  public int getSourceActions(JComponent component) {
-    return COPY_OR_MOVE;
-  }
-
-  @Override
-  protected Transferable createTransferable(JComponent component) {
-    List<Member> members = topMost(tree.selectedNodes());
-    dimensions = members.stream().anyMatch(Member::isDimension);
-    return members.isEmpty() ? null : new Clip(workspace, members);
-  }
-
-  /** The members of nodes, without those below another of them. */
-  static List<Member> topMost(List<MemberNode> nodes) {
-    Set<MemberNode> chosen = nodes.stream().collect(Collectors.toSet());
+  /** The selected members, without those below another of them. */
+  List<Member> selected() {
+    Set<MemberNode> chosen = new HashSet<>(tree.selectedNodes());
     List<Member> members = new ArrayList<>();
-    for (MemberNode node : nodes) {
+    for (MemberNode node : tree.selectedNodes()) {
       MemberNode above = node.parent;
       while (above != null && !chosen.contains(above)) {
         above = above.parent;
@@ -64,56 +50,102 @@ final class MemberTransfer extends TransferHandler {
     return members;
   }
 
+  private static StringSelection names(List<Member> members) {
+    return new StringSelection(
+        members.stream().map(Member::name).collect(Collectors.joining("\n")));
+  }
+
+  // ---- The clipboard ----
+
+  /** Puts the selected members on the clipboard, to be copied or, once, to be moved. */
+  void put(boolean cutting) {
+    hold(selected(), cutting);
+    Toolkit.getDefaultToolkit().getSystemClipboard().setContents(names(onClipboard), this);
+  }
+
+  private void hold(List<Member> members, boolean cutting) {
+    onClipboard = members;
+    cut = cutting;
+    tree.repaint();
+  }
+
+  @Override
+  public void lostOwnership(Clipboard clipboard, Transferable contents) {
+    hold(Collections.emptyList(), false);
+  }
+
+  /** Whether a member was cut and not pasted yet. */
+  boolean isCut(Member member) {
+    return cut && onClipboard.contains(member);
+  }
+
+  /** Pastes what is on the clipboard; false where no members of this outline are. */
+  boolean paste(Target target) {
+    if (cut) {
+      workspace.edit(MemberEdits.move(onClipboard, target), () -> hold(onClipboard, false));
+    } else if (!onClipboard.isEmpty()) {
+      workspace.edit(MemberEdits.copy(onClipboard, target));
+    }
+    return !onClipboard.isEmpty();
+  }
+
+  // ---- Dragging ----
+
+  @Override
+  public int getSourceActions(JComponent component) {
+    return COPY_OR_MOVE;
+  }
+
+  @Override
+  protected Transferable createTransferable(JComponent component) {
+    dragged = selected();
+    return dragged.isEmpty() ? null : names(dragged);
+  }
+
+  @Override
+  protected void exportDone(JComponent source, Transferable data, int action) {
+    dragged = Collections.emptyList();
+  }
+
   @Override
   public boolean canImport(TransferSupport support) {
-    if (!support.isDrop() || !support.isDataFlavorSupported(Clip.MEMBERS)) {
-      return false;
-    }
-    JTree.DropLocation to = (JTree.DropLocation) support.getDropLocation();
-    waitToOpen(to);
-    if (target(to) == null) {
-      return false;
-    }
-    support.setShowDropLocation(true);
+    boolean possible = support.isDrop() && !dragged.isEmpty() && target(support) != null;
+    support.setShowDropLocation(possible);
+    return possible;
+  }
+
+  @Override
+  public boolean importData(TransferSupport support) {
+    Target target = target(support);
+    workspace.edit(support.getDropAction() == COPY
+        ? MemberEdits.copy(dragged, target) : MemberEdits.move(dragged, target));
     return true;
   }
 
-  private void waitToOpen(JTree.DropLocation to) {
-    TreePath path = to.getChildIndex() < 0 ? to.getPath() : null;
-    if (path == null || !path.equals(under)) {
-      under = path;
-      if (path != null && !tree.isExpanded(path)) {
-        opening.restart();
-      } else {
-        opening.stop();
-      }
-    }
-  }
-
   /** Where members go that are dropped; null where none can go. */
-  private Target target(JTree.DropLocation to) {
+  private Target target(TransferSupport support) {
+    JTree.DropLocation to = (JTree.DropLocation) support.getDropLocation();
     if (to.getPath() == null) {
       return null;
     }
-    MemberNode parent = (MemberNode) to.getPath().getLastPathComponent();
+    MemberNode parent = MemberNode.of(to.getPath());
     int index = to.getChildIndex();
-    if (dimensions && !parent.isRoot()) {
-      return null;
-    }
-    if (!dimensions && parent.isRoot()) {
-      return behindRowAbove(index);
+    boolean dimensions = dragged.stream().anyMatch(Member::isDimension);
+    if (parent.isRoot() ? !dimensions : dimensions) {
+      // Dimensions only go between dimensions, where members go behind what is above the gap.
+      return dimensions ? null : behindRowAbove(index);
     }
     if (index < 0) {
       return parent.member == null ? null : Target.lastBelow(Ref.to(parent.member));
     }
-    if (index == 0) {
-      return Target.firstBelow(parent.isRoot() ? null : Ref.to(parent.member));
-    }
-    MemberNode before = tree.model.child(parent, index - 1);
-    return before.member == null ? null : Target.behind(Ref.to(before.member));
+    return index == 0 ? Target.firstBelow(Ref.toHandle(parent.handle()))
+        : behind(tree.model.child(parent, index - 1));
   }
 
-  /** Between two dimensions, members go behind what stands above the gap. */
+  private static Target behind(MemberNode node) {
+    return node.member == null ? null : Target.behind(Ref.to(node.member));
+  }
+
   private Target behindRowAbove(int dimension) {
     MemberNode root = tree.model.getRoot();
     int below = dimension < root.childCount
@@ -121,22 +153,7 @@ final class MemberTransfer extends TransferHandler {
     if (below < 1) {
       return null;
     }
-    MemberNode above = (MemberNode) tree.getPathForRow(below - 1).getLastPathComponent();
-    return above.member == null ? null
-        : above.member.isDimension() ? Target.lastBelow(Ref.to(above.member))
-            : Target.behind(Ref.to(above.member));
+    MemberNode above = MemberNode.of(tree.getPathForRow(below - 1));
+    return above.parent.isRoot() ? Target.lastBelow(Ref.toHandle(above.handle())) : behind(above);
   }
-
-  @Override
-  public boolean importData(TransferSupport support) {
-    Clip clip = Clip.of(workspace, support.getTransferable());
-    Target target = target((JTree.DropLocation) support.getDropLocation());
-    if (clip == null || target == null) {
-      return false;
-    }
-    workspace.edit(support.getDropAction() == COPY
-        ? MemberEdits.copy(clip.members, target) : MemberEdits.move(clip.members, target));
-    return true;
-  }
-
 }

@@ -40,6 +40,7 @@ final class OutlineTree extends JTree {
 
   private final transient Workspace workspace;
   final transient PagedTreeModel model;
+  final transient MemberTransfer transfer;
   private final transient Set<Integer> selectedHandles = new HashSet<>();
   /** Above 0 while the tree itself changes what is expanded or selected. */
   private int adjusting;
@@ -76,7 +77,8 @@ final class OutlineTree extends JTree {
     workspace.selected.hear(this::show);
     setDragEnabled(true);
     setDropMode(DropMode.ON_OR_INSERT);
-    setTransferHandler(new MemberTransfer(this, workspace));
+    transfer = new MemberTransfer(this, workspace);
+    setTransferHandler(transfer);
     setAliasTable("Default");
   }
 

@@ -71,9 +71,9 @@ final class TreeCommands {
 
   private void addClipboard() {
     popup.add(add("Cut", "ctrl X", "Take the selected members along to where they are pasted",
-        () -> put(true)));
+        () -> tree.transfer.put(true)));
     popup.add(add("Copy", "ctrl C", "Copy the selected members to where they are pasted",
-        () -> put(false)));
+        () -> tree.transfer.put(false)));
     popup.add(add("Paste Below", "ctrl V", "Paste below the selected member",
         () -> paste(Target.lastBelow(Ref.to(first())))));
     add("Paste Before", "ctrl shift B", "Paste before the selected member",
@@ -127,10 +127,6 @@ final class TreeCommands {
     }
   }
 
-  private List<Member> chosen() {
-    return MemberTransfer.topMost(tree.selectedNodes());
-  }
-
   private Member first() {
     return workspace.selection().get(0);
   }
@@ -166,7 +162,7 @@ final class TreeCommands {
   // ---- Deleting ----
 
   private void delete() {
-    List<Member> members = chosen();
+    List<Member> members = tree.transfer.selected();
     workspace.read(() -> MemberEdits.count(workspace.outline, members), count -> {
       long below = count - members.size();
       if (count == 1 || Ask.confirm(window.frame, MemberEdits.title("Delete", members)
@@ -178,21 +174,9 @@ final class TreeCommands {
 
   // ---- The clipboard ----
 
-  private void put(boolean cutting) {
-    Clip.put(workspace, chosen(), cutting);
-    tree.repaint();
-  }
-
   private void paste(Target target) {
-    Clip clip = Clip.get(workspace);
-    if (clip == null) {
+    if (!tree.transfer.paste(target)) {
       window.status("There are no members of this outline on the clipboard.");
-      return;
-    }
-    if (clip.isCut()) {
-      workspace.edit(MemberEdits.move(clip.members, target), Clip::forgetCut);
-    } else {
-      workspace.edit(MemberEdits.copy(clip.members, target));
     }
   }
 
@@ -204,7 +188,7 @@ final class TreeCommands {
   }
 
   private void move(Neighbour neighbour, Function<Ref, Target> target) {
-    List<Member> members = chosen();
+    List<Member> members = tree.transfer.selected();
     workspace.read(() -> Optional.ofNullable(neighbour.of(workspace.outline, members)),
         found -> found.ifPresent(
             ref -> workspace.edit(MemberEdits.move(members, target.apply(ref)))));

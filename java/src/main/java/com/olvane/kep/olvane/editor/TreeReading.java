@@ -15,7 +15,7 @@ import java.util.Objects;
 import java.util.Set;
 import java.util.stream.Collectors;
 
-/** Members with their places in the tree: read on the work thread, put there on the event thread. */
+/** Members with their places in the tree, read on the work thread to be put there. */
 final class TreeReading {
   private final Outline outline;
   private final Details details;
