@@ -251,8 +251,8 @@ public final class EditorBench {
         });
         await(() -> !task[0].isRunning());
       });
-      if (task[0].hits().size() != hits[0]) {
-        throw new AssertionError(task[0].hits().size() + " hits are not " + hits[0]);
+      if (task[0].hits.size() != hits[0]) {
+        throw new AssertionError(task[0].hits.size() + " hits are not " + hits[0]);
       }
       if (turn >= 0) {
         alone[turn] = one * 1e6 / size;

@@ -4,17 +4,18 @@ import com.olvane.kep.olvane.defs.outline.HoldingBean;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
-import java.io.BufferedReader;
 import java.io.IOException;
-import java.io.InputStreamReader;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.Collections;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Optional;
+import java.util.stream.Collectors;
 
 /**
  * An alias table file, read without touching the outline: a header line with the name of the
@@ -73,43 +74,33 @@ final class AliasFile {
 
   /** Reads a file. */
   static AliasFile read(Path path) throws IOException {
-    // Not newBufferedReader, which gives up at a byte that is no UTF-8.
-    try (BufferedReader in = new BufferedReader(
-        new InputStreamReader(Files.newInputStream(path), StandardCharsets.UTF_8))) {
-      String first = in.readLine();
-      AliasFile file = new AliasFile(first == null ? "" : tableName(first.trim()));
-      String text = in.readLine();
-      for (int number = 2; text != null && !text.contains(END); number++) {
-        if (!text.trim().isEmpty()) {
-          file.lines.add(parse(number, text));
-        }
-        text = in.readLine();
+    // Not readAllLines, which gives up at a byte that is no UTF-8.
+    String[] texts =
+        new String(Files.readAllBytes(path), StandardCharsets.UTF_8).split("\r\n|\r|\n");
+    AliasFile file = new AliasFile(tableName(texts[0].trim()));
+    for (int i = 1; i < texts.length && !texts[i].contains(END); i++) {
+      if (!texts[i].trim().isEmpty()) {
+        file.lines.add(parse(i + 1, texts[i]));
       }
-      return file;
     }
+    return file;
+  }
+
+  private static List<String> pieces(String text, String between) {
+    return Arrays.stream(text.split(between)).map(String::trim)
+        .filter(piece -> !piece.isEmpty()).collect(Collectors.toList());
   }
 
   private static String tableName(String line) {
-    if (!line.contains(HEADER) || line.length() < HEADER.length()) {
-      return "";
-    }
-    for (String piece : line.substring(HEADER.length()).trim().split("'")) {
-      if (!piece.isEmpty()) {
-        return piece;
-      }
-    }
-    return "";
+    List<String> pieces = line.contains(HEADER)
+        ? pieces(line.substring(HEADER.length()), "'") : Collections.<String>emptyList();
+    return pieces.isEmpty() ? "" : pieces.get(0);
   }
 
   private static Line parse(int number, String text) {
-    List<String> fields = new ArrayList<>();
+    // A quoted line may begin with its quote, and has blanks between its fields.
     boolean quoted = text.indexOf('"') >= 0;
-    for (String piece : text.split(quoted ? "\"+" : "\\s+")) {
-      // A quoted line may begin with its quote, and has blanks between its fields.
-      if (!piece.trim().isEmpty()) {
-        fields.add(piece.trim());
-      }
-    }
+    List<String> fields = pieces(text, quoted ? "\"+" : "\\s+");
     boolean blankFirst = quoted && text.charAt(0) != '"' && text.trim().charAt(0) == '"';
     return fields.size() < 2 || blankFirst
         ? new Line(number, text.trim(), "") : new Line(number, fields.get(0), fields.get(1));

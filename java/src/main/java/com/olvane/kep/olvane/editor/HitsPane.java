@@ -32,7 +32,7 @@ final class HitsPane {
   HitsPane(Workspace workspace, SearchTask search) {
     this.workspace = workspace;
     this.search = search;
-    listing.show(search.hits());
+    listing.show(search.hits);
     listing.onChoice(1, member -> search.go(listing.getSelectedRow()));
     search.progress.hear(task -> follow());
     workspace.changed.hear(change -> {
@@ -42,9 +42,9 @@ final class HitsPane {
   }
 
   private void follow() {
-    int now = search.hits().size();
+    int now = search.hits.size();
     if (now < shown || shown == 0) {
-      listing.show(search.hits());
+      listing.show(search.hits);
     } else if (now > shown) {
       listing.grown(shown);
     }

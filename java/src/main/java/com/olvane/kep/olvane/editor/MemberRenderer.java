@@ -8,9 +8,6 @@ import java.awt.Component;
 import java.awt.Dimension;
 import java.awt.FlowLayout;
 import java.awt.Font;
-import java.awt.Graphics;
-import java.awt.Graphics2D;
-import java.awt.RenderingHints;
 import java.util.ArrayList;
 import java.util.List;
 import javax.swing.BorderFactory;
@@ -27,32 +24,30 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
   private static final long serialVersionUID = 1;
 
   private final OutlineTree tree;
-  private boolean selected;
-  private boolean focused;
-  private boolean dropTarget;
 
   MemberRenderer(OutlineTree tree) {
-    super(new FlowLayout(FlowLayout.LEADING, 8, 0));
+    super(new FlowLayout(FlowLayout.LEADING, 8, 2));
     this.tree = tree;
-    setOpaque(false);
-    setBorder(Theme.space(3, 0));
   }
 
   @Override
   public Component getTreeCellRendererComponent(JTree shown, Object value, boolean isSelected,
       boolean expanded, boolean leaf, int row, boolean hasFocus) {
-    selected = isSelected;
-    focused = hasFocus && shown.isFocusOwner();
+    Palette palette = Theme.palette();
     JTree.DropLocation drop = shown.getDropLocation();
-    dropTarget = drop != null && drop.getChildIndex() < 0 && drop.getPath() != null
+    boolean dropTarget = drop != null && drop.getChildIndex() < 0 && drop.getPath() != null
         && drop.getPath().getLastPathComponent() == value;
+    setOpaque(isSelected || dropTarget);
+    setBackground(dropTarget || shown.isFocusOwner() ? palette.selection : palette.hover);
+    setBorder(hasFocus && shown.isFocusOwner()
+        ? BorderFactory.createLineBorder(palette.accent, 1, true) : Theme.space(1, 1));
     setComponentOrientation(shown.getComponentOrientation());
     removeAll();
     Member member = ((MemberNode) value).member;
     if (member == null) {
-      add("\u2026", Theme.palette().faint, Font.PLAIN);
+      add("\u2026", palette.faint, Font.PLAIN);
     } else {
-      addParts(member, Theme.palette());
+      addParts(member, palette);
     }
     getAccessibleContext().setAccessibleName(member == null ? "being read" : member.name());
     getAccessibleContext().setAccessibleDescription(member == null ? "" : description(member));
@@ -125,21 +120,5 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
   @Override
   public Dimension getPreferredSize() {
     return new Dimension(super.getPreferredSize().width, tree.getRowHeight());
-  }
-
-  @Override
-  protected void paintComponent(Graphics graphics) {
-    Graphics2D g = (Graphics2D) graphics.create();
-    g.setRenderingHint(RenderingHints.KEY_ANTIALIASING, RenderingHints.VALUE_ANTIALIAS_ON);
-    Palette palette = Theme.palette();
-    if (selected || dropTarget) {
-      g.setColor(dropTarget || tree.isFocusOwner() ? palette.selection : palette.hover);
-      g.fillRoundRect(0, 1, getWidth(), getHeight() - 2, 6, 6);
-    }
-    if (focused) {
-      g.setColor(palette.accent);
-      g.drawRoundRect(0, 1, getWidth() - 1, getHeight() - 3, 6, 6);
-    }
-    g.dispose();
   }
 }

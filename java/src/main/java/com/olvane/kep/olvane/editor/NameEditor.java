@@ -15,6 +15,7 @@ import javax.swing.undo.UndoManager;
 /** Edits a member's name in the tree; one that is not allowed is marked while it is typed. */
 final class NameEditor extends DefaultCellEditor {
   private static final long serialVersionUID = 1;
+  private static final int MIN_WIDTH = 320;
 
   private final OutlineTree tree;
   private final JTextField field = (JTextField) editorComponent;
@@ -48,17 +49,6 @@ final class NameEditor extends DefaultCellEditor {
         BorderFactory.createLineBorder(complaint.isEmpty() ? palette.accent : palette.error),
         BorderFactory.createEmptyBorder(0, 4, 0, 4)));
     tree.complaint.accept(field.isShowing() ? complaint : "");
-    // Not now: the field has yet to hear of the change and would lay out what it no longer holds.
-    SwingUtilities.invokeLater(this::fit);
-  }
-
-  private void fit() {
-    field.setPreferredSize(null);
-    Dimension size = field.getPreferredSize();
-    field.setPreferredSize(new Dimension(Math.max(size.width + 24, 200), tree.getRowHeight()));
-    if (field.isShowing()) {
-      field.setSize(field.getPreferredSize());
-    }
   }
 
   @Override
@@ -68,7 +58,9 @@ final class NameEditor extends DefaultCellEditor {
     field.setText(value.toString());
     typed.discardAllEdits();
     check();
-    fit();
+    field.setPreferredSize(null);
+    field.setPreferredSize(new Dimension(
+        Math.max(field.getPreferredSize().width, MIN_WIDTH), tree.getRowHeight()));
     SwingUtilities.invokeLater(() -> {
       field.requestFocusInWindow();
       field.selectAll();

@@ -41,9 +41,10 @@ final class OutlineTree extends JTree {
   private final transient Workspace workspace;
   final transient PagedTreeModel model;
   final transient MemberTransfer transfer;
-  private final transient Set<Integer> selectedHandles = new HashSet<>();
   /** Above 0 while the tree itself changes what is expanded or selected. */
   private int adjusting;
+  /** Whether some of what the user has selected is still to be read. */
+  private boolean unreadSelected;
   private String aliasTable;
   /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
   transient Consumer<String> complaint = sentence -> {};
@@ -104,58 +105,54 @@ final class OutlineTree extends JTree {
 
   // ---- Selection ----
 
-  private void selectionChanged() {
-    if (adjusting > 0) {
-      return;
-    }
-    selectedHandles.clear();
-    List<Member> members = new ArrayList<>();
-    List<MemberNode> unread = new ArrayList<>();
-    for (MemberNode node : selectedNodes()) {
-      if (node.member == null) {
-        unread.add(node);
-      } else {
-        members.add(node.member);
-        selectedHandles.add(node.handle());
-      }
-    }
+  /** Changes what is selected without telling the workspace. */
+  private void adjust(Runnable change) {
     adjusting++;
-    workspace.select(members);
-    adjusting--;
-    model.read(unread);
+    try {
+      change.run();
+    } finally {
+      adjusting--;
+    }
+  }
+
+  private void selectionChanged() {
+    if (adjusting == 0) {
+      List<MemberNode> nodes = selectedNodes();
+      List<Member> members = nodes.stream().map(node -> node.member)
+          .filter(Objects::nonNull).collect(Collectors.toList());
+      unreadSelected = members.size() < nodes.size();
+      adjust(() -> workspace.select(members));
+      model.read(nodes.stream().filter(node -> node.member == null).collect(Collectors.toList()));
+    }
   }
 
   /** Does something with the members that are selected when all of them have been read. */
   void whenRead(Runnable then) {
-    if (selectedHandles.size() == getSelectionCount()) {
-      then.run();
-    } else {
+    if (unreadSelected) {
       // Behind the reading that their selection has begun.
       workspace.read(() -> true, read -> then.run());
+    } else {
+      then.run();
     }
   }
 
   /** The nodes that are selected, from top to bottom. */
   List<MemberNode> selectedNodes() {
     int[] rows = getSelectionRows();
-    if (rows == null) {
-      return Collections.emptyList();
-    }
-    Arrays.sort(rows);
-    List<MemberNode> nodes = new ArrayList<>(rows.length);
-    for (int row : rows) {
-      nodes.add(MemberNode.of(getPathForRow(row)));
-    }
-    return nodes;
+    return rows == null ? Collections.emptyList() : Arrays.stream(rows).sorted()
+        .mapToObj(row -> MemberNode.of(getPathForRow(row))).collect(Collectors.toList());
+  }
+
+  private boolean showsSelection() {
+    TreePath[] paths = getSelectionPaths();
+    Stream<TreePath> selected = paths == null ? Stream.empty() : Arrays.stream(paths);
+    return selected.map(path -> MemberNode.of(path).member).collect(Collectors.toSet())
+        .equals(new HashSet<>(workspace.selection()));
   }
 
   /** Members have been read for nodes that the tree has had already. */
   private void arrived() {
-    TreePath[] paths = getSelectionPaths();
-    if (paths != null && Arrays.stream(paths).anyMatch(path -> {
-      MemberNode node = MemberNode.of(path);
-      return node.member != null && !selectedHandles.contains(node.handle());
-    })) {
+    if (unreadSelected) {
       selectionChanged();
     }
     treeDidChange();
@@ -164,29 +161,22 @@ final class OutlineTree extends JTree {
 
   /** Selects what the workspace has selected, wherever it is. */
   private void show(List<Member> members) {
-    if (adjusting > 0) {
-      return;
+    if (adjusting == 0 && !showsSelection()) {
+      unreadSelected = false;
+      reveal(members, () -> {});
     }
-    Set<Integer> handles = members.stream().map(Member::handle).collect(Collectors.toSet());
-    if (handles.equals(selectedHandles) && getSelectionCount() == handles.size()) {
-      return;
-    }
-    reveal(members, () -> {});
   }
 
   /** Opens what is above members, selects them and brings the first into view. */
   void reveal(List<Member> members, Runnable then) {
-    List<Member> few = members.subList(0, Math.min(members.size(), SELECTABLE));
-    List<Integer> handles = few.stream().map(Member::handle).collect(Collectors.toList());
+    List<Integer> handles = members.stream().limit(SELECTABLE).map(Member::handle)
+        .collect(Collectors.toList());
     workspace.read(() -> new TreeReading(workspace.outline, model.details, handles), read -> {
       List<MemberNode> nodes = read.addTo(model);
-      adjusting++;
-      try {
+      adjust(() -> {
         nodes.forEach(node -> expandPath(node.path().getParentPath()));
-        select(nodes);
-      } finally {
-        adjusting--;
-      }
+        select(nodes.stream());
+      });
       if (!nodes.isEmpty()) {
         scrollInto(nodes.get(0).path());
       }
@@ -205,10 +195,8 @@ final class OutlineTree extends JTree {
         .forEach(node -> collapsePath(node.path()));
   }
 
-  private void select(List<MemberNode> nodes) {
-    selectedHandles.clear();
-    nodes.forEach(node -> selectedHandles.add(node.handle()));
-    setSelectionPaths(nodes.stream().map(MemberNode::path).toArray(TreePath[]::new));
+  private void select(Stream<MemberNode> nodes) {
+    setSelectionPaths(nodes.map(MemberNode::path).toArray(TreePath[]::new));
   }
 
   /** Scrolls to a row, with some of its neighbours in view when it was not. */
@@ -223,16 +211,13 @@ final class OutlineTree extends JTree {
 
   @Override
   protected TreePath[] getPathBetweenRows(int first, int last) {
-    int from = Math.min(first, last);
-    int to = Math.max(first, last);
-    if (to - from < SELECTABLE) {
-      return super.getPathBetweenRows(first, last);
+    int most = first <= last
+        ? Math.min(last, first + SELECTABLE - 1) : Math.max(last, first - SELECTABLE + 1);
+    if (most != last) {
+      getToolkit().beep();
+      complaint.accept(String.format("At most %,d members can be selected at once.", SELECTABLE));
     }
-    getToolkit().beep();
-    complaint.accept(String.format("At most %,d members can be selected at once.", SELECTABLE));
-    return first <= last
-        ? super.getPathBetweenRows(from, from + SELECTABLE - 1)
-        : super.getPathBetweenRows(to - SELECTABLE + 1, to);
+    return super.getPathBetweenRows(Math.min(first, most), Math.max(first, most));
   }
 
   // ---- Edits ----
@@ -255,8 +240,8 @@ final class OutlineTree extends JTree {
   private void refresh() {
     Set<Integer> open = expandedHandles();
     Set<Integer> keep = new HashSet<>(open);
-    if (selectedHandles.size() <= KEPT_SELECTED) {
-      keep.addAll(selectedHandles);
+    if (getSelectionCount() <= KEPT_SELECTED) {
+      keep.addAll(selectedHandles());
     }
     Map<Integer, Set<Integer>> inView = pagesInView();
     Details details = model.details;
@@ -281,10 +266,13 @@ final class OutlineTree extends JTree {
     return expanded().map(MemberNode::handle).collect(Collectors.toSet());
   }
 
+  private Set<Integer> selectedHandles() {
+    return selectedNodes().stream().map(MemberNode::handle).collect(Collectors.toSet());
+  }
+
   private void replace(TreeReading read, Set<Integer> open) {
-    Set<Integer> selection = new HashSet<>(selectedHandles);
-    adjusting++;
-    try {
+    Set<Integer> selection = selectedHandles();
+    adjust(() -> {
       // The tree looks at what is selected while the numbers of children change below it.
       clearSelection();
       setLeadSelectionPath(null);
@@ -294,14 +282,9 @@ final class OutlineTree extends JTree {
       open.stream().map(model::node).filter(node -> node != null && node.childCount > 0)
           .filter(node -> open.contains(node.parent.handle()) || node.parent.isRoot())
           .forEach(node -> expandPath(node.path()));
-      select(selection.stream().map(model::node).filter(Objects::nonNull)
-          .collect(Collectors.toList()));
-    } finally {
-      adjusting--;
-    }
-    if (selectedHandles.size() < workspace.selection().size()) {
-      show(workspace.selection());
-    }
+      select(selection.stream().map(model::node).filter(Objects::nonNull));
+    });
+    show(workspace.selection());
     repaint();
   }
 

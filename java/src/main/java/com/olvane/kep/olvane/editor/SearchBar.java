@@ -91,9 +91,9 @@ final class SearchBar {
       field.selectAll();
     });
     commands.add(menu, "Next", "F3", "Go to the next member found", () -> search.next(1))
-        .when(search::hasHits);
+        .when(() -> !search.hits.isEmpty());
     commands.add(menu, "Previous", "shift F3", "Go to the previous member found",
-        () -> search.next(-1)).when(search::hasHits);
+        () -> search.next(-1)).when(() -> !search.hits.isEmpty());
   }
 
   private void start() {
@@ -113,7 +113,7 @@ final class SearchBar {
   }
 
   private void showProgress() {
-    int hits = search.hits().size();
+    int hits = search.hits.size();
     String found = hits == 0 ? "none" : search.position() < 0 ? String.format("%,d", hits)
         : String.format("%,d of %,d", search.position() + 1, hits);
     count.setText(field.getText().isEmpty() ? "" : !search.isRunning() ? found

@@ -19,7 +19,8 @@ final class SearchTask {
   final Event<SearchTask> progress = new Event<>();
 
   private final Workspace workspace;
-  private final List<Member> hits = new ArrayList<>();
+  /** The members that were found. */
+  final List<Member> hits = new ArrayList<>();
   private Search wanted;
   private Details wantedDetails;
   private int number;
@@ -115,14 +116,6 @@ final class SearchTask {
 
   boolean isRunning() {
     return running;
-  }
-
-  boolean hasHits() {
-    return !hits.isEmpty();
-  }
-
-  List<Member> hits() {
-    return hits;
   }
 
   /** Which of those found is selected; -1 for none. */

@@ -4,38 +4,22 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Store;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.nio.charset.StandardCharsets;
-import java.security.MessageDigest;
-import java.security.NoSuchAlgorithmException;
+import java.util.UUID;
 
 /**
  * Keeps the unsaved work on one outline aside, in one local object of the store, so that it is
  * there after the program or the machine has died. Used on the work thread.
  */
 final class UnsavedWork {
-  private static final int NAME_BYTES = 14;
-
   private final Store store;
   private final String object;
   private boolean kept;
 
   UnsavedWork(Store store, String application, String database) {
     this.store = store;
-    this.object = objectOf(application, database);
-  }
-
-  /** The object's name: of its 30 bytes an application and a database might take more. */
-  private static String objectOf(String application, String database) {
-    try {
-      byte[] hash = MessageDigest.getInstance("SHA-256")
-          .digest((application + "/" + database).getBytes(StandardCharsets.UTF_8));
-      StringBuilder name = new StringBuilder("u");
-      for (int i = 0; i < NAME_BYTES; i++) {
-        name.append(String.format("%02x", hash[i]));
-      }
-      return name.toString();
-    } catch (NoSuchAlgorithmException e) {
-      throw new IllegalStateException("Every Java has SHA-256", e);
-    }
+    // Of an object's 30 bytes an application and a database might take more.
+    byte[] names = (application + "/" + database).getBytes(StandardCharsets.UTF_8);
+    this.object = "u" + UUID.nameUUIDFromBytes(names).toString().replace("-", "").substring(4);
   }
 
   /** Work that was kept and is still there; null when there is none. */
