@@ -138,6 +138,12 @@ public class PanesTest {
     user.type(tooLong);
     user.find(JLabel.class, "the limit",
         one -> "At most 257 bytes fit; these are 258.".equals(one.getText()));
+    user.click(open.tree, user.row(open.tree, "Product"));
+    open.press(user, "Go Back to the Text");
+    user.find(JLabel.class, "the details", one -> "Cola".equals(one.getText()));
+    assertEquals("the text is kept", tooLong, comment.getText());
+    user.clickInto(comment);
+    user.key("ctrl END");
     user.key("ctrl ENTER");
     user.key("BACK_SPACE");
     assertEquals("nothing of it was taken", "", read("Cola").comment());
@@ -190,6 +196,9 @@ public class PanesTest {
     user.waitFor("the only name that begins so",
         () -> formula.getText().equals("Cola + \"Tea green\""));
     user.type(";");
+    user.key("ctrl S");
+    user.waitFor("the formula to be saved", () -> open.workspace.history.position() == 1
+        && !open.workspace.dirty());
     pane("Dimension");
     expect("", "Cola + \"Tea green\";", outline -> read("Drinks").formula());
     pane("Details");

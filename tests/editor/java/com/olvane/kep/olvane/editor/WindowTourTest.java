@@ -114,6 +114,15 @@ public class WindowTourTest {
     expectSaved("Other", "Product(A B C D Last)");
     expectSaved("Test", "Product(A B C D)");
 
+    user.click(open.tree, user.row(open.tree, "C"));
+    user.key("ctrl shift S");
+    user.clickInto(user.find(JTextField.class, "Database"));
+    user.type("Other");
+    user.key("ENTER");
+    user.find(JLabel.class, "the question", one -> one.getText() != null
+        && one.getText().startsWith("Replace the outline Test.Other with its 6 members?"));
+    open.press(user, "Cancel");
+    user.click(open.tree, user.row(open.tree, "C"));
     open.menu(user, "Outline", "Restructure \u2026");
     open.press(user, "Save and Restructure");
     status("Restructured Test.Test");

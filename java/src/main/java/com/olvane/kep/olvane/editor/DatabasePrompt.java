@@ -4,6 +4,7 @@ import com.olvane.kep.olvane.defs.outline.HoldingBean;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.Component;
 import java.util.List;
+import java.util.Optional;
 import java.util.stream.Stream;
 import javax.swing.JComboBox;
 import javax.swing.JLabel;
@@ -47,9 +48,9 @@ final class DatabasePrompt {
     boolean tooLong = Stream.of(application(), database())
         .anyMatch(name -> HoldingBean.encodedLength(name) > LIMIT);
     String complaint = tooLong ? "A name has at most " + LIMIT + " bytes."
-        : exists() && !replaces ? "There is a database of this name." : null;
+        : there().isPresent() && !replaces ? "There is a database of this name." : null;
     remark.setText(complaint != null ? complaint
-        : exists() ? "It exists and is replaced." : " ");
+        : there().isPresent() ? "It exists and is replaced." : " ");
     remark.setForeground(complaint != null ? Theme.palette().error : Theme.palette().warning);
     prompt.allow(complaint == null && !application().isEmpty() && !database().isEmpty());
   }
@@ -67,9 +68,9 @@ final class DatabasePrompt {
     return database.getText();
   }
 
-  /** Whether there is a database of this name. */
-  boolean exists() {
-    return known.stream().anyMatch(one ->
-        one.application().equals(application()) && one.database().equals(database()));
+  /** The database of this name, if there is one. */
+  Optional<StoredDatabase> there() {
+    return known.stream().filter(one -> one.application().equals(application())
+        && one.database().equals(database())).findFirst();
   }
 }

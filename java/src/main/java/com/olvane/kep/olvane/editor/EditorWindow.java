@@ -152,7 +152,7 @@ final class EditorWindow {
     tree.stopEditing();
     tree.requestFocusInWindow();
     // The field hears of losing the keyboard with an event, and then queues its edit.
-    SwingUtilities.invokeLater(() -> SwingUtilities.invokeLater(then));
+    SwingUtilities.invokeLater(() -> SwingUtilities.invokeLater(() -> workspace.afterWork(then)));
   }
 
   /** Closes the window; asks what to do with unsaved work. */

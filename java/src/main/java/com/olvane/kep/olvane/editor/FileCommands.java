@@ -1,5 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.standin.StoredDatabase;
+import java.util.Optional;
 import java.util.function.BiFunction;
 import javax.swing.JMenu;
 
@@ -19,7 +21,7 @@ final class FileCommands {
         () -> window.editor.choose());
     file.addSeparator();
     commands.add(file, "Save", "ctrl S", "Write the outline to its database", this::save)
-        .when(() -> workspace.dirty() && workspace.isEditable());
+        .when(workspace::isEditable);
     commands.add(file, "Save As \u2026", "ctrl shift S",
         "Write the outline to another database as well", this::saveAs);
     file.addSeparator();
@@ -38,7 +40,13 @@ final class FileCommands {
 
   /** Saves what was typed up to now. */
   private void save() {
-    window.settle(() -> workspace.save(() -> window.status("Saved " + workspace.name() + ".")));
+    window.settle(() -> {
+      if (workspace.dirty()) {
+        workspace.save(() -> window.status("Saved " + workspace.name() + "."));
+      } else {
+        window.status("There is nothing to save.");
+      }
+    });
   }
 
   private void saveAs() {
@@ -60,7 +68,7 @@ final class FileCommands {
   private void withDatabase(
       String title, String verb, String doing, BiFunction<String, String, String> work) {
     window.settle(() -> workspace.read(() -> workspace.store.databases(), known -> {
-      DatabasePrompt prompt = new DatabasePrompt(window.tree, title, verb, known, true);
+      DatabasePrompt prompt = new DatabasePrompt(window.frame.getRootPane(), title, verb, known, true);
       if (!prompt.ask()) {
         return;
       }
@@ -71,8 +79,14 @@ final class FileCommands {
         Ask.say(window.frame, "That is the database of this window. Save it with Ctrl+S.");
         return;
       }
+      Optional<StoredDatabase> there = prompt.there();
+      if (there.isPresent() && !Ask.confirm(window.frame, String.format(
+          "Replace the outline %s with its %,d members? That cannot be undone.", name,
+          there.get().members()), "Replace")) {
+        return;
+      }
       workspace.run(doing + name, () -> {
-        if (!prompt.exists()) {
+        if (!there.isPresent()) {
           workspace.store.create(application, database);
         }
         return work.apply(application, database);

@@ -61,7 +61,7 @@ final class RowField {
     typed = Listen.undo(text);
     Listen.onChange(text,
         () -> markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null));
-    Listen.onKey(text, "ESCAPE", () -> set(shown()));
+    Listen.onKey(text, "ESCAPE", this::giveUp);
     Listen.onKey(text, isLine() ? "ENTER" : "ctrl ENTER", this::flush);
   }
 
@@ -89,7 +89,7 @@ final class RowField {
     @Override
     public void processKeyEvent(KeyEvent event) {
       if (event.getID() == KeyEvent.KEY_PRESSED && event.getKeyCode() == KeyEvent.VK_ESCAPE) {
-        set(shown());
+        giveUp();
       } else if (event.getID() == KeyEvent.KEY_PRESSED
           && event.getKeyCode() == KeyEvent.VK_ENTER && !isPopupVisible()) {
         flush();
@@ -133,8 +133,19 @@ final class RowField {
     return row.value == null ? "" : row.value;
   }
 
-  private boolean isTyped() {
+  /** Whether there is a text that the outline does not have, as it is still typed or not taken. */
+  boolean isTyped() {
     return !get().equals(committed);
+  }
+
+  /** What is wrong with the text. */
+  String complaint() {
+    return label.getText() + ": " + complaint.getText();
+  }
+
+  /** Takes back what was typed. */
+  void giveUp() {
+    set(shown());
   }
 
   private void set(String value) {

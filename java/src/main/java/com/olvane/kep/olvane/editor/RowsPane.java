@@ -6,10 +6,12 @@ import java.awt.Component;
 import java.awt.Font;
 import java.awt.KeyboardFocusManager;
 import java.util.ArrayList;
+import java.util.Collections;
 import java.util.EnumMap;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.Optional;
 import java.util.stream.Collectors;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
@@ -77,6 +79,9 @@ final class RowsPane extends JPanel {
   private final transient Map<String, RowField> fields = new HashMap<>();
   private transient List<String> layout;
   private transient Object subject;
+  /** The members that were selected for what is shown. */
+  private transient List<Member> shown = Collections.emptyList();
+  private boolean asking;
   private int asked;
 
   RowsPane(Workspace workspace, Source source) {
@@ -98,19 +103,25 @@ final class RowsPane extends JPanel {
     int number = ++asked;
     if (isShowing()) {
       workspace.read(() -> source.read(workspace, members), contents -> {
-        if (number == asked) {
-          show(contents);
+        if (number == asked && !asking) {
+          show(contents, members);
         }
       });
     }
   }
 
-  private void show(Contents now) {
+  private void show(Contents now, List<Member> members) {
     boolean again = now.subject.equals(subject);
     if (!again) {
       fields.values().forEach(RowField::flush);
+      Optional<RowField> refused = fields.values().stream().filter(RowField::isTyped).findAny();
+      if (refused.isPresent()) {
+        askAbout(refused.get());
+        return;
+      }
     }
     subject = now.subject;
+    shown = members;
     title.setText(now.title);
     title.setVisible(!now.title.isEmpty());
     remark.setText(now.remark);
@@ -121,6 +132,20 @@ final class RowsPane extends JPanel {
       layOut(now.rows);
     }
     now.rows.forEach(row -> fields.get(key(row)).show(row, again));
+  }
+
+  /** Asks what becomes of a text that was not taken before something else is shown in its place. */
+  private void askAbout(RowField refused) {
+    asking = true;
+    int answer = Ask.choose(this, title.getText() + ": " + refused.complaint(),
+        "Go Back to the Text", "Discard the Text");
+    asking = false;
+    if (answer == 1) {
+      fields.values().forEach(RowField::giveUp);
+      selected(workspace.selection());
+    } else {
+      workspace.select(shown);
+    }
   }
 
   /** Tells fields apart. */

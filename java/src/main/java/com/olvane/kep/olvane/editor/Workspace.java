@@ -127,6 +127,11 @@ final class Workspace {
     work.read(() -> attempt(handOver(reading, then)));
   }
 
+  /** Does something on the event thread when the edits that wait have been made. */
+  void afterWork(Runnable then) {
+    work.write(() -> SwingUtilities.invokeLater(then));
+  }
+
   /** Does something that takes time and can't be given up; {@code then} follows success. */
   <T> void run(String title, Callable<T> task, Consumer<T> then) {
     start(new Busy(title, false), handOver(task, then));
