@@ -3,7 +3,6 @@ package com.olvane.kep.olvane.editor;
 import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.e2e.Settings;
-import com.olvane.kep.olvane.outline.Attributes;
 import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
@@ -63,15 +62,11 @@ public class PartEditsTest {
 
   @Test
   public void settingsComeBack() {
-    boolean sensitive = sample.outline.settings().read().isCaseSensitive();
-    boolean configured = sample.outline.settings().read().isAutoConfigure();
-    check(SettingsRows.caseSensitive(!sensitive));
-    check(SettingsRows.autoConfigure(!configured));
-    for (Attributes.Name which : Attributes.Name.values()) {
-      check(SettingsRows.name(which, "The " + which.words()));
+    for (SettingsRows.Setting one : SettingsRows.ofOutline()) {
+      check(one.edit(one.read.apply(sample.outline).equals("yes") ? "no" : "yes"));
     }
-    for (SettingsRows.Number which : SettingsRows.Number.values()) {
-      check(SettingsRows.number(which, (short) 3));
+    for (SettingsRows.Setting one : SettingsRows.ofAttributes()) {
+      check(one.edit(one.label.contains("number") ? "3" : "The " + one.label));
     }
   }
 

@@ -62,9 +62,9 @@ final class DimensionRows {
     rows.add(Row.chosen("Category", dimension.category().words(),
         known ? words : Collections.emptyList(), chosen -> workspace.edit(DimensionEdits.categorise(
             dimension, DimensionCategory.values()[words.indexOf(chosen)]))));
-    rows.add(SettingsRows.number(workspace, "Storage type (1: regular)",
-        dimension.storageTypeCode(), Short.MAX_VALUE,
-        code -> DimensionEdits.storageType(dimension, code)));
+    rows.add(Row.typed("Storage type (1: regular)", Short.toString(dimension.storageTypeCode()),
+        Row.number(Short.MAX_VALUE), code -> workspace.edit(
+            DimensionEdits.storageType(dimension, Short.parseShort(code)))));
     rows.add(Row.yesNo("Hybrid analysis", dimension.isHybridAnalysisEnabled(),
         enabled -> workspace.edit(DimensionEdits.hybridAnalysis(dimension, enabled))));
     for (Member one : outline.dimensions()) {

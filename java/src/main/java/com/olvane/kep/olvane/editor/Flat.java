@@ -6,7 +6,6 @@ import java.awt.Component;
 import java.awt.Dimension;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
-import java.awt.Insets;
 import java.awt.KeyboardFocusManager;
 import java.awt.Rectangle;
 import java.awt.RenderingHints;
@@ -19,7 +18,7 @@ import javax.swing.Icon;
 import javax.swing.JButton;
 import javax.swing.JComponent;
 import javax.swing.SwingUtilities;
-import javax.swing.border.AbstractBorder;
+import javax.swing.border.EmptyBorder;
 import javax.swing.plaf.ComponentUI;
 import javax.swing.plaf.UIResource;
 import javax.swing.plaf.basic.BasicButtonUI;
@@ -62,18 +61,11 @@ final class Flat {
   }
 
   /** A line around a field: the accent while it has the focus, of errors while it is refused. */
-  static final class Border extends AbstractBorder {
+  static final class Border extends EmptyBorder {
     private static final long serialVersionUID = 1;
-    private final Insets insets;
 
     Border(int vertical, int horizontal) {
-      insets = new Insets(vertical, horizontal, vertical, horizontal);
-    }
-
-    @Override
-    public Insets getBorderInsets(Component component, Insets into) {
-      into.set(insets.top, insets.left, insets.bottom, insets.right);
-      return into;
+      super(vertical, horizontal, vertical, horizontal);
     }
 
     @Override

@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
 import java.awt.Color;
+import java.awt.Font;
 import java.awt.Insets;
 import org.fife.ui.rsyntaxtextarea.AbstractTokenMakerFactory;
 import org.fife.ui.rsyntaxtextarea.RSyntaxTextArea;
@@ -40,7 +41,7 @@ final class FormulaArea extends RSyntaxTextArea {
     setSelectionColor(palette.selection);
     setMatchedBracketBGColor(palette.hover);
     setMatchedBracketBorderColor(palette.border);
-    setFont(Theme.codeFont());
+    setFont(new Font(Font.MONOSPACED, Font.PLAIN, 13));
     if (getSyntaxScheme() == null) {
       return;
     }

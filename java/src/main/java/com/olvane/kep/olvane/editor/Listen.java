@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Component;
 import java.awt.event.ActionEvent;
 import java.awt.event.HierarchyEvent;
+import java.util.function.BooleanSupplier;
 import java.util.function.Consumer;
 import javax.swing.AbstractAction;
 import javax.swing.JComponent;
@@ -38,9 +39,19 @@ final class Listen {
 
   /** Does something when a key is pressed in a component that has the keyboard. */
   static void onKey(JComponent component, String key, Runnable action) {
+    onKey(component, key, () -> true, action);
+  }
+
+  private static void onKey(
+      JComponent component, String key, BooleanSupplier possible, Runnable action) {
     component.getInputMap().put(KeyStroke.getKeyStroke(key), key);
     component.getActionMap().put(key, new AbstractAction() {
       private static final long serialVersionUID = 1;
+
+      @Override
+      public boolean isEnabled() {
+        return possible.getAsBoolean();
+      }
 
       @Override
       public void actionPerformed(ActionEvent event) {
@@ -57,23 +68,15 @@ final class Listen {
     UndoManager typed = new UndoManager();
     typed.setLimit(-1);
     field.getDocument().addUndoableEditListener(typed);
-    for (String key : new String[] {"ctrl Z", "ctrl Y", "ctrl shift Z"}) {
-      field.getInputMap().put(KeyStroke.getKeyStroke(key), key);
-      field.getActionMap().put(key, new AbstractAction() {
-        private static final long serialVersionUID = 1;
-
-        @Override
-        public boolean isEnabled() {
-          return typed.canUndoOrRedo();
-        }
-
-        @Override
-        public void actionPerformed(ActionEvent event) {
-          if (key.equals("ctrl Z") && typed.canUndo()) {
-            typed.undo();
-          } else if (!key.equals("ctrl Z") && typed.canRedo()) {
-            typed.redo();
-          }
+    onKey(field, "ctrl Z", typed::canUndoOrRedo, () -> {
+      if (typed.canUndo()) {
+        typed.undo();
+      }
+    });
+    for (String key : new String[] {"ctrl Y", "ctrl shift Z"}) {
+      onKey(field, key, typed::canUndoOrRedo, () -> {
+        if (typed.canRedo()) {
+          typed.redo();
         }
       });
     }

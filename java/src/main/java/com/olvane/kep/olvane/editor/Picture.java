@@ -22,17 +22,17 @@ final class Picture {
     final int first;
     final int column;
     final double start;
-    int siblings = 1;
+    int siblings;
+    /** The member behind all that are below this block. */
+    int end;
     double length;
     /** What tells its colour. */
     byte key;
 
-    Block(int first, int column, double start, double length, byte key) {
+    Block(int first, int column, double start) {
       this.first = first;
       this.column = column;
       this.start = start;
-      this.length = length;
-      this.key = key;
     }
   }
 
@@ -155,22 +155,19 @@ final class Picture {
     double at = start;
     for (int i = begin; i < end; i += sizes[i]) {
       double length = weights[i] * unit;
-      if (length >= LEAST || run == null) {
-        run = new Block(i, column, at, length, keys[i]);
+      if (run == null || length >= LEAST) {
+        run = new Block(i, column, at);
         blocks.add(run);
-        if (length >= LEAST) {
-          run = null;
-          if (column + 1 < columns && sizes[i] > 1) {
-            place(blocks, weights, unit, i + 1, i + sizes[i], column + 1, at, columns);
-          }
-        }
-      } else {
-        run.siblings++;
-        run.length += length;
-        run.key = (byte) Math.max(run.key, keys[i]);
-        if (run.length >= LEAST) {
-          run = null;
-        }
+      }
+      run.siblings++;
+      run.end = i + sizes[i];
+      run.length += length;
+      run.key = (byte) Math.max(run.key, keys[i]);
+      if (length >= LEAST && column + 1 < columns && sizes[i] > 1) {
+        place(blocks, weights, unit, i + 1, i + sizes[i], column + 1, at, columns);
+      }
+      if (run.length >= LEAST) {
+        run = null;
       }
       at += length;
     }

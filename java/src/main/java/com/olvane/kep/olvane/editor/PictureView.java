@@ -123,7 +123,9 @@ final class PictureView extends JPanel {
 
   /** The colour of the members with a number, for a legend. */
   Color legend(int number) {
-    return colour(new Picture.Block(0, 0, 0, 0, (byte) number));
+    Picture.Block block = new Picture.Block(0, 0, 0);
+    block.key = (byte) number;
+    return colour(block);
   }
 
   private Color textColour(Picture.Block block) {
@@ -147,12 +149,8 @@ final class PictureView extends JPanel {
   }
 
   private boolean holdsSelected(Picture.Block block) {
-    int end = block.first;
-    for (int i = 0; i < block.siblings; i++) {
-      end += picture.sizes[end];
-    }
     return block.first == selected
-        || block.siblings > 1 && block.first < selected && selected < end;
+        || block.siblings > 1 && block.first < selected && selected < block.end;
   }
 
   /** The block at a point, null where there is none. */

@@ -109,6 +109,12 @@ final class Row {
     return text -> HoldingBean.encodedLength(text) > limit ? tooLong(text, limit) : null;
   }
 
+  /** Refuses what is no number, or one of more than a limit. */
+  static Function<String, String> number(int limit) {
+    return text -> text.matches("-?\\d{1,5}") && Math.abs(Integer.parseInt(text)) <= limit ? null
+        : "A number from " + -limit + " to " + limit + " is needed here.";
+  }
+
   private static String tooLong(String text, int limit) {
     return "At most " + limit + " bytes fit; these are " + HoldingBean.encodedLength(text) + ".";
   }

@@ -2,81 +2,90 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.defs.outline.AttributeSettings;
 import com.olvane.kep.olvane.defs.outline.CodedValue;
-import com.olvane.kep.olvane.defs.outline.OutlineSettings;
 import com.olvane.kep.olvane.outline.Attributes;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.List;
 import java.util.function.BiConsumer;
 import java.util.function.Function;
+import java.util.stream.Collectors;
 
 /** What holds for the whole outline. */
 final class SettingsRows {
   private static final int NAME_LIMIT = 80;
 
+  /** A setting: as a text it is read of an outline, and set. */
+  static final class Setting {
+    final String label;
+    final Function<Outline, String> read;
+    private final BiConsumer<Outline, String> set;
+    /** Gives the reason why a text is refused, or null; null itself for yes or no. */
+    private final Function<String, String> refusal;
+
+    private Setting(String label, Function<Outline, String> read,
+        BiConsumer<Outline, String> set, Function<String, String> refusal) {
+      this.label = label;
+      this.read = read;
+      this.set = set;
+      this.refusal = refusal;
+    }
+
+    Edit edit(String value) {
+      return Edit.set("Set '" + label + "' to " + value, OutlineChange::settings,
+          context -> read.apply(context.outline),
+          (context, text) -> set.accept(context.outline, text), value);
+    }
+  }
+
   private SettingsRows() {}
 
   /** Reads the settings, whatever is selected. */
   static RowsPane.Contents read(Workspace workspace, List<Member> selected) {
-    OutlineSettings settings = workspace.outline.settings().read();
-    AttributeSettings attributes = workspace.outline.attributes().settings();
-    List<Row> rows = new ArrayList<>();
-    for (Attributes.Name which : Attributes.Name.values()) {
-      String words = which.words();
-      rows.add(Row.typed(Character.toUpperCase(words.charAt(0)) + words.substring(1),
-          name(which, attributes), text -> text.isEmpty() ? "A name is needed here."
-              : Row.atMost(NAME_LIMIT).apply(text),
-          text -> workspace.edit(name(which, text))));
-    }
-    for (Number which : Number.values()) {
-      rows.add(number(workspace, which.words + " (a number)",
-          which.code.apply(attributes).getValue(), which.limit, value -> number(which, value)));
-    }
     RowsPane.Contents contents = new RowsPane.Contents("settings", "", "");
-    contents.add(RowsPane.Place.ALONE, "Outline", Arrays.asList(
-        Row.yesNo("Upper and lower case make different names", settings.isCaseSensitive(),
-            value -> workspace.edit(caseSensitive(value))),
-        Row.yesNo("Dimensions are configured automatically", settings.isAutoConfigure(),
-            value -> workspace.edit(autoConfigure(value)))));
-    contents.add(RowsPane.Place.ALONE, "Attributes", rows);
+    contents.add(RowsPane.Place.ALONE, "Outline", rows(workspace, ofOutline()));
+    contents.add(RowsPane.Place.ALONE, "Attributes", rows(workspace, ofAttributes()));
     return contents;
   }
 
-  /** A row for a number that the outline's API has no words for. */
-  static Row number(Workspace workspace, String label, short value, int limit,
-      Function<Short, Edit> edit) {
-    return Row.typed(label, Short.toString(value), text ->
-        text.matches("-?\\d{1,5}") && Math.abs(Integer.parseInt(text)) <= limit ? null
-            : "A number from " + -limit + " to " + limit + " is needed here.",
-        text -> workspace.edit(edit.apply(Short.valueOf(text))));
+  private static List<Row> rows(Workspace workspace, List<Setting> settings) {
+    return settings.stream().map(one -> {
+      String now = one.read.apply(workspace.outline);
+      return one.refusal == null
+          ? Row.yesNo(one.label, now.equals("yes"),
+              yes -> workspace.edit(one.edit(yes ? "yes" : "no")))
+          : Row.typed(one.label, now, one.refusal, text -> workspace.edit(one.edit(text)));
+    }).collect(Collectors.toList());
   }
 
-  // ---- Edits ----
-
-  private static <T> Edit set(
-      String title, Function<Outline, T> read, BiConsumer<Outline, T> write, T value) {
-    return Edit.set(title, OutlineChange::settings, context -> read.apply(context.outline),
-        (context, now) -> write.accept(context.outline, now), value);
+  static List<Setting> ofOutline() {
+    List<Setting> all = new ArrayList<>();
+    all.add(new Setting("Upper and lower case make different names",
+        outline -> outline.settings().read().isCaseSensitive() ? "yes" : "no",
+        (outline, text) -> outline.settings().setCaseSensitive(text.equals("yes")), null));
+    all.add(new Setting("Dimensions are configured automatically",
+        outline -> outline.settings().read().isAutoConfigure() ? "yes" : "no",
+        (outline, text) -> outline.settings().setAutoConfigure(text.equals("yes")), null));
+    return all;
   }
 
-  static Edit caseSensitive(boolean sensitive) {
-    return set(sensitive ? "Tell upper from lower case in names"
-        : "Take upper and lower case in names as the same",
-        outline -> outline.settings().read().isCaseSensitive(),
-        (outline, value) -> outline.settings().setCaseSensitive(value), sensitive);
-  }
-
-  static Edit autoConfigure(boolean enabled) {
-    return set((enabled ? "Enable" : "Disable") + " the automatic configuration",
-        outline -> outline.settings().read().isAutoConfigure(),
-        (outline, value) -> outline.settings().setAutoConfigure(value), enabled);
-  }
-
-  static Edit name(Attributes.Name which, String name) {
-    return set("Set the " + which.words(), outline -> name(which, outline.attributes().settings()),
-        (outline, value) -> outline.attributes().set(which, value), name);
+  static List<Setting> ofAttributes() {
+    List<Setting> all = new ArrayList<>();
+    for (Attributes.Name which : Attributes.Name.values()) {
+      String words = which.words();
+      all.add(new Setting(Character.toUpperCase(words.charAt(0)) + words.substring(1),
+          outline -> name(which, outline.attributes().settings()),
+          (outline, text) -> outline.attributes().set(which, text),
+          text -> text.isEmpty() ? "A name is needed here." : Row.atMost(NAME_LIMIT).apply(text)));
+    }
+    addNumber(all, "Long names are built of", Short.MAX_VALUE,
+        AttributeSettings::getLongNameConstructor);
+    addNumber(all, "Long names use", Short.MAX_VALUE, AttributeSettings::getLongNameSource);
+    addNumber(all, "Long names are divided by", Byte.MAX_VALUE,
+        AttributeSettings::getLongNameDelimiter);
+    addNumber(all, "Format of dates", Short.MAX_VALUE, AttributeSettings::getDateFormat);
+    addNumber(all, "Bounds of ranges", Short.MAX_VALUE, AttributeSettings::getBucketingType);
+    return all;
   }
 
   private static String name(Attributes.Name which, AttributeSettings settings) {
@@ -87,42 +96,18 @@ final class SettingsRows {
     return name == null ? "" : name;
   }
 
-  /** A number that the settings keep without words. */
-  enum Number {
-    /** What long names are built of. */
-    LONG_NAMES("Long names are built of", AttributeSettings::getLongNameConstructor),
-    /** The names used in long names. */
-    SOURCE("Long names use", AttributeSettings::getLongNameSource),
-    /** What stands between the parts of a long name. */
-    DELIMITER("Long names are divided by", AttributeSettings::getLongNameDelimiter),
-    /** The format of dates. */
-    DATES("Format of dates", AttributeSettings::getDateFormat),
-    /** The bounds of ranges. */
-    RANGES("Bounds of ranges", AttributeSettings::getBucketingType);
-
-    private final String words;
-    private final Function<AttributeSettings, CodedValue> code;
-    private final int limit;
-
-    Number(String words, Function<AttributeSettings, CodedValue> code) {
-      this.words = words;
-      this.code = code;
-      limit = name().equals("DELIMITER") ? Byte.MAX_VALUE : Short.MAX_VALUE;
-    }
-
-    private void write(Outline outline, short value) {
-      AttributeSettings now = outline.attributes().settings();
-      code.apply(now).setValue(value);
-      outline.attributes().setLongNames(now.getLongNameConstructor(), now.getLongNameSource(),
-          now.getLongNameDelimiter());
-      outline.attributes().setDateFormat(now.getDateFormat());
-      outline.attributes().setRanges(now.getBucketingType());
-    }
-  }
-
-  static Edit number(Number which, short value) {
-    return set("Set '" + which.words + "' to " + value,
-        outline -> which.code.apply(outline.attributes().settings()).getValue(), which::write,
-        value);
+  /** Adds a number that the outline's API has no words for. */
+  private static void addNumber(List<Setting> all, String label, int limit,
+      Function<AttributeSettings, CodedValue> code) {
+    all.add(new Setting(label + " (a number)",
+        outline -> Short.toString(code.apply(outline.attributes().settings()).getValue()),
+        (outline, text) -> {
+          AttributeSettings now = outline.attributes().settings();
+          code.apply(now).setValue(Short.parseShort(text));
+          outline.attributes().setLongNames(now.getLongNameConstructor(),
+              now.getLongNameSource(), now.getLongNameDelimiter());
+          outline.attributes().setDateFormat(now.getDateFormat());
+          outline.attributes().setRanges(now.getBucketingType());
+        }, Row.number(limit)));
   }
 }

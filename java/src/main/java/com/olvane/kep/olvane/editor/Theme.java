@@ -2,7 +2,6 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.Color;
 import java.awt.Dimension;
-import java.awt.Font;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
 import java.awt.RenderingHints;
@@ -67,11 +66,6 @@ final class Theme {
     for (Window window : Window.getWindows()) {
       SwingUtilities.updateComponentTreeUI(window);
     }
-  }
-
-  /** {@return the font of formulas and other code} */
-  static Font codeFont() {
-    return new Font(Font.MONOSPACED, Font.PLAIN, 13);
   }
 
   /** Makes text be drawn smoothly, which Swing does for its own. */
