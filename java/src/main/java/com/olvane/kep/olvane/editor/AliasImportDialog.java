@@ -2,8 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.Component;
 import java.nio.file.Path;
-import java.util.ArrayList;
-import java.util.List;
+import java.util.TreeMap;
 import java.util.stream.Collectors;
 import javax.swing.JComboBox;
 import javax.swing.JLabel;
@@ -75,19 +74,13 @@ final class AliasImportDialog {
     });
   }
 
-  private long count(AliasFile.Outcome outcome) {
-    return file.lines.stream().filter(line -> line.outcome == outcome).count();
-  }
-
   private void showOutcome(boolean exists) {
-    List<String> counts = new ArrayList<>();
-    for (AliasFile.Outcome outcome : AliasFile.Outcome.values()) {
-      if (count(outcome) > 0) {
-        counts.add(String.format("%,d %s", count(outcome), outcome.words));
-      }
-    }
+    String counts = file.lines.stream().collect(Collectors.groupingBy(
+        line -> line.outcome, TreeMap::new, Collectors.counting())).entrySet().stream()
+        .map(one -> String.format("%,d %s", one.getValue(), one.getKey().words))
+        .collect(Collectors.joining(", "));
     summary.setText(counts.isEmpty() ? "The file lists no aliases."
-        : "Of its lines: " + String.join(", ", counts) + ".");
+        : "Of its lines: " + counts + ".");
     note.setText(exists ? "The table is there; what the file does not name stays as it is."
         : "The table is not there yet, and is made.");
     summary.setForeground(Theme.palette().text);

@@ -29,6 +29,7 @@ final class FormulaArea extends RSyntaxTextArea {
     setMargin(new Insets(4, 6, 4, 6));
     setToolTipText("Ctrl+Space completes a name, Ctrl+Enter applies the formula");
     MemberCompletion.install(this, workspace);
+    updateUI();
   }
 
   @Override
@@ -48,12 +49,6 @@ final class FormulaArea extends RSyntaxTextArea {
     for (int type = 0; type < Token.DEFAULT_NUM_TOKEN_TYPES; type++) {
       getSyntaxScheme().setStyle(type, new Style(colour(type, palette)));
     }
-  }
-
-  @Override
-  public void addNotify() {
-    super.addNotify();
-    updateUI();
   }
 
   private static Color colour(int type, Palette palette) {

@@ -75,18 +75,13 @@ final class MemberRows {
   }
 
   private String describe(Member member) {
-    List<Member> above = outline.ancestors(member, Details.NONE);
-    StringBuilder text = new StringBuilder(above.isEmpty() ? "Dimension" : "");
-    for (Member one : above) {
-      text.insert(0, one.name() + (text.length() == 0 ? "" : " \u203a "));
-    }
-    text.append("   \u00b7   generation ").append(member.generation());
-    text.append(", level ").append(member.level());
-    if (member.hasChildren()) {
-      text.append(String.format(", %,d %s", member.childCount(),
-          member.childCount() == 1 ? "child" : "children"));
-    }
-    return text.toString();
+    List<Member> above = new ArrayList<>(outline.ancestors(member, Details.NONE));
+    Collections.reverse(above);
+    return String.format("%s   \u00b7   generation %d, level %d%s", above.isEmpty() ? "Dimension"
+        : above.stream().map(Member::name).collect(Collectors.joining(" \u203a ")),
+        member.generation(), member.level(), !member.hasChildren() ? ""
+            : String.format(", %,d %s", member.childCount(),
+                member.childCount() == 1 ? "child" : "children"));
   }
 
   /** What the members have in common; null where they differ. */

@@ -9,7 +9,6 @@ import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.io.File;
 import java.io.IOException;
-import java.util.Collections;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
@@ -57,7 +56,7 @@ final class PicturePane extends JPanel {
     add(export, "wrap");
     add(legend, "span, growx, wmin 0, wrap");
     add(view, "span, grow, pad 0 -12 0 12");
-    size.addActionListener(event -> view.setByLeaves(size.getSelectedIndex() == 1));
+    size.addActionListener(event -> view.layOut(size.getSelectedIndex() == 1));
     colour.addActionListener(event -> read());
     up.addActionListener(event -> zoom(view.root < 0 ? -1 : view.picture.parents[view.root]));
     up.setEnabled(false);
@@ -113,7 +112,8 @@ final class PicturePane extends JPanel {
   }
 
   private void mark(List<Member> members) {
-    view.select(members.isEmpty() ? -1 : view.picture.find(members.get(0).handle()));
+    view.selected = members.isEmpty() ? -1 : view.picture.find(members.get(0).handle());
+    view.repaint();
   }
 
   // ---- Reading ----

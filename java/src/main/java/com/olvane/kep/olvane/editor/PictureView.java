@@ -50,7 +50,8 @@ final class PictureView extends JPanel {
     zoom(handle == 0 ? -1 : shown.find(handle));
   }
 
-  void setByLeaves(boolean leaves) {
+  /** Makes blocks as high as the number of their leaves, or of all their members. */
+  void layOut(boolean leaves) {
     byLeaves = leaves;
     layOut();
   }
@@ -59,12 +60,6 @@ final class PictureView extends JPanel {
   void zoom(int member) {
     root = member;
     layOut();
-  }
-
-  /** Marks a member. */
-  void select(int member) {
-    selected = member;
-    repaint();
   }
 
   /** The handles of the members that are drawn and whose names are not known. */
