@@ -39,7 +39,7 @@ public class FastLaneTest {
     for (String table : RandomOutline.TABLES) {
       if (!table.equals("Default")) {
         StandinSession.check("create", OutlineJni.createAliasTable(
-            outline.access.instance, outline.access.handle, table));
+            outline.access.login.instance, outline.access.handle, table));
       }
     }
   }
@@ -88,11 +88,11 @@ public class FastLaneTest {
     Member colours = outline.create(Place.lastDimension(), new NewMember("Colours")
         .add(new NewMember("red")).add(new NewMember("blue")));
     StandinSession.check("category", OutlineJni.assignMemberDimensionCategory(
-        outline.access.instance, outline.access.handle, colours.handle(),
+        outline.access.login.instance, outline.access.handle, colours.handle(),
         new DimensionCategory(DimensionCategory.ATTRIBUTE),
         new AttributeType(AttributeType.DIMENSION_DEFAULT)));
     StandinSession.check("associate", OutlineJni.assignAttributeDimension(
-        outline.access.instance, outline.access.handle, rule.dimension.handle(),
+        outline.access.login.instance, outline.access.handle, rule.dimension.handle(),
         outline.find("Colours").get().handle()));
   }
 

@@ -31,7 +31,7 @@ final class NativeValues {
     texts.add(text(member));
     List<DefaultMember> children = new ArrayList<>();
     check("list", OutlineJni.getChildrenEx(
-        outline.access.instance, outline.access.handle, null, member.getHandle(), children));
+        outline.access.login.instance, outline.access.handle, null, member.getHandle(), children));
     for (DefaultMember child : children) {
       texts.addAll(subtree(child));
     }
@@ -41,7 +41,7 @@ final class NativeValues {
   List<DefaultMember> dimensions() {
     List<DefaultMember> dimensions = new ArrayList<>();
     check("list", OutlineJni.getDimensionsEx(
-        outline.access.instance, outline.access.handle, dimensions));
+        outline.access.login.instance, outline.access.handle, dimensions));
     return dimensions;
   }
 
@@ -50,7 +50,7 @@ final class NativeValues {
   }
 
   String text(DefaultMember member) {
-    InstanceHandle instance = outline.access.instance;
+    InstanceHandle instance = outline.access.login.instance;
     OutlineHandle handle = outline.access.handle;
     int number = member.getHandle();
     Map<String, Object> values = new LinkedHashMap<>();

@@ -114,12 +114,38 @@ public class OutlineTest {
     }) {
       assertThat(messageOf(OutlineException.class, stale), containsString("no such member"));
     }
-    assertThat(messageOf(OutlineException.class, () -> outline.change(rule.dimension,
-        new Changes().alias("Nowhere", "x"))), containsString("(alias) of Product"));
     assertThat(messageOf(IllegalStateException.class, () -> rule.dimension.formula()),
         containsString("was not read"));
     assertEquals("Status 4711 of the outline API.", Status.sentence(4711));
     assertFalse(outline.find("nobody").isPresent());
+  }
+
+  private static void assertSays(String beginning, Runnable call) {
+    String message = messageOf(OutlineException.class, call);
+    assertTrue(message, message.startsWith("Cannot " + beginning + ": "));
+  }
+
+  @Test
+  public void failuresReadAsSentences() {
+    Outline outline = rule.outline;
+    Member product = rule.dimension;
+    Changes nowhere = new Changes().alias("Nowhere", "x");
+    Member a = outline.create(Place.firstBelow(product), new NewMember("a"));
+    outline.delete(a);
+    assertSays("read a", () -> outline.read(a, Details.NONE));
+    assertSays("read members", () -> outline.read(new int[] {a.handle()}, Details.NONE));
+    assertSays("read the children of a", () -> outline.children(a, Details.NONE).count());
+    assertSays("read what is below a", () -> outline.subtree(a, Details.NONE).count());
+    assertSays("read the dimensions (alias)",
+        () -> outline.dimensions(Details.NONE.aliases("Nowhere")));
+    assertSays("change Product (alias)", () -> outline.change(product, nowhere));
+    assertSays("create b (alias)",
+        () -> outline.create(Place.firstBelow(product), new NewMember("b", nowhere)));
+    assertSays("give the name b to a", () -> outline.rename(a, "b"));
+    assertSays("search the outline of Test.Test for *", () -> outline.match("*", a, null));
+    assertSays("remove the name of level 7 of Product", () -> outline.levels().remove(product, 7));
+    assertSays("create the alias table Default", () -> outline.aliasTables().create("Default"));
+    assertSays("open the outline of Test.None for editing", () -> rule.store.edit("Test", "None"));
   }
 
   @Test
@@ -240,8 +266,7 @@ public class OutlineTest {
     Member copied = copy.finish();
     assertEquals(51, copy.copied());
     assertEquals(50, copied.childCount());
-    assertThat(messageOf(OutlineException.class,
-        () -> outline.copy(rule.dimension, Place.firstBelow(a))), containsString("cannot be copied"));
+    assertSays("copy Product", () -> outline.copy(rule.dimension, Place.firstBelow(a)));
   }
 
   @Test

@@ -121,7 +121,7 @@ final class RandomOutline {
 
   /** Makes a member and those below it by the native methods; gives its handle. */
   static int make(Access access, int parent, int sibling, Planned planned) {
-    InstanceHandle instance = access.instance;
+    InstanceHandle instance = access.login.instance;
     OutlineHandle outline = access.handle;
     List<DefaultMember> created = new ArrayList<>();
     check("create", OutlineJni.createMember(

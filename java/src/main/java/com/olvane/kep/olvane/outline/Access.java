@@ -29,7 +29,6 @@ final class Access {
   private static final int KEPT_BUFFERS = 4;
 
   final Login login;
-  final InstanceHandle instance;
   final OutlineHandle handle = new OutlineHandle();
   /** Of the login, or a local one. */
   private final ContextHandle context;
@@ -46,7 +45,6 @@ final class Access {
       Login login, ContextHandle context, String application, String database, boolean editing) {
     this.login = login;
     this.context = context;
-    this.instance = login.instance;
     this.application = application;
     this.database = database;
     this.editing = editing;
@@ -57,7 +55,7 @@ final class Access {
     Access access = new Access(login, context, application, database, true);
     login.beginEditing(access.name());
     try {
-      return access.opened("open the outline for editing",
+      return access.opened("editing",
           OutlineJni.openOutlineEdit(context, application, database, database, access.handle));
     } catch (RuntimeException e) {
       login.forget(access);
@@ -74,15 +72,16 @@ final class Access {
       if (login.session != null) {
         login.session.setActive(application, database);
       }
-      return access.opened("open the outline for browsing",
+      return access.opened("browsing",
           OutlineJni.openOutlineQuery(login.context, access.handle));
     } finally {
       login.active.unlock();
     }
   }
 
-  private Access opened(String action, int status) {
-    check(action, name(), "", status == Status.OK && !handle.isSet() ? Status.REFUSED : status);
+  private Access opened(String purpose, int status) {
+    int refused = status == Status.OK && !handle.isSet() ? Status.REFUSED : status;
+    check("open " + this + " for " + purpose, "", "", refused);
     return login.keep(this);
   }
 
@@ -90,17 +89,10 @@ final class Access {
     return application + "." + database;
   }
 
-  /** Waits for the call that runs; {@link #leave} must follow. */
-  void enter() {
-    lock.lock();
-    if (!handle.isSet()) {
-      lock.unlock();
-      throw new IllegalStateException("The outline of " + name() + " is closed");
-    }
-  }
-
-  void leave() {
-    lock.unlock();
+  /** As it is called within a sentence. */
+  @Override
+  public String toString() {
+    return "the outline of " + name();
   }
 
   private void requireEditing() {
@@ -110,39 +102,44 @@ final class Access {
     }
   }
 
-  /** Throws unless a status is 0. */
+  /** Throws unless a status is 0; {@code action} and the member's name say what failed. */
   static void check(String action, String member, String field, int status) {
     if (status != Status.OK) {
       throw new OutlineException(action, status, member, field);
     }
   }
 
-  /** Makes a call and gives what it answers. */
+  /** Makes a call after the one that runs, and gives what it answers. */
   int answer(Call call) {
-    enter();
+    lock.lock();
     try {
-      return call.on(instance, handle);
+      if (!handle.isSet()) {
+        throw new IllegalStateException("The outline of " + name() + " is closed");
+      }
+      return call.on(login.instance, handle);
     } finally {
-      leave();
+      lock.unlock();
     }
   }
 
   /** Makes a call that changes the outline, and gives what it answers. */
   int answerToEdit(Call call) {
     requireEditing();
-    enter();
-    try {
+    return answer((i, o) -> {
       edits++;
-      return call.on(instance, handle);
-    } finally {
-      leave();
-    }
+      return call.on(i, o);
+    });
   }
 
-  /** Makes a call that changes nothing. */
+  /** Makes a call that changes nothing; {@code member} is the name of the one it is about. */
   void read(String action, String member, Call call) {
     int status = answer(call);
     check(action, member, call.field(), status);
+  }
+
+  /** Makes a call that changes nothing and is about no member. */
+  void read(String action, Call call) {
+    read(action, "", call);
   }
 
   /** Makes a call that changes the outline. */
@@ -151,11 +148,16 @@ final class Access {
     check(action, member, call.field(), status);
   }
 
+  /** Makes a call that changes the outline and is about no member. */
+  void edit(String action, Call call) {
+    edit(action, "", call);
+  }
+
   /** Makes a call that uses the active database of the login. */
   void inContext(String action, Call call) {
     login.active.lock();
     try {
-      read(action, name(), call);
+      read(action, call);
     } finally {
       login.active.unlock();
     }
@@ -166,7 +168,7 @@ final class Access {
     return edits;
   }
 
-  /** Call it while entered. */
+  /** Call it within a call. */
   void requireUnchanged(long since) {
     if (edits != since) {
       throw new ConcurrentModificationException(
@@ -175,18 +177,13 @@ final class Access {
   }
 
   boolean hasUnsavedEdits() {
-    enter();
-    try {
-      return edits != savedEdits;
-    } finally {
-      leave();
-    }
+    return answer((i, o) -> edits == savedEdits ? 0 : 1) != 0;
   }
 
   /** Writes the outline to its database. */
   void save() {
     requireEditing();
-    read("save the outline", name(), (i, o) -> {
+    read("save " + this, (i, o) -> {
       int status = OutlineJni.write(context, o, application, database);
       savedEdits = status == Status.OK ? edits : savedEdits;
       return status;
@@ -208,7 +205,7 @@ final class Access {
       handle.setValue(0);
       buffers.clear();
       login.forget(this);
-      check("close the outline", name(), "", status);
+      check("close " + this, "", "", status);
     } finally {
       lock.unlock();
     }

@@ -2,7 +2,6 @@ package com.olvane.kep.olvane.outline;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.defs.outline.AliasTable;
-import com.olvane.kep.olvane.defs.outline.OutlineSettings;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
@@ -15,17 +14,10 @@ public final class AliasTables {
     this.access = access;
   }
 
-  private static String given(String table) {
-    return Texts.given("", "name of an alias table", table, Texts.ALIAS_TABLE);
-  }
-
   /** {@return the names of the tables, the default table first} */
   public List<String> names() {
-    OutlineSettings settings = new OutlineSettings();
-    access.read("list the alias tables", access.name(),
-        (i, o) -> OutlineJni.getSettings(i, o, settings));
     List<String> names = new ArrayList<>();
-    for (AliasTable table : settings.getAliasTables()) {
+    for (AliasTable table : new Settings(access).read().getAliasTables()) {
       names.add(table.isDefaultTable() ? 0 : names.size(), table.getName());
     }
     return names;
@@ -37,8 +29,8 @@ public final class AliasTables {
    * @param table its name, 1 to 30 bytes
    */
   public void create(String table) {
-    given(table);
-    access.edit("create the alias table " + table, "",
+    Texts.aliasTable(table);
+    access.edit("create the alias table " + table,
         (i, o) -> OutlineJni.createAliasTable(i, o, table));
   }
 
@@ -48,8 +40,8 @@ public final class AliasTables {
    * @param table its name
    */
   public void delete(String table) {
-    given(table);
-    access.edit("delete the alias table " + table, "",
+    Texts.aliasTable(table);
+    access.edit("delete the alias table " + table,
         (i, o) -> OutlineJni.deleteAliasTable(i, o, table));
   }
 
@@ -59,8 +51,8 @@ public final class AliasTables {
    * @param table its name
    */
   public void clear(String table) {
-    given(table);
-    access.edit("clear the alias table " + table, "",
+    Texts.aliasTable(table);
+    access.edit("clear the alias table " + table,
         (i, o) -> OutlineJni.clearAliasTable(i, o, table));
   }
 
@@ -71,9 +63,9 @@ public final class AliasTables {
    * @param newName its new name, 1 to 30 bytes
    */
   public void rename(String table, String newName) {
-    given(table);
-    given(newName);
-    access.edit("rename the alias table " + table + " to " + newName, "",
+    Texts.aliasTable(table);
+    Texts.aliasTable(newName);
+    access.edit("rename the alias table " + table + " to " + newName,
         (i, o) -> OutlineJni.renameAliasTable(i, o, table, newName));
   }
 
@@ -85,9 +77,9 @@ public final class AliasTables {
    * @param overwrite whether a table of that name may be replaced
    */
   public void copy(String table, String newName, boolean overwrite) {
-    given(table);
-    given(newName);
-    access.edit("copy the alias table " + table + " to " + newName, "",
+    Texts.aliasTable(table);
+    Texts.aliasTable(newName);
+    access.edit("copy the alias table " + table + " to " + newName,
         (i, o) -> OutlineJni.copyAliasTable(i, o, table, newName, overwrite));
   }
 
@@ -98,8 +90,8 @@ public final class AliasTables {
    * @param file the file
    */
   public void exportTo(String table, Path file) {
-    given(table);
-    access.read("write the alias table " + table + " to " + file, "",
+    Texts.aliasTable(table);
+    access.read("write the alias table " + table + " to " + file,
         (i, o) -> OutlineJni.exportAliasTable(i, o, table, file.toString()));
   }
 
@@ -116,7 +108,7 @@ public final class AliasTables {
   public String importFrom(Path file, String table, boolean existing) {
     Texts.fitting("", "name of an alias table", table, Texts.ALIAS_TABLE);
     StringBuffer used = new StringBuffer();
-    access.edit("read an alias table from " + file, "",
+    access.edit("read an alias table from " + file,
         (i, o) -> OutlineJni.importAliasTable(i, o, file.toString(),
             new StringBuffer(table), existing, used));
     return used.toString();

@@ -58,10 +58,14 @@ public final class Attributes {
     this.access = access;
   }
 
+  private void change(String what, Access.Call call) {
+    access.edit("change the " + what + " of " + access.name(), call);
+  }
+
   /** {@return the settings as they are now; to change the object changes nothing} */
   public AttributeSettings settings() {
     AttributeSettings settings = new AttributeSettings();
-    access.read("read the attribute settings", access.name(),
+    access.read("read the attribute settings of " + access.name(),
         (i, o) -> OutlineJni.getAttributeSpecsEx(i, o, settings));
     return settings;
   }
@@ -74,7 +78,7 @@ public final class Attributes {
    */
   public void set(Name which, String name) {
     Texts.given("", which.words, name, Texts.NAME);
-    access.edit("change the " + which.words, "", (i, o) -> which.update.on(i, o, name));
+    change(which.words, (i, o) -> which.update.on(i, o, name));
   }
 
   /**
@@ -86,11 +90,9 @@ public final class Attributes {
    */
   public void setLongNames(
       LongNameConstructor constructor, LongNameSource source, LongNameDelimiter delimiter) {
-    access.edit("change long names", "",
-        (i, o) -> OutlineJni.updateLongnameConstructor(i, o, constructor));
-    access.edit("change long names", "", (i, o) -> OutlineJni.updateLongnameSource(i, o, source));
-    access.edit("change long names", "",
-        (i, o) -> OutlineJni.updateLongnameDelimiter(i, o, delimiter));
+    change("long names", (i, o) -> OutlineJni.updateLongnameConstructor(i, o, constructor));
+    change("long names", (i, o) -> OutlineJni.updateLongnameSource(i, o, source));
+    change("long names", (i, o) -> OutlineJni.updateLongnameDelimiter(i, o, delimiter));
   }
 
   /**
@@ -99,8 +101,7 @@ public final class Attributes {
    * @param format the format
    */
   public void setDateFormat(AttributeDateFormat format) {
-    access.edit("change the date format", "",
-        (i, o) -> OutlineJni.updateDateFormat(i, o, format));
+    change("date format", (i, o) -> OutlineJni.updateDateFormat(i, o, format));
   }
 
   /**
@@ -109,7 +110,7 @@ public final class Attributes {
    * @param type the bounds
    */
   public void setRanges(BucketingType type) {
-    access.edit("change the ranges", "", (i, o) -> OutlineJni.updateBucketingType(i, o, type));
+    change("attribute ranges", (i, o) -> OutlineJni.updateBucketingType(i, o, type));
   }
 
   /**
@@ -119,7 +120,7 @@ public final class Attributes {
    * @param attribute the attribute dimension
    */
   public void associate(Member base, Member attribute) {
-    access.edit("associate " + attribute.name(), base.name(),
+    access.edit("associate " + attribute + " with", base.name(),
         (i, o) -> OutlineJni.assignAttributeDimension(i, o, base.handle(), attribute.handle()));
   }
 
@@ -130,7 +131,7 @@ public final class Attributes {
    * @param attribute the attribute dimension
    */
   public void dissociate(Member base, Member attribute) {
-    access.edit("remove the association with " + attribute.name(), base.name(),
+    access.edit("remove the association of " + attribute + " with", base.name(),
         (i, o) -> OutlineJni.unassignAttributeDimension(i, o, base.handle(), attribute.name()));
   }
 }

@@ -103,9 +103,8 @@ abstract class BrowsedOutline {
       throw new IllegalArgumentException("No child has the position " + position);
     }
     Objects.requireNonNull(parent);
-    return position == 0
-        ? Page.read(access, parent, OutlineBulk.FROM_FIRST, 0, size, details)
-        : Page.read(access, parent, OutlineBulk.FROM_POSITION, (int) position, size, details);
+    int start = position == 0 ? OutlineBulk.FROM_FIRST : OutlineBulk.FROM_POSITION;
+    return new Page(access, parent, start, (int) position, size, details);
   }
 
   /**
@@ -119,7 +118,7 @@ abstract class BrowsedOutline {
    * @throws OutlineException if {@code first} is no child of {@code parent} any more
    */
   public Page pageFrom(Member parent, Member first, int size, Details details) {
-    return Page.read(access, Objects.requireNonNull(parent), OutlineBulk.FROM_MEMBER,
+    return new Page(access, Objects.requireNonNull(parent), OutlineBulk.FROM_MEMBER,
         first.handle(), size, details);
   }
 
@@ -157,7 +156,7 @@ abstract class BrowsedOutline {
    */
   public List<Member> ancestors(Member member, Details details) {
     List<DefaultMember> found = new ArrayList<>();
-    access.read("read the ancestors", member.name(),
+    access.read("read the ancestors of", member.name(),
         (i, o) -> OutlineJni.getMemberAncestors(i, o, null, member.handle(), found));
     int[] handles = found.stream().mapToInt(DefaultMember::getHandle).toArray();
     return read(handles, details);
@@ -172,7 +171,7 @@ abstract class BrowsedOutline {
   public long position(Member member) {
     try (BulkCall call = new BulkCall(access, OutlineBulk.POSITION, Collections.emptyList())) {
       call.put(OutlineBulk.MEMBER, member.handle());
-      access.read("find the position", member.name(), call);
+      access.read("tell the position of", member.name(), call);
       return Integer.toUnsignedLong(call.count());
     }
   }
@@ -196,7 +195,7 @@ abstract class BrowsedOutline {
    */
   public List<List<String>> paths(Search search) {
     List<MemberPath> found = new ArrayList<>();
-    access.read("search the outline", access.name(), (i, o) -> search.paths(o, found));
+    access.read("search " + access, (i, o) -> search.paths(o, found));
     return found.stream().map(MemberPath::getNames).collect(Collectors.toList());
   }
 
@@ -211,9 +210,8 @@ abstract class BrowsedOutline {
   public List<String> match(String pattern, Member dimension, String table) {
     Texts.given("", "pattern", pattern, Integer.MAX_VALUE);
     List<MemberInfo> found = new ArrayList<>();
-    access.read("search for " + pattern, access.name(), (i, o) -> OutlineJni.listFindMembers(
-        o, dimension == null ? null : dimension.name(), pattern, table != null, table,
-        found));
+    access.read("search " + access + " for " + pattern, (i, o) -> OutlineJni.listFindMembers(
+        o, dimension == null ? null : dimension.name(), pattern, table != null, table, found));
     return found.stream().map(MemberInfo::getName).collect(Collectors.toList());
   }
 
@@ -225,7 +223,7 @@ abstract class BrowsedOutline {
    */
   public List<String> udas(Member dimension) {
     Set<String> udas = new LinkedHashSet<>();
-    access.read("list the user-defined attributes", dimension.name(),
+    access.read("list the user-defined attributes of", dimension.name(),
         (i, o) -> OutlineJni.getDimensionUDAS(i, o, dimension.name(), 0, udas));
     return new ArrayList<>(udas);
   }

@@ -134,7 +134,7 @@ final class Build {
     }
     if (status != Status.OK) {
       String refused = call.count() < request.size() ? request.get(call.count()).name : "";
-      throw new OutlineException("make the member", status, refused, call.field())
+      throw new OutlineException("create", status, refused, call.field())
           .madeBefore(Arrays.copyOf(made, count));
     }
     call.close();

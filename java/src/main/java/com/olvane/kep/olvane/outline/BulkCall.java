@@ -20,6 +20,8 @@ final class BulkCall implements Access.Call, AutoCloseable {
   private final Access access;
   private ByteBuffer buffer;
   private int size;
+  /** The edits when the call was first made; -1 before. */
+  private long edits = -1;
 
   /** Begins a request. */
   BulkCall(Access access, int operation, List<String> tables) {
@@ -29,7 +31,7 @@ final class BulkCall implements Access.Call, AutoCloseable {
     put(0, OutlineBulk.VERSION);
     put(OutlineBulk.OPERATION, operation);
     put(OutlineBulk.OUTLINE, access.handle.getValue());
-    put(OutlineBulk.INSTANCE, access.instance.getValue());
+    put(OutlineBulk.INSTANCE, access.login.instance.getValue());
     texts(tables);
   }
 
@@ -37,7 +39,7 @@ final class BulkCall implements Access.Call, AutoCloseable {
   private void room(int bytes) {
     if (bytes < 0 || bytes > Integer.MAX_VALUE - size) {
       throw new OutlineException(
-          "read or write a member of more than two gigabytes", Status.REFUSED, access.name(), "");
+          "read or write a member of more than two gigabytes", Status.REFUSED, "", "");
     }
     if (buffer.capacity() - size < bytes) {
       ByteBuffer small = buffer;
@@ -106,9 +108,11 @@ final class BulkCall implements Access.Call, AutoCloseable {
     return buffer.getInt(at);
   }
 
-  /** Makes the call. The buffer grows where a record asks. */
+  /** Makes the call, or goes on with it. The buffer grows where a record asks. */
   @Override
   public int on(InstanceHandle i, OutlineHandle o) {
+    edits = edits < 0 ? access.edits() : edits;
+    access.requireUnchanged(edits);
     put(OutlineBulk.REQUEST_END, size);
     int needed = 0;
     do {

@@ -262,9 +262,7 @@ public final class Changes {
    * @return this
    */
   public Changes alias(String table, String alias) {
-    aliases.put(
-        Texts.given("", "name of an alias table", table, Texts.ALIAS_TABLE),
-        Texts.fitting("", "alias", alias, Integer.MAX_VALUE));
+    aliases.put(Texts.aliasTable(table), Texts.fitting("", "alias", alias, Integer.MAX_VALUE));
     return this;
   }
 

@@ -2,11 +2,29 @@ package com.olvane.kep.olvane.outline;
 
 /** A number that an outline keeps, with what it means in words. */
 public interface Code {
+  /** A number and its words, which each constant is made of. */
+  final class Meaning {
+    private final short code;
+    private final String words;
+
+    Meaning(int code, String words) {
+      this.code = (short) code;
+      this.words = words;
+    }
+  }
+
+  /** {@return the number and the words together} */
+  Meaning meaning();
+
   /** {@return the number as the outline keeps it} */
-  short code();
+  default short code() {
+    return meaning().code;
+  }
 
   /** {@return what it means, as a program would show it} */
-  String words();
+  default String words() {
+    return meaning().words;
+  }
 
   /**
    * Finds the constant of a number.

@@ -17,22 +17,15 @@ public enum Consolidation implements Code {
   /** A code that has no name here; the member tells it. */
   OTHER(-1, "another code");
 
-  private final short code;
-  private final String words;
+  private final Meaning meaning;
 
   Consolidation(int code, String words) {
-    this.code = (short) code;
-    this.words = words;
+    meaning = new Meaning(code, words);
   }
 
   @Override
-  public short code() {
-    return code;
-  }
-
-  @Override
-  public String words() {
-    return words;
+  public Meaning meaning() {
+    return meaning;
   }
 
   /** {@return the sign that stands for it, a question mark for {@link #OTHER}} */

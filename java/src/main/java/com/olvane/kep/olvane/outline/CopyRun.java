@@ -25,10 +25,10 @@ public final class CopyRun {
           "A copy cannot become the first dimension; copy it behind one and move it");
     }
     List<DefaultMember> made = new ArrayList<>();
-    access.edit("copy the member", source.name(), (i, o) -> OutlineJni.copyMember(
+    access.edit("copy", source.name(), (i, o) -> OutlineJni.copyMember(
         i, o, null, place.reference(), null, source.handle(), place.isBehind(), request, made));
     if (made.isEmpty()) {
-      throw new OutlineException("copy the member", Status.REFUSED, source.name(), "");
+      throw new OutlineException("copy", Status.REFUSED, source.name(), "");
     }
     copy = made.get(0).getHandle();
   }
@@ -52,7 +52,7 @@ public final class CopyRun {
   public boolean next() {
     requireNotCancelled();
     if (!request.isFinished()) {
-      access.edit("copy the members below", source,
+      access.edit("copy what is below", source,
           (i, o) -> OutlineJni.copyContinue(i, o, request));
     }
     return !request.isFinished();
@@ -65,7 +65,6 @@ public final class CopyRun {
    * @throws OutlineException if a member cannot be copied; nothing is left of the copy then
    */
   public Member finish() {
-    requireNotCancelled();
     try {
       while (next()) {
         // Each turn copies a few members.
@@ -86,7 +85,7 @@ public final class CopyRun {
   /** Removes what was copied. Cancelling again does nothing. */
   public void cancel() {
     if (!cancelled) {
-      access.edit("remove the copy", source,
+      access.edit("remove the copy of", source,
           (i, o) -> OutlineJni.deleteMember(i, o, copy));
       cancelled = true;
     }

@@ -22,7 +22,7 @@ public final class Database {
    * @param database the name of the other database
    */
   public void saveAs(String application, String database) {
-    access.inContext("save the outline as " + application + "." + database,
+    access.inContext("save " + access + " as " + application + "." + database,
         (i, o) -> OutlineJni.saveAsObject(
             i, access.login.context, o, access.login.context, application, database));
   }
@@ -34,8 +34,8 @@ public final class Database {
    */
   public String saveToScratch() {
     SavedFile file = new SavedFile();
-    access.inContext("save the outline to a local file", (i, o) -> OutlineJni.saveAsFileBegin(
-        i, access.login.context, o, file));
+    access.inContext("write " + access + " to a local file",
+        (i, o) -> OutlineJni.saveAsFileBegin(i, access.login.context, o, file));
     return file.getLocation();
   }
 
@@ -45,7 +45,7 @@ public final class Database {
    * @param option the number of the restructure option, 1 where nothing speaks for another
    */
   public void restructure(int option) {
-    access.inContext("restructure the database", (i, o) -> OutlineJni.restructure(
+    access.inContext("restructure " + access.name(), (i, o) -> OutlineJni.restructure(
         access.login.context, (short) option, access.application, access.database));
   }
 
@@ -56,7 +56,8 @@ public final class Database {
    * @param database the name of the currency database
    */
   public void deriveCurrencyOutline(String application, String database) {
-    access.inContext("derive the currency outline " + application + "." + database,
+    access.inContext(
+        "make " + application + "." + database + " the currency outline of " + access.name(),
         (i, o) -> OutlineJni.generateCurrencyDB(i, o, access.login.context, application, database));
   }
 
@@ -68,7 +69,7 @@ public final class Database {
    */
   public int cellCount(String area) {
     IntHolder count = new IntHolder();
-    access.inContext("count the cells", (i, o) -> {
+    access.inContext("count the cells of " + access.name(), (i, o) -> {
       if (access.login.session != null) {
         access.login.session.setActive(access.application, access.database);
       }
@@ -82,7 +83,8 @@ public final class Database {
     int answer = access.answer((i, o) -> OutlineJni.getDataLoaded(
         i, access.login.context, access.application, access.database));
     // -1 is its yes.
-    Access.check("see whether there is data", access.name(), "", answer == -1 ? 0 : answer);
+    Access.check("see whether " + access.name() + " holds data", "", "",
+        answer == -1 ? 0 : answer);
     return answer == -1;
   }
 
@@ -91,7 +93,7 @@ public final class Database {
     int answer = access.answer((i, o) -> OutlineJni.getLockedState(
         i, access.login.context, access.application, access.database));
     // The indicator is a byte; statuses are larger.
-    Access.check("see whether it is locked", access.name(), "",
+    Access.check("see whether " + access + " is locked", "", "",
         answer >= 0 && answer <= 0xff ? 0 : answer);
     return answer != 0;
   }

@@ -58,7 +58,7 @@ public final class Details {
    */
   public Details aliases(String... names) {
     for (String name : names) {
-      Texts.given("", "name of an alias table", name, Texts.ALIAS_TABLE);
+      Texts.aliasTable(name);
     }
     int others = bits & ~OutlineBulk.DETAIL_ALIASES;
     return new Details(

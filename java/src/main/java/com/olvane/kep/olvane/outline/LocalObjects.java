@@ -29,7 +29,7 @@ public final class LocalObjects {
    * @throws OutlineException if it cannot be written
    */
   public void write(Outline outline, String name) {
-    outline.access.read("keep the outline aside as " + name, outline.toString(),
+    outline.access.read("keep " + outline.access + " aside as " + name,
         (i, o) -> OutlineJni.write(login.localContext(), o, APPLICATION, name));
   }
 
@@ -43,7 +43,7 @@ public final class LocalObjects {
    * @throws OutlineException if it cannot be written
    */
   public void writeBack(Outline kept, String application, String database) {
-    kept.access.read("save the outline to " + application + "." + database, "",
+    kept.access.read("write " + kept.access + " back to " + application + "." + database,
         (i, o) -> OutlineJni.write(login.context, o, application, database));
   }
 
@@ -65,10 +65,11 @@ public final class LocalObjects {
   }
 
   /**
-   * Removes a local object. An outline that this store has opened from it goes on without it.
+   * Removes a local object; where there is none, nothing is done. An outline that this store has
+   * opened from it goes on without it.
    *
    * @param name the name of the object
-   * @throws StatusException if there is none, or somebody else has it open
+   * @throws StatusException if somebody else has it open
    */
   public void remove(String name) {
     login.session.deleteDatabase(login.localContext(), APPLICATION, name);

@@ -56,16 +56,6 @@ final class Login {
     edited.remove(name);
   }
 
-  /** Does something while this login does not edit an outline. */
-  void whileNotEdited(String name, Runnable action) {
-    beginEditing(name);
-    try {
-      action.run();
-    } finally {
-      endEditing(name);
-    }
-  }
-
   /** Notes an outline that was opened; it closes with this login. */
   Access keep(Access outline) {
     synchronized (this) {

@@ -29,7 +29,7 @@ public final class Member {
   // Null where they were not asked for.
   private final String extendedComment;
   private final String formula;
-  private final String[] aliases;
+  private final List<String> aliases;
   private final List<String> udas;
   private final List<Attribute> attributes;
 
@@ -51,17 +51,16 @@ public final class Member {
     formula = details.has(OutlineBulk.DETAIL_FORMULA) ? in.text() : null;
     aliases = details.has(OutlineBulk.DETAIL_ALIASES)
         ? readTexts(in, details.aliasTables().size()) : null;
-    udas = details.has(OutlineBulk.DETAIL_UDAS)
-        ? Collections.unmodifiableList(Arrays.asList(readTexts(in, in.number()))) : null;
+    udas = details.has(OutlineBulk.DETAIL_UDAS) ? readTexts(in, in.number()) : null;
     attributes = details.has(OutlineBulk.DETAIL_ATTRIBUTES) ? readAttributes(in) : null;
   }
 
-  private static String[] readTexts(RecordReader in, int count) {
+  private static List<String> readTexts(RecordReader in, int count) {
     String[] read = new String[count];
     for (int i = 0; i < count; i++) {
       read[i] = in.text();
     }
-    return read;
+    return Collections.unmodifiableList(Arrays.asList(read));
   }
 
   private static List<Attribute> readAttributes(RecordReader in) {
@@ -72,11 +71,13 @@ public final class Member {
     return Collections.unmodifiableList(Arrays.asList(read));
   }
 
-  private void require(int detail, String what) {
+  /** Gives what belongs to a detail, if that was asked for. */
+  private <T> T asked(int detail, String what, T value) {
     if (!details.has(detail)) {
       throw new IllegalStateException(
           "The " + what + " of " + name + " was not read; ask for it with Details");
     }
+    return value;
   }
 
   private boolean flag(int flag) {
@@ -235,26 +236,22 @@ public final class Member {
 
   /** {@return the handle of the parent, 0 for a dimension} */
   public int parentHandle() {
-    require(OutlineBulk.DETAIL_PLACE, "place");
-    return parent;
+    return asked(OutlineBulk.DETAIL_PLACE, "place", parent);
   }
 
   /** {@return the handle of the previous sibling, 0 for a first one} */
   public int previousHandle() {
-    require(OutlineBulk.DETAIL_PLACE, "place");
-    return previous;
+    return asked(OutlineBulk.DETAIL_PLACE, "place", previous);
   }
 
   /** {@return the extended comment} */
   public String extendedComment() {
-    require(OutlineBulk.DETAIL_EXTENDED_COMMENT, "extended comment");
-    return extendedComment;
+    return asked(OutlineBulk.DETAIL_EXTENDED_COMMENT, "extended comment", extendedComment);
   }
 
   /** {@return the formula} */
   public String formula() {
-    require(OutlineBulk.DETAIL_FORMULA, "formula");
-    return formula;
+    return asked(OutlineBulk.DETAIL_FORMULA, "formula", formula);
   }
 
   /**
@@ -269,19 +266,17 @@ public final class Member {
       throw new IllegalStateException(
           "The aliases in " + table + " were not read; ask for them with Details");
     }
-    return aliases[index];
+    return aliases.get(index);
   }
 
   /** {@return the user-defined attributes, an unmodifiable list} */
   public List<String> udas() {
-    require(OutlineBulk.DETAIL_UDAS, "list of user-defined attributes");
-    return udas;
+    return asked(OutlineBulk.DETAIL_UDAS, "list of user-defined attributes", udas);
   }
 
   /** {@return the associated attribute members, an unmodifiable list} */
   public List<Attribute> attributes() {
-    require(OutlineBulk.DETAIL_ATTRIBUTES, "list of attribute members");
-    return attributes;
+    return asked(OutlineBulk.DETAIL_ATTRIBUTES, "list of attribute members", attributes);
   }
 
   /** {@return what was asked for when it was read} */

@@ -30,7 +30,7 @@ public final class NumberedNames {
    */
   public Map<Integer, String> all(Member dimension) {
     List<GenerationOrLevel> found = new ArrayList<>();
-    access.read("list the " + kind + "s", dimension.name(), (i, o) -> generations
+    access.read("list the " + kind + "s of", dimension.name(), (i, o) -> generations
         ? OutlineJni.getActualGenerations(i, o, dimension.name(), found)
         : OutlineJni.getActualLevels(i, o, dimension.name(), found));
     Map<Integer, String> names = new LinkedHashMap<>();
@@ -48,7 +48,7 @@ public final class NumberedNames {
    */
   public List<String> given(Member dimension) {
     List<String> names = new ArrayList<>();
-    access.read("list the names of " + kind + "s", dimension.name(), (i, o) -> generations
+    access.read("list the " + kind + " names of", dimension.name(), (i, o) -> generations
         ? OutlineJni.getGenerations(i, o, dimension.name(), names)
         : OutlineJni.getLevels(i, o, dimension.name(), names));
     return names;
@@ -64,7 +64,7 @@ public final class NumberedNames {
   public void name(Member dimension, int number, String name) {
     Texts.given(dimension.name(), "name of " + kind + " " + number, name, Texts.NAME);
     short value = number(number);
-    access.edit("name " + kind + " " + number, dimension.name(), (i, o) -> generations
+    access.edit("name " + kind + " " + number + " of", dimension.name(), (i, o) -> generations
         ? OutlineJni.createGeneration(i, o, dimension.name(), name, value)
         : OutlineJni.createLevel(i, o, dimension.name(), name, value));
   }
@@ -77,7 +77,7 @@ public final class NumberedNames {
    */
   public void remove(Member dimension, int number) {
     short value = number(number);
-    access.edit("remove the name of " + kind + " " + number, dimension.name(),
+    access.edit("remove the name of " + kind + " " + number + " of", dimension.name(),
         (i, o) -> generations
         ? OutlineJni.deleteGeneration(i, o, dimension.name(), value)
         : OutlineJni.deleteLevel(i, o, dimension.name(), value));

@@ -99,7 +99,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public Member create(Place place, NewMember member) {
     int[] made = build(place, Collections.singletonList(member));
-    return read(new int[] {made[0]}, Details.NONE).get(0);
+    return Reading.again(access, member.name(), made[0], Details.NONE);
   }
 
   /**
@@ -124,11 +124,11 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public Member change(Member member, Changes changes) {
     for (String uda : changes.removedUdas) {
-      access.edit("remove the user-defined attribute " + uda, member.name(),
+      access.edit("remove the user-defined attribute " + uda + " of", member.name(),
           (i, o) -> OutlineJni.deleteMemberUDA(i, o, member.handle(), uda));
     }
     for (String name : changes.removedAttributes) {
-      access.edit("remove the association with " + name, member.name(),
+      access.edit("remove the attribute " + name + " of", member.name(),
           (i, o) -> OutlineJni.unassignAttributeMember(i, o, member.handle(), name));
     }
     List<String> tables = new ArrayList<>();
@@ -136,7 +136,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     try (BulkCall call = new BulkCall(access, OutlineBulk.UPDATE, tables)) {
       int record = changes.write(call, null, tables);
       call.put(record + OutlineBulk.MAKE_HANDLE, member.handle());
-      access.edit("change the member", member.name(), call);
+      access.edit("change", member.name(), call);
     }
     return read(member, member.details());
   }
@@ -163,7 +163,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
   }
 
   private void categorise(Member dimension, DimensionCategory category, AttributeType type) {
-    access.edit("set the category", dimension.name(),
+    access.edit("set the category of", dimension.name(),
         (i, o) -> OutlineJni.assignMemberDimensionCategory(i, o, dimension.handle(),
             new com.olvane.kep.olvane.defs.outline.DimensionCategory(category.code()), type));
   }
@@ -175,7 +175,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param code the number of the type, 1 for a regular one
    */
   public void setStorageType(Member dimension, short code) {
-    access.edit("set the storage type", dimension.name(),
+    access.edit("set the storage type of", dimension.name(),
         (i, o) -> OutlineJni.assignDimensionStorageType(
             i, o, dimension.handle(), new DimensionStorageType(code)));
   }
@@ -187,7 +187,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param enabled true if so
    */
   public void setHybridAnalysis(Member dimension, boolean enabled) {
-    access.edit("set hybrid analysis", dimension.name(),
+    access.edit("switch hybrid analysis for", dimension.name(),
         (i, o) -> OutlineJni.assignDimensionHybridAnalysis(i, o, dimension.handle(), enabled));
   }
 
@@ -199,7 +199,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public void rename(Member member, String name) {
     Texts.given(member.name(), "new name", name, Texts.NAME);
-    access.edit("rename the member to " + name, member.name(),
+    access.edit("give the name " + name + " to", member.name(),
         (i, o) -> OutlineJni.renameMember(i, o, member.handle(), name));
   }
 
@@ -214,7 +214,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     if (to.sibling == member.handle()) {
       return;
     }
-    access.edit("move the member", member.name(),
+    access.edit("move", member.name(),
         (i, o) -> OutlineJni.moveMember(i, o, to.reference(), member.handle(), to.isBehind()));
   }
 
@@ -224,7 +224,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param member the member
    */
   public void delete(Member member) {
-    access.edit("delete the member", member.name(),
+    access.edit("delete", member.name(),
         (i, o) -> OutlineJni.deleteMember(i, o, member.handle()));
   }
 
@@ -235,7 +235,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param ascending false for the reverse order
    */
   public void sortChildren(Member parent, boolean ascending) {
-    access.edit("sort the children", parent.name(),
+    access.edit("sort the children of", parent.name(),
         (i, o) -> OutlineJni.sortChildren(i, o, parent.handle(), ascending));
   }
 
@@ -260,8 +260,8 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    */
   public List<Finding> verify() {
     List<VerifyFinding> found = new ArrayList<>();
-    access.read("verify the outline", access.name(), (i, o) -> OutlineJni.verifyOutlineEdit(
-        i, access.login.context, o, found));
+    access.read("verify " + access,
+        (i, o) -> OutlineJni.verifyOutlineEdit(i, access.login.context, o, found));
     return found.stream().map(Finding::new).collect(Collectors.toList());
   }
 

@@ -15,37 +15,35 @@ public final class OutlineException extends RuntimeException {
   /** The members made before. */
   private int[] made = {};
 
+  /**
+   * A call that failed.
+   *
+   * @param action what cannot be done; the name of the member follows, where there is one
+   */
   OutlineException(String action, int status, String member, String field) {
-    super(text(action, member, field) + ": " + Status.sentence(status));
-    this.status = status;
-    this.member = member;
-    this.field = field;
-    this.limit = 0;
+    this(status, member, field, 0,
+        "Cannot " + action + (member.isEmpty() ? "" : " " + member)
+            + (field.isEmpty() ? "" : " (" + field + ")") + ": "
+            + Status.sentence(status));
   }
 
-  /** A text that is too long, found before anything was called. */
-  private OutlineException(String member, String field, int limit, String message) {
+  private OutlineException(int status, String member, String field, int limit, String message) {
     super(message);
-    this.status = Status.REFUSED;
+    this.status = status;
     this.member = member;
     this.field = field;
     this.limit = limit;
   }
 
-  private static String text(String action, String member, String field) {
-    return "Cannot " + action + (field.isEmpty() ? "" : " (" + field + ")")
-        + (member.isEmpty() ? "" : " of " + member);
-  }
-
   static OutlineException tooLong(String member, String field, int bytes, int limit, String text) {
     String shown = text.length() > 100 ? text.substring(0, 100) + "..." : text;
-    return new OutlineException(member, field, limit,
+    return new OutlineException(Status.REFUSED, member, field, limit,
         "The " + field + (member.isEmpty() ? "" : " of " + member) + " takes " + bytes
             + " bytes, at most " + limit + " fit; shorten it: " + shown);
   }
 
   static OutlineException empty(String member, String field) {
-    return new OutlineException(member, field, 0,
+    return new OutlineException(Status.REFUSED, member, field, 0,
         "The " + field + (member.isEmpty() ? "" : " of " + member) + " is empty; give one");
   }
 

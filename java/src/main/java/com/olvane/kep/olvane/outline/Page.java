@@ -14,37 +14,29 @@ public final class Page implements Iterable<Member> {
   private final List<Member> members;
   private final boolean last;
 
-  private Page(
-      Access access, Member parent, Details details, int size, List<Member> members,
-      boolean last) {
+  /** Reads a page. */
+  Page(Access access, Member parent, int start, int next, int size, Details details) {
+    if (size <= 0) {
+      throw new IllegalArgumentException("A page has at least one member, not " + size);
+    }
     this.access = access;
     this.parent = parent;
     this.details = details;
     this.size = size;
-    this.members = members;
-    this.last = last;
-  }
-
-  /** Reads a page; {@code parent} is null for the dimensions. */
-  static Page read(
-      Access access, Member parent, int start, int next, int size, Details details) {
-    if (size <= 0) {
-      throw new IllegalArgumentException("A page has at least one member, not " + size);
-    }
     Reading reading = Reading.children(access, parent, start, next, details);
-    List<Member> members = reading.list(size);
-    return new Page(access, parent, details, size, members, reading.wasLast());
+    members = Collections.unmodifiableList(reading.list(size));
+    last = reading.wasLast();
   }
 
   /** {@return the members, an unmodifiable list} */
   public List<Member> members() {
-    return Collections.unmodifiableList(members);
+    return members;
   }
 
   /** {@return the members} */
   @Override
   public Iterator<Member> iterator() {
-    return members().iterator();
+    return members.iterator();
   }
 
   /** {@return whether more children follow} */
@@ -59,10 +51,8 @@ public final class Page implements Iterable<Member> {
    * @throws OutlineException if that member is not there any more
    */
   public Page next() {
-    if (last) {
-      return new Page(access, parent, details, size, Collections.<Member>emptyList(), true);
-    }
-    return read(access, parent, OutlineBulk.FROM_BEHIND,
-        members.get(members.size() - 1).handle(), size, details);
+    // Behind nobody, there is nothing.
+    int behind = last ? 0 : members.get(members.size() - 1).handle();
+    return new Page(access, parent, OutlineBulk.FROM_BEHIND, behind, size, details);
   }
 }

@@ -1,27 +1,25 @@
 package com.olvane.kep.olvane.outline;
 
-import com.olvane.kep.olvane.api.InstanceHandle;
-import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineBulk;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.stream.Stream;
 
 /** A listing by the fast lane, one buffer after the other. */
-final class Reading implements Access.Call {
+final class Reading {
   private final Access access;
+  private final String action;
   private final String about;
   private final Details details;
   private final BulkCall call;
   private final RecordReader records = new RecordReader();
-  /** When the first buffer was read; -1 before. */
-  private long edits = -1;
   private int wanted = Integer.MAX_VALUE;
   private boolean done;
 
-  /** Prepares a listing; {@code about} names the member that messages are about. */
-  private Reading(Access access, String about, int operation, Details details) {
+  /** Prepares a listing; {@code about} is the name of the member that it is about. */
+  private Reading(Access access, String action, String about, int operation, Details details) {
     this.access = access;
+    this.action = action;
     this.about = about;
     this.details = details;
     call = new BulkCall(access, operation, details.aliasTables());
@@ -32,7 +30,8 @@ final class Reading implements Access.Call {
   static Reading children(
       Access access, Member parent, int start, int next, Details details) {
     String about = parent == null ? "" : parent.name();
-    Reading reading = new Reading(access, about, OutlineBulk.READ_CHILDREN, details);
+    String action = parent == null ? "read the dimensions" : "read the children of";
+    Reading reading = new Reading(access, action, about, OutlineBulk.READ_CHILDREN, details);
     reading.call.put(OutlineBulk.MEMBER, parent == null ? 0 : parent.handle());
     reading.call.put(OutlineBulk.START, start);
     reading.call.put(OutlineBulk.NEXT, next);
@@ -40,13 +39,16 @@ final class Reading implements Access.Call {
   }
 
   static Reading subtree(Access access, Member root, Details details) {
-    Reading reading = new Reading(access, root.name(), OutlineBulk.READ_SUBTREE, details);
+    Reading reading = new Reading(
+        access, "read what is below", root.name(), OutlineBulk.READ_SUBTREE, details);
     reading.call.put(OutlineBulk.MEMBER, root.handle());
     return reading;
   }
 
+  /** The members of handles; {@code about} is the name of the one that it is about. */
   static Reading members(Access access, String about, int[] handles, Details details) {
-    Reading reading = new Reading(access, about, OutlineBulk.READ_MEMBERS, details);
+    String action = about.isEmpty() ? "read members" : "read";
+    Reading reading = new Reading(access, action, about, OutlineBulk.READ_MEMBERS, details);
     for (int handle : handles) {
       reading.call.number(handle);
     }
@@ -60,7 +62,7 @@ final class Reading implements Access.Call {
 
   /** The member of a name, or nothing. */
   static Reading named(Access access, String name, Details details) {
-    Reading reading = new Reading(access, name, OutlineBulk.FIND, details);
+    Reading reading = new Reading(access, "look up", name, OutlineBulk.FIND, details);
     reading.call.text(name);
     return reading;
   }
@@ -109,25 +111,16 @@ final class Reading implements Access.Call {
       return false;
     }
     call.put(OutlineBulk.LIMIT, wanted);
-    access.read("read members", about, this);
+    int status = access.answer(call);
+    if (call.get(OutlineBulk.FAILED_FIELD) == OutlineBulk.FIELD_NAME) {
+      // Nobody has the name that was to be looked up.
+      return false;
+    }
+    Access.check(action, about, call.field(), status);
     done = call.get(OutlineBulk.DONE) != 0;
     wanted -= call.count();
     call.takeInto(records);
     return records.step();
-  }
-
-  @Override
-  public int on(InstanceHandle i, OutlineHandle o) {
-    edits = edits < 0 ? access.edits() : edits;
-    access.requireUnchanged(edits);
-    int status = call.on(i, o);
-    // Of a name that nobody has, there is nothing to read.
-    return call.get(OutlineBulk.FAILED_FIELD) == OutlineBulk.FIELD_NAME ? Status.OK : status;
-  }
-
-  @Override
-  public String field() {
-    return call.field();
   }
 
   /** Ends the listing. */

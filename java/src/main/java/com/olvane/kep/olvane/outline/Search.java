@@ -4,23 +4,16 @@ import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.FindRequest;
 import com.olvane.kep.olvane.defs.outline.MemberPath;
+import java.util.ArrayList;
 import java.util.List;
+import java.util.function.Consumer;
 
 /**
  * What to search an outline for. A member is found when the text occurs in one of the places that
  * are searched; names are searched from the start. The methods change this object and return it.
  */
 public final class Search {
-  private final String text;
-  private String dimension;
-  private boolean names = true;
-  private boolean formulas;
-  private boolean udas;
-  private boolean matchCase;
-  private boolean wholeWords;
-  private boolean allTables;
-  private String table;
-  private int membersPerBatch = 10000;
+  private final List<Consumer<FindRequest>> settings = new ArrayList<>();
 
   /**
    * Searches all dimensions for a text in names.
@@ -28,7 +21,14 @@ public final class Search {
    * @param text the text, not empty
    */
   public Search(String text) {
-    this.text = Texts.given("", "search text", text, Integer.MAX_VALUE);
+    Texts.given("", "search text", text, Integer.MAX_VALUE);
+    with(request -> request.setText(text));
+    membersPerBatch(10000);
+  }
+
+  private Search with(Consumer<FindRequest> setting) {
+    settings.add(setting);
+    return this;
   }
 
   /**
@@ -38,32 +38,31 @@ public final class Search {
    * @return this
    */
   public Search inDimension(String name) {
-    dimension = Texts.given("", "name of the dimension", name, Texts.NAME);
-    return this;
+    Texts.given("", "name of the dimension", name, Texts.NAME);
+    return with(request -> {
+      request.setDimensionScope(FindRequest.SCOPE_DIMENSION);
+      request.setDimensionName(name);
+    });
   }
 
   /** {@return this, with names left out} */
   public Search notNames() {
-    names = false;
-    return this;
+    return with(request -> request.setSearchMemberNames(false));
   }
 
   /** {@return this, with formulas} */
   public Search formulas() {
-    formulas = true;
-    return this;
+    return with(request -> request.setSearchFormulas(true));
   }
 
   /** {@return this, with user-defined attributes} */
   public Search udas() {
-    udas = true;
-    return this;
+    return with(request -> request.setSearchUDAS(true));
   }
 
   /** {@return this, with the aliases of all tables} */
   public Search aliases() {
-    allTables = true;
-    return this;
+    return with(request -> request.setAliasTableUsage(FindRequest.ALIASES_ALL_TABLES));
   }
 
   /**
@@ -73,20 +72,21 @@ public final class Search {
    * @return this
    */
   public Search aliases(String name) {
-    table = Texts.given("", "name of an alias table", name, Texts.ALIAS_TABLE);
-    return this;
+    Texts.aliasTable(name);
+    return with(request -> {
+      request.setAliasTableUsage(FindRequest.ALIASES_ONE_TABLE);
+      request.setAliasTable(name);
+    });
   }
 
   /** {@return this, with upper and lower case told apart} */
   public Search matchCase() {
-    matchCase = true;
-    return this;
+    return with(request -> request.setMatchCaseOnly(true));
   }
 
   /** {@return this, with whole words only} */
   public Search wholeWords() {
-    wholeWords = true;
-    return this;
+    return with(request -> request.setMatchWordsOnly(true));
   }
 
   /**
@@ -99,39 +99,28 @@ public final class Search {
     if (members < 1) {
       throw new IllegalArgumentException("A batch has at least one member, not " + members);
     }
-    membersPerBatch = members;
-    return this;
+    return with(request -> {
+      request.setMaximumMembersPerBatch(members);
+      request.setMaximumMatchesPerBatch(members);
+    });
   }
 
   /** Searches names and at most one table's aliases, all at once. */
   int paths(OutlineHandle outline, List<MemberPath> found) {
-    if (dimension != null || formulas || udas || allTables || !names) {
+    FindRequest request = request();
+    if (request.getDimensionName() != null || request.getSearchFormulas()
+        || request.getSearchUDAS() || !request.getSearchMemberNames()
+        || request.getAliasTableUsage() == FindRequest.ALIASES_ALL_TABLES) {
       throw new IllegalArgumentException(
           "Paths can be told of members that are found by name or by the aliases of one table");
     }
-    return OutlineJni.findMemberQuery(outline, text, table, matchCase, wholeWords, found);
+    return OutlineJni.findMemberQuery(outline, request.getText(), request.getAliasTable(),
+        request.getMatchCaseOnly(), request.getMatchWordsOnly(), found);
   }
 
   FindRequest request() {
     FindRequest request = new FindRequest();
-    request.setText(text);
-    request.setSearchMemberNames(names);
-    request.setSearchFormulas(formulas);
-    request.setSearchUDAS(udas);
-    request.setMatchCaseOnly(matchCase);
-    request.setMatchWordsOnly(wholeWords);
-    request.setMaximumMembersPerBatch(membersPerBatch);
-    request.setMaximumMatchesPerBatch(membersPerBatch);
-    if (dimension != null) {
-      request.setDimensionScope(FindRequest.SCOPE_DIMENSION);
-      request.setDimensionName(dimension);
-    }
-    if (allTables) {
-      request.setAliasTableUsage(FindRequest.ALIASES_ALL_TABLES);
-    } else if (table != null) {
-      request.setAliasTableUsage(FindRequest.ALIASES_ONE_TABLE);
-      request.setAliasTable(table);
-    }
+    settings.forEach(setting -> setting.accept(request));
     return request;
   }
 }

@@ -48,20 +48,18 @@ public final class SearchRun {
       return Collections.emptyList();
     }
     List<DefaultMember> found = new ArrayList<>();
-    access.enter();
-    try {
+    List<Member> members = new ArrayList<>();
+    access.read("search " + access, (i, o) -> {
       access.requireUnchanged(edits);
-      Access.check("search the outline", access.name(), "", OutlineJni.findRequest(
-          access.instance, access.handle, request, found));
-      begun = true;
-      int[] handles = new int[found.size()];
-      for (int i = 0; i < handles.length; i++) {
-        handles[i] = found.get(i).getHandle();
+      int status = OutlineJni.findRequest(i, o, request, found);
+      if (status == Status.OK) {
+        int[] handles = found.stream().mapToInt(DefaultMember::getHandle).toArray();
+        members.addAll(Reading.members(access, "", handles, details).all());
       }
-      return Reading.members(access, access.name(), handles, details).all();
-    } finally {
-      access.leave();
-    }
+      return status;
+    });
+    begun = true;
+    return members;
   }
 
   /** {@return the members still to be found, in outline order; searched as they are asked for} */

@@ -14,7 +14,7 @@ public final class Settings {
   /** {@return the settings as they are now; to change the object changes nothing} */
   public OutlineSettings read() {
     OutlineSettings settings = new OutlineSettings();
-    access.read("read the settings", access.name(),
+    access.read("read the settings of " + access.name(),
         (i, o) -> OutlineJni.getSettings(i, o, settings));
     return settings;
   }
@@ -25,7 +25,7 @@ public final class Settings {
    * @param caseSensitive true if so
    */
   public void setCaseSensitive(boolean caseSensitive) {
-    access.edit("change the case setting", access.name(),
+    access.edit("change the case setting of " + access.name(),
         (i, o) -> OutlineJni.updateCaseSensitivity(i, o, caseSensitive));
   }
 
@@ -35,7 +35,7 @@ public final class Settings {
    * @param enabled true if so
    */
   public void setAutoConfigure(boolean enabled) {
-    access.edit("change the automatic configuration", access.name(),
+    access.edit("change the automatic configuration of " + access.name(),
         (i, o) -> OutlineJni.updateAutoConfigure(i, o, enabled));
   }
 }

@@ -31,7 +31,8 @@ public final class Status {
       case OK:
         return "It succeeded.";
       case REFUSED:
-        return "It was refused: a text does not fit, or the outline API gave nothing to work on.";
+        return "It was refused: a text or a place does not fit, a file cannot be used, or the"
+            + " outline API gave nothing to work on.";
       case COPY_FAILED:
         return "The member cannot be copied there.";
       case ALIAS_TABLE_EXISTS:

@@ -8,9 +8,9 @@ import java.util.List;
 
 /**
  * A login to the embedded outline engine, which keeps its databases in a folder or, for several
- * machines, on a PostgreSQL server. Where the
- * library in use talks to a server of the vendor's, there is none: {@link #open} says so, and
- * {@link Outline#open} takes the handles of the vendor's login.
+ * machines, on a PostgreSQL server. Where the library in use talks to a server of the vendor's,
+ * there is none: {@link #open} says so, and {@link Outline#open} takes the handles of the vendor's
+ * login.
  *
  * <p>Closing a store closes its outlines.
  */
@@ -71,8 +71,13 @@ public final class Store implements AutoCloseable {
    * @throws StatusException if there is none, somebody edits its outline, or it is restructured
    */
   public void delete(String application, String database) {
-    login.whileNotEdited(application + "." + database,
-        () -> login.session.deleteDatabase(application, database));
+    String name = application + "." + database;
+    login.beginEditing(name);
+    try {
+      login.session.deleteDatabase(application, database);
+    } finally {
+      login.endEditing(name);
+    }
   }
 
   /** {@return who holds locks and who restructures, this login included} */

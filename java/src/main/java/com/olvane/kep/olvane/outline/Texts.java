@@ -12,6 +12,11 @@ final class Texts {
 
   private Texts() {}
 
+  /** Gives the name of an alias table back unless it is empty or too long. */
+  static String aliasTable(String name) {
+    return given("", "name of an alias table", name, ALIAS_TABLE);
+  }
+
   /** Gives a text back unless it is longer than its field. */
   static String fitting(String member, String field, String text, int limit) {
     if (text.length() * 3L > limit) {

@@ -16,7 +16,7 @@ public final class TimeSeries {
   /** {@return the entries that are enabled, with their aliases} */
   public List<DynamicTimeSeries> enabled() {
     List<DynamicTimeSeries> found = new ArrayList<>();
-    access.read("list the time series", access.name(),
+    access.read("list the time series of " + access.name(),
         (i, o) -> OutlineJni.getDTSMembersEx(i, o, found));
     return found;
   }
@@ -56,8 +56,8 @@ public final class TimeSeries {
    */
   public void alias(String name, String table, String alias) {
     Texts.given("", "name of the time series", name, Texts.NAME);
-    Texts.given("", "name of an alias table", table, Texts.ALIAS_TABLE);
-    access.edit("set the alias in " + table, name, (i, o) -> alias.isEmpty()
+    Texts.aliasTable(table);
+    access.edit("set the alias in " + table + " of the time series", name, (i, o) -> alias.isEmpty()
         ? OutlineJni.deleteDTSMemberAlias(i, o, name, table)
         : OutlineJni.setDTSMemberAlias(i, o, name, alias, table));
   }
@@ -70,7 +70,7 @@ public final class TimeSeries {
    */
   public List<String> latestPeriods(Member dimension) {
     List<String> names = new ArrayList<>();
-    access.read("list the latest periods", dimension.name(),
+    access.read("list the latest periods of", dimension.name(),
         (i, o) -> OutlineJni.listDTSLatestMembers(i, o, dimension.name(), names));
     return names;
   }
