@@ -87,7 +87,7 @@ final class MemberEdits {
     return context -> {
       Member now = context.member(member, PLACE);
       Target origin = Target.of(context, now);
-      Snapshot snapshot = Snapshot.of(context, now);
+      Snapshot snapshot = new Snapshot(context, now);
       context.outline.delete(now);
       snapshot.unbind(context);
       tell(context, now.parentHandle(), -snapshot.size(),
