@@ -249,7 +249,7 @@ public final class EditorBench {
           task[0].start(new Search(TEXT).aliases(), Details.NONE);
           return null;
         });
-        await(() -> !task[0].isRunning());
+        await(() -> !task[0].running);
       });
       if (task[0].hits.size() != hits[0]) {
         throw new AssertionError(task[0].hits.size() + " hits are not " + hits[0]);

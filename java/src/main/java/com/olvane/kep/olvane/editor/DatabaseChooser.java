@@ -2,8 +2,6 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoredDatabase;
-import java.awt.event.WindowAdapter;
-import java.awt.event.WindowEvent;
 import java.time.ZoneId;
 import java.time.format.DateTimeFormatter;
 import java.time.format.FormatStyle;
@@ -52,14 +50,7 @@ final class DatabaseChooser {
     content.add(Prompt.buttonRow(create, open));
     frame.setContentPane(content);
     frame.getRootPane().setDefaultButton(open);
-    frame.setDefaultCloseOperation(WindowConstants.HIDE_ON_CLOSE);
-    frame.addWindowListener(new WindowAdapter() {
-      @Override
-      public void windowClosing(WindowEvent event) {
-        frame.setVisible(false);
-        editor.endWithoutWindows();
-      }
-    });
+    frame.setDefaultCloseOperation(WindowConstants.DISPOSE_ON_CLOSE);
     frame.pack();
     frame.setLocationRelativeTo(null);
   }
@@ -77,19 +68,13 @@ final class DatabaseChooser {
     listing.requestFocusInWindow();
   }
 
-  boolean isShowing() {
-    return frame.isShowing();
-  }
-
-  void dispose() {
-    frame.dispose();
-  }
-
   private void open(String application, String database) {
     open.setEnabled(false);
     editor.open(application, database, frame, opened -> {
       open.setEnabled(true);
-      frame.setVisible(!opened);
+      if (opened) {
+        frame.dispose();
+      }
     });
   }
 

@@ -8,7 +8,7 @@ import java.util.concurrent.Callable;
 import java.util.function.Consumer;
 import javax.swing.SwingUtilities;
 
-/** The running program: a store and its windows. It ends with the last of them. */
+/** The running program: a store and its windows. It ends when nothing is shown any more. */
 final class Editor {
   final Store store;
   final UserSettings settings = UserSettings.read();
@@ -37,14 +37,17 @@ final class Editor {
         return;
       }
     }
-    new Opening(store, application, database, parent, workspace -> {
+    inBackground(new Opening(store, application, database, parent)::open, workspace -> {
       if (workspace != null) {
         EditorWindow window = new EditorWindow(this, workspace);
         windows.add(window);
         window.show();
       }
       opened.accept(workspace != null);
-    }).start();
+    }, failure -> {
+      Ask.say(parent, failure);
+      opened.accept(false);
+    });
   }
 
   /** Does something with the store off the event thread, which then goes on with what came. */
@@ -64,16 +67,5 @@ final class Editor {
   void closed(EditorWindow window) {
     windows.remove(window);
     settings.write();
-    endWithoutWindows();
-  }
-
-  /** Ends the program when nothing is open any more. */
-  void endWithoutWindows() {
-    if (windows.isEmpty() && (chooser == null || !chooser.isShowing())) {
-      if (chooser != null) {
-        chooser.dispose();
-      }
-      store.close();
-    }
   }
 }

@@ -72,16 +72,13 @@ public final class EditorMain implements Callable<Integer> {
       return 2;
     }
     Store opened = Store.open(store, user);
+    Runtime.getRuntime().addShutdownHook(new Thread(opened::close));
     SwingUtilities.invokeLater(() -> {
       Editor editor = new Editor(opened);
       if (application == null) {
         editor.choose();
       } else {
-        editor.open(application, database, null, shown -> {
-          if (!shown) {
-            editor.endWithoutWindows();
-          }
-        });
+        editor.open(application, database, null, shown -> {});
       }
     });
     return 0;

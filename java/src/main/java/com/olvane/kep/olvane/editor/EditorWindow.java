@@ -56,8 +56,9 @@ final class EditorWindow {
     });
     workspace.failed.hear(this::say);
     SearchTask search = new SearchTask(workspace);
-    FindingsPane findings = new FindingsPane(workspace);
-    new FileCommands(this, findings);
+    JPanel findings = Lists.findings(workspace);
+    workspace.verified.hear(found -> showPane(findings));
+    new FileCommands(this);
     addHistoryCommands();
     new TreeCommands(this);
     new ViewCommands(this);
@@ -67,8 +68,8 @@ final class EditorWindow {
     tabs.addTab("Picture", new PicturePane(workspace));
     tabs.addTab("Settings", new RowsPane(workspace, SettingsRows::read));
     tabs.addTab("Hits", new HitsPane(workspace, search).panel);
-    tabs.addTab("Findings", findings.panel);
-    tabs.addTab("History", new HistoryPane(workspace).panel);
+    tabs.addTab("Findings", findings);
+    tabs.addTab("History", Lists.history(workspace));
     autoKeep = new AutoKeep(this);
     setTitle();
   }

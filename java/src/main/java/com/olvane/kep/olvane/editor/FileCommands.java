@@ -9,12 +9,10 @@ import javax.swing.JMenu;
 final class FileCommands {
   private final EditorWindow window;
   private final Workspace workspace;
-  private final FindingsPane findings;
 
-  FileCommands(EditorWindow window, FindingsPane findings) {
+  FileCommands(EditorWindow window) {
     this.window = window;
     this.workspace = window.workspace;
-    this.findings = findings;
     Commands commands = window.commands;
     JMenu file = commands.menu("File");
     commands.add(file, "Open \u2026", "ctrl O", "Choose another outline of the store",
@@ -115,9 +113,7 @@ final class FileCommands {
   }
 
   private void verify() {
-    window.settle(() -> workspace.run("Verifying", () -> workspace.outline.verify(), found -> {
-      findings.show(found);
-      window.showPane(findings.panel);
-    }));
+    window.settle(() -> workspace.run(
+        "Verifying", () -> workspace.outline.verify(), workspace.verified::tell));
   }
 }

@@ -49,7 +49,7 @@ final class HitsPane {
       listing.grown(shown);
     }
     shown = now;
-    int position = search.position();
+    int position = search.position;
     if (position >= 0 && listing.getSelectedRow() != position) {
       listing.choose(position);
     }

@@ -53,15 +53,6 @@ final class MemberNode {
     return parent == null;
   }
 
-  /** The number of nodes above. */
-  int depth() {
-    int depth = 0;
-    for (MemberNode node = parent; node != null; node = node.parent) {
-      depth++;
-    }
-    return depth;
-  }
-
   /** The way from the root. */
   TreePath path() {
     return parent == null ? new TreePath(this) : parent.path().pathByAddingChild(this);

@@ -191,8 +191,9 @@ final class OutlineTree extends JTree {
 
   /** Closes all members; what is selected below becomes its dimension. */
   void collapseAll() {
-    expanded().sorted(Comparator.comparingInt(MemberNode::depth).reversed())
-        .forEach(node -> collapsePath(node.path()));
+    expanded().map(MemberNode::path)
+        .sorted(Comparator.comparingInt(TreePath::getPathCount).reversed())
+        .forEach(this::collapsePath);
   }
 
   private void select(Stream<MemberNode> nodes) {

@@ -62,7 +62,7 @@ final class SearchBar {
       }
     });
     Listen.onKey(field, "ESCAPE", () -> {
-      if (search.isRunning()) {
+      if (search.running) {
         search.cancel();
       } else {
         window.tree.requestFocusInWindow();
@@ -114,11 +114,11 @@ final class SearchBar {
 
   private void showProgress() {
     int hits = search.hits.size();
-    String found = hits == 0 ? "none" : search.position() < 0 ? String.format("%,d", hits)
-        : String.format("%,d of %,d", search.position() + 1, hits);
-    count.setText(field.getText().isEmpty() ? "" : !search.isRunning() ? found
-        : String.format("%s, %,d searched", found, search.searched()));
-    cancel.setVisible(search.isRunning());
+    String found = hits == 0 ? "none" : search.position < 0 ? String.format("%,d", hits)
+        : String.format("%,d of %,d", search.position + 1, hits);
+    count.setText(field.getText().isEmpty() ? "" : !search.running ? found
+        : String.format("%s, %,d searched", found, search.searched));
+    cancel.setVisible(search.running);
     window.commands.update();
   }
 }

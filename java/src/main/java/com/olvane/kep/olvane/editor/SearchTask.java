@@ -24,9 +24,11 @@ final class SearchTask {
   private Search wanted;
   private Details wantedDetails;
   private int number;
-  private boolean running;
-  private long searched;
-  private int position = -1;
+  boolean running;
+  /** The number of members looked at. */
+  long searched;
+  /** Which of those found is selected; -1 for none. */
+  int position = -1;
 
   SearchTask(Workspace workspace) {
     this.workspace = workspace;
@@ -112,19 +114,5 @@ final class SearchTask {
       }
     }, workspace::select);
     progress.tell(this);
-  }
-
-  boolean isRunning() {
-    return running;
-  }
-
-  /** Which of those found is selected; -1 for none. */
-  int position() {
-    return position;
-  }
-
-  /** The number of members looked at. */
-  long searched() {
-    return searched;
   }
 }

@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Finding;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
@@ -28,6 +29,8 @@ final class Workspace {
   final Event<Busy> busy = new Event<>();
   /** Something failed; the failure has the sentence. */
   final Event<Exception> failed = new Event<>();
+  /** The outline was verified. */
+  final Event<List<Finding>> verified = new Event<>();
   /** Undo, redo or the need to save changed. */
   final Event<History> historyChanged = new Event<>();
 
