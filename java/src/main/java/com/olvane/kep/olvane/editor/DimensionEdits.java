@@ -1,12 +1,17 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.defs.outline.DynamicTimeSeries;
+import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NumberedNames;
 import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Place;
+import java.util.ArrayList;
 import java.util.List;
+import java.util.Map;
+import java.util.TreeMap;
 import java.util.function.BiConsumer;
 import java.util.function.Consumer;
 import java.util.function.Function;
@@ -42,7 +47,7 @@ final class DimensionEdits {
 
   /** The name that was given to a number; empty where none was. */
   static String given(NumberedNames names, Member dimension, int number) {
-    return DimensionParts.given(names, dimension).getOrDefault(number, "");
+    return Parts.given(names, dimension).getOrDefault(number, "");
   }
 
   // ---- The kind of a dimension ----
@@ -52,7 +57,7 @@ final class DimensionEdits {
     return Edit.restoring(title, DimensionEdits::dimensionsChanged, context -> {
       Member before = context.member(ref, Details.NONE.place());
       Target place = Target.of(context, before);
-      DimensionParts parts = new DimensionParts(context, before);
+      Parts parts = new Parts(context, before);
       Consumer<EditContext> associations = PlacedTexts.associations(context, before);
       return again -> {
         parts.restoreKind(again, again.member(ref), place.place(again));
@@ -105,7 +110,7 @@ final class DimensionEdits {
               table -> outline.timeSeries().alias(one.getName(), table, ""));
           outline.timeSeries().disable(one.getName(), one.getGeneration());
         }
-        DimensionParts.enable(outline, before);
+        Parts.enable(outline, before);
       };
     }, context -> change.accept(context.outline));
   }
@@ -127,5 +132,78 @@ final class DimensionEdits {
   static Edit seriesAlias(String name, String table, String alias) {
     return series("Set the alias in " + table + " of " + name,
         outline -> outline.timeSeries().alias(name, table, alias));
+  }
+
+  /** What a dimension has besides its members: its kind, named generations and levels, series. */
+  static final class Parts {
+    private final Member dimension;
+    private final Map<Integer, String> generations;
+    private final Map<Integer, String> levels;
+    private final List<String> attributeDimensions;
+    private final List<DynamicTimeSeries> series = new ArrayList<>();
+
+    /** Takes them down as they are now. */
+    Parts(EditContext context, Member dimension) {
+      Outline outline = context.outline;
+      this.dimension = dimension;
+      generations = given(outline.generations(), dimension);
+      levels = given(outline.levels(), dimension);
+      attributeDimensions =
+          MemberParts.attributes(outline.read(dimension, Details.NONE.attributes()));
+      if (dimension.category() == DimensionCategory.TIME) {
+        series.addAll(outline.timeSeries().enabled());
+      }
+    }
+
+    /** The names that were given, by number. */
+    static Map<Integer, String> given(NumberedNames names, Member dimension) {
+      Map<Integer, String> given = new TreeMap<>(names.all(dimension));
+      given.values().retainAll(names.given(dimension));
+      return given;
+    }
+
+    /** Gives a dimension the kind, at its place. */
+    void restoreKind(EditContext context, Member now, Place place) {
+      Outline outline = context.outline;
+      if (now.storageTypeCode() != dimension.storageTypeCode()) {
+        outline.setStorageType(now, dimension.storageTypeCode());
+      }
+      if (now.categoryCode() != dimension.categoryCode()) {
+        if (dimension.category() == DimensionCategory.ATTRIBUTE) {
+          outline.makeAttributeDimension(now, dimension.attributeTypeCode());
+        } else {
+          outline.categorise(now, dimension.category());
+          // An attribute dimension has properties of its own.
+          outline.change(now, new Changes().shareCode(dimension.shareCode())
+              .consolidationCode(dimension.consolidationCode()));
+        }
+        outline.move(now, place);
+      }
+      if (now.isHybridAnalysisEnabled() != dimension.isHybridAnalysisEnabled()) {
+        outline.setHybridAnalysis(now, dimension.isHybridAnalysisEnabled());
+      }
+      List<String> has = MemberParts.attributes(outline.read(now, Details.NONE.attributes()));
+      for (String attribute : attributeDimensions) {
+        if (!has.contains(attribute)) {
+          outline.attributes().associate(now, outline.find(attribute).get());
+        }
+      }
+    }
+
+    /** Gives the dimension its names of generations and levels, and the time series. */
+    void restoreNames(Outline outline, Member now) {
+      generations.forEach((number, name) -> outline.generations().name(now, number, name));
+      levels.forEach((number, name) -> outline.levels().name(now, number, name));
+      enable(outline, series);
+    }
+
+    /** Enables time series, with their aliases. */
+    static void enable(Outline outline, List<DynamicTimeSeries> series) {
+      for (DynamicTimeSeries one : series) {
+        outline.timeSeries().enable(one.getName(), one.getGeneration());
+        one.getAliases().forEach(
+            (table, alias) -> outline.timeSeries().alias(one.getName(), table, alias));
+      }
+    }
   }
 }

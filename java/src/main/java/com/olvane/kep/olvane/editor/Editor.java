@@ -1,10 +1,20 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Store;
+import com.olvane.kep.olvane.standin.StoreLock;
+import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.Component;
+import java.time.Instant;
+import java.time.ZoneId;
+import java.time.format.DateTimeFormatter;
+import java.time.format.FormatStyle;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.List;
 import java.util.concurrent.Callable;
+import java.util.concurrent.FutureTask;
 import java.util.function.Consumer;
 import javax.swing.SwingUtilities;
 
@@ -37,7 +47,7 @@ final class Editor {
         return;
       }
     }
-    inBackground(new Opening(store, application, database, parent)::open, workspace -> {
+    inBackground(new Opening(application, database, parent)::open, workspace -> {
       if (workspace != null) {
         EditorWindow window = new EditorWindow(this, workspace);
         windows.add(window);
@@ -67,5 +77,95 @@ final class Editor {
   void closed(EditorWindow window) {
     windows.remove(window);
     settings.write();
+  }
+
+  /** Opens an outline, and asks what to do where something speaks against opening as usual. */
+  private final class Opening {
+    private final String application;
+    private final String database;
+    private final Component parent;
+
+    Opening(String application, String database, Component parent) {
+      this.application = application;
+      this.database = database;
+      this.parent = parent;
+    }
+
+    /** Opens it, off the event thread; null where it is not to be opened. */
+    Workspace open() throws Exception {
+      Outline outline;
+      try {
+        outline = store.edit(application, database);
+      } catch (OutlineException e) {
+        return offerToRead(e);
+      }
+      Workspace opened = null;
+      try {
+        UnsavedWork unsaved = new UnsavedWork(store, application, database);
+        StoredDatabase found = unsaved.found();
+        opened = found == null ? workspace(outline) : offerWork(outline, unsaved, found);
+        return opened;
+      } finally {
+        if (opened == null) {
+          outline.close();
+        }
+      }
+    }
+
+    private StoredDatabase stored() {
+      return store.databases().stream().filter(one -> one.application().equals(application)
+          && one.database().equals(database)).findFirst().orElse(null);
+    }
+
+    private Workspace workspace(Outline outline) {
+      StoredDatabase stored = stored();
+      return new Workspace(store, outline, stored == null ? 0 : stored.members());
+    }
+
+    /** The answer to a question, which is asked on the event thread. */
+    private String ask(String question, List<String> answers) throws Exception {
+      FutureTask<Integer> asked =
+          new FutureTask<>(() -> Ask.choose(parent, question, answers.toArray()));
+      SwingUtilities.invokeLater(asked);
+      return asked.get() < 0 ? "Cancel" : answers.get(asked.get());
+    }
+
+    private String time(Instant instant) {
+      return DateTimeFormatter.ofLocalizedDateTime(FormatStyle.MEDIUM)
+          .withZone(ZoneId.systemDefault()).format(instant);
+    }
+
+    private Workspace offerWork(Outline outline, UnsavedWork unsaved, StoredDatabase found)
+        throws Exception {
+      StoredDatabase stored = stored();
+      boolean savedSince = stored != null && stored.saved().isAfter(found.saved());
+      // Enter takes the first, which loses nothing.
+      String answer = ask(
+          "There is unsaved work on " + application + "." + database + " of "
+              + time(found.saved()) + ".\n"
+              + (savedSince ? "The outline was saved since, " + time(stored.saved())
+                      + "; what is restored knows nothing of that.\n" : "")
+              + "Restore it to go on with it; the database keeps what is saved until you save.",
+          savedSince ? Arrays.asList("Cancel", "Restore", "Discard")
+              : Arrays.asList("Restore", "Discard", "Cancel"));
+      if (answer.equals("Restore")) {
+        return new Workspace(store, unsaved.open(), outline, found.members());
+      }
+      if (answer.equals("Discard")) {
+        unsaved.remove();
+        return workspace(outline);
+      }
+      return null;
+    }
+
+    private Workspace offerToRead(OutlineException failure) throws Exception {
+      String object = application + "/" + database + "/" + database;
+      StoreLock lock = store.locks().stream().filter(one -> one.object().equals(object))
+          .findFirst().orElseThrow(() -> failure);
+      String answer = ask(application + "." + database + " is being edited by " + lock.user()
+          + " since " + time(lock.since()) + "\n(process " + lock.process() + " on " + lock.host()
+          + "). You can read what was saved last.", Arrays.asList("Open to Read", "Cancel"));
+      return answer.equals("Cancel") ? null : workspace(store.browse(application, database));
+    }
   }
 }

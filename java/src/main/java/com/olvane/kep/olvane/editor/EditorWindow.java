@@ -58,16 +58,15 @@ final class EditorWindow {
     SearchTask search = new SearchTask(workspace);
     JPanel findings = Lists.findings(workspace);
     workspace.verified.hear(found -> showPane(findings));
-    new FileCommands(this);
+    new WindowCommands(this);
     addHistoryCommands();
     new TreeCommands(this);
-    new ViewCommands(this);
     layOut(new SearchBar(this, search).panel);
     tabs.addTab("Details", new RowsPane(workspace, MemberRows::read));
     tabs.addTab("Dimension", new RowsPane(workspace, DimensionRows::read));
     tabs.addTab("Picture", new PicturePane(workspace));
     tabs.addTab("Settings", new RowsPane(workspace, SettingsRows::read));
-    tabs.addTab("Hits", new HitsPane(workspace, search).panel);
+    tabs.addTab("Hits", Lists.hits(workspace, search));
     tabs.addTab("Findings", findings);
     tabs.addTab("History", Lists.history(workspace));
     autoKeep = new AutoKeep(this);

@@ -9,14 +9,16 @@ import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.Collections;
 import java.util.Comparator;
+import java.util.HashMap;
 import java.util.List;
+import java.util.Map;
 import java.util.concurrent.atomic.AtomicReference;
 import java.util.function.Consumer;
 import java.util.function.Function;
 import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 import java.util.stream.Stream;
 
 /** The edits of members. */
@@ -188,17 +190,13 @@ final class MemberEdits {
       if (ref == null) {
         return arrange(null, sortedDimensions(context.outline, ascending)).run(context);
       }
-      long[] before = children(context, ref);
+      int[] before = children(context, ref);
       context.outline.sortChildren(context.member(ref), ascending);
-      long[] after = children(context, ref);
-      Arrays.sort(before);
-      Arrays.sort(after);
-      int[] places = new int[before.length];
-      for (int i = 0; i < places.length; i++) {
-        places[(int) before[i]] = (int) after[i];
-      }
+      int[] after = children(context, ref);
+      Map<Integer, Integer> places = new HashMap<>();
+      IntStream.range(0, after.length).forEach(place -> places.put(after[place], place));
       context.change.parents.add(context.handle(ref));
-      return arrange(ref, places);
+      return arrange(ref, IntStream.of(before).map(places::get).toArray());
     });
   }
 
@@ -211,24 +209,22 @@ final class MemberEdits {
         .thenComparing(ascending ? byName : byName.reversed())).mapToInt(now::indexOf).toArray();
   }
 
-  /** The handles of the children, each with its place in the lower half. */
-  private static long[] children(EditContext context, Ref parent) {
-    int[] place = {0};
+  private static int[] children(EditContext context, Ref parent) {
     try (Stream<Member> children = parent == null ? context.outline.dimensions().stream()
         : context.outline.children(context.member(parent), Details.NONE)) {
-      return children.mapToLong(one -> (long) one.handle() << Integer.SIZE | place[0]++).toArray();
+      return children.mapToInt(Member::handle).toArray();
     }
   }
 
   /** Puts children in another order: those at the places that are given, one behind the other. */
   private static Edit.Step arrange(Ref parent, int[] places) {
     return context -> {
-      long[] now = children(context, parent);
+      int[] now = children(context, parent);
       int[] back = new int[places.length];
       Target target = Target.lastBelow(parent);
       for (int i = places.length - 1; i >= 0; i--) {
         back[places[i]] = i;
-        Ref child = Ref.toHandle((int) (now[places[i]] >> Integer.SIZE));
+        Ref child = Ref.toHandle(now[places[i]]);
         context.outline.move(context.member(child), target.place(context));
         target = Target.before(child);
       }

@@ -171,7 +171,8 @@ final class OutlineTree extends JTree {
   void reveal(List<Member> members, Runnable then) {
     List<Integer> handles = members.stream().limit(SELECTABLE).map(Member::handle)
         .collect(Collectors.toList());
-    workspace.read(() -> new TreeReading(workspace.outline, model.details, handles), read -> {
+    Details details = model.details;
+    workspace.read(() -> new PagedTreeModel.Reading(workspace.outline, details, handles), read -> {
       List<MemberNode> nodes = read.addTo(model);
       adjust(() -> {
         nodes.forEach(node -> expandPath(node.path().getParentPath()));
@@ -185,7 +186,7 @@ final class OutlineTree extends JTree {
   }
 
   /** Opens members at their places. */
-  void open(TreeReading read) {
+  void open(PagedTreeModel.Reading read) {
     read.addTo(model).forEach(node -> expandPath(node.path()));
   }
 
@@ -231,7 +232,8 @@ final class OutlineTree extends JTree {
     }
     List<Integer> known = change.members.stream()
         .filter(handle -> model.node(handle) != null).collect(Collectors.toList());
-    workspace.read(() -> new TreeReading(workspace.outline, model.details, known), read -> {
+    Details details = model.details;
+    workspace.read(() -> new PagedTreeModel.Reading(workspace.outline, details, known), read -> {
       read.update(model);
       repaint();
     });
@@ -246,8 +248,8 @@ final class OutlineTree extends JTree {
     }
     Map<Integer, Set<Integer>> inView = pagesInView();
     Details details = model.details;
-    workspace.read(() -> new TreeReading(workspace.outline, details, keep).withPages(inView),
-        read -> {
+    workspace.read(() -> new PagedTreeModel.Reading(workspace.outline, details, keep)
+        .withPages(inView), read -> {
           if (open.equals(expandedHandles()) && details == model.details) {
             replace(read, open);
           } else {
@@ -271,7 +273,7 @@ final class OutlineTree extends JTree {
     return selectedNodes().stream().map(MemberNode::handle).collect(Collectors.toSet());
   }
 
-  private void replace(TreeReading read, Set<Integer> open) {
+  private void replace(PagedTreeModel.Reading read, Set<Integer> open) {
     Set<Integer> selection = selectedHandles();
     adjust(() -> {
       // The tree looks at what is selected while the numbers of children change below it.

@@ -31,7 +31,7 @@ final class Snapshot {
   /** The members in pre-order. */
   private final PackedTexts rows = new PackedTexts();
   /** What the root has as a dimension; null where it is none. */
-  private final DimensionParts dimension;
+  private final DimensionEdits.Parts dimension;
   /** Makes the associations again of others with attributes in the subtree. */
   private final Consumer<EditContext> associations;
   private int[] handles;
@@ -45,7 +45,7 @@ final class Snapshot {
       handles = subtree.peek(this::add).mapToInt(Member::handle).toArray();
     }
     rows.finish();
-    dimension = root.isDimension() ? new DimensionParts(context, root) : null;
+    dimension = root.isDimension() ? new DimensionEdits.Parts(context, root) : null;
     boolean attributes = context.member(root.dimensionHandle(), Details.NONE).category()
         == DimensionCategory.ATTRIBUTE;
     associations = attributes ? PlacedTexts.associations(context, root) : again -> {};
