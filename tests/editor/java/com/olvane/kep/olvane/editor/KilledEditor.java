@@ -5,6 +5,7 @@ import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.time.Instant;
 import javax.swing.JTextField;
 import javax.swing.JTree;
+import javax.swing.text.JTextComponent;
 
 /** An editor that dies in the middle of work, as soon as the work is kept aside. */
 public final class KilledEditor {
@@ -13,7 +14,7 @@ public final class KilledEditor {
   private KilledEditor() {}
 
   /**
-   * Makes a member below Product in Test.Test, waits until that is kept, and dies.
+   * Makes a member below Product in Test.Test, types a comment, waits until that is kept, and dies.
    *
    * @param arguments the folder of the store
    */
@@ -37,6 +38,11 @@ public final class KilledEditor {
       user.type("Precious");
       user.key("ENTER");
       user.waitFor("the name to be kept", () -> kept(store).isAfter(made));
+      Instant named = kept(store);
+      user.waitFor("a later second", () -> Instant.now().isAfter(named.plusMillis(2100)));
+      user.clickInto(user.find(JTextComponent.class, "Comment"));
+      user.type("half");
+      user.waitFor("what is typed to be kept", () -> kept(store).isAfter(named));
     }
     Runtime.getRuntime().halt(EXIT);
   }

@@ -68,7 +68,7 @@ public class TextsTest {
     List<String> edits = new ArrayList<>();
     Function<String, Row> row = value -> Row.typed(
         "Name", value, text -> text.contains("x") ? "No x." : null, edits::add);
-    RowField shown = new RowField(row.apply(""), true);
+    RowField shown = new RowField(row.apply(""), true, field -> {});
     JTextComponent field = (JTextComponent) shown.input();
     shown.show(row.apply("old"), false);
     field.setText("boxes");
@@ -98,7 +98,7 @@ public class TextsTest {
     List<String> edits = new ArrayList<>();
     Function<String, Row> row =
         value -> Row.chosen("Storage", value, Arrays.asList("a", "b"), edits::add);
-    RowField shown = new RowField(row.apply("a"), true);
+    RowField shown = new RowField(row.apply("a"), true, field -> {});
     JComboBox<?> box = (JComboBox<?>) shown.input();
     shown.show(row.apply(null), false);
     assertEquals("different values are told, and to look is no edit", "(different) []",

@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.editor;
 
 import static org.hamcrest.CoreMatchers.containsString;
+import static org.hamcrest.CoreMatchers.startsWith;
 import static org.hamcrest.MatcherAssert.assertThat;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertTrue;
@@ -190,6 +191,8 @@ public class WindowLifeTest {
     System.clearProperty("editor.pause");
     open.expect(user, "Product(Member 0 Member 1 Member 2 Precious)");
     assertTrue("it is not saved yet", open.workspace.dirty());
+    assertThat("what was being typed", open.workspace.outline.find("Precious",
+        MemberParts.all(open.workspace.outline)).get().comment(), startsWith("h"));
     user.click(open.tree, user.row(open.tree, "Product"));
     user.key("RIGHT");
     user.click(open.tree, user.row(open.tree, "Precious"));

@@ -2,7 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import javax.swing.Timer;
 
-/** Keeps unsaved work aside after a pause in editing, longer where writing takes longer. */
+/** Keeps unsaved work aside after a pause in editing or typing, longer where writing takes longer. */
 final class AutoKeep {
   private static final int LEAST_PAUSE_MILLIS = 5_000;
   /** The pause is so many times as long as writing took. */
@@ -12,11 +12,17 @@ final class AutoKeep {
   private final EditorWindow window;
   private final Timer pause = new Timer(leastPause(), event -> keep());
   private boolean failed;
+  /** What was typed into last. */
+  private RowField typing;
 
   AutoKeep(EditorWindow window) {
     this.window = window;
     this.workspace = window.workspace;
     pause.setRepeats(false);
+    workspace.typing.hear(field -> {
+      typing = field;
+      pause.restart();
+    });
     workspace.historyChanged.hear(history -> {
       if (history.dirty()) {
         pause.restart();
@@ -33,7 +39,8 @@ final class AutoKeep {
 
   private void keep() {
     long start = System.nanoTime();
-    workspace.keepAside(failure -> {
+    Edit typed = typing == null ? null : workspace.preview(typing::offerTyped);
+    workspace.keepAside(typed, failure -> {
       if (failure == null) {
         long millis = (System.nanoTime() - start) / 1_000_000;
         pause.setInitialDelay((int) Math.max(leastPause(), PAUSE_BY_WRITING * millis));

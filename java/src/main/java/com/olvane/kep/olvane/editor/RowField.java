@@ -7,6 +7,7 @@ import java.awt.event.FocusEvent;
 import java.awt.event.KeyEvent;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.function.Consumer;
 import javax.swing.DefaultComboBoxModel;
 import javax.swing.JComboBox;
 import javax.swing.JComponent;
@@ -36,8 +37,8 @@ final class RowField {
   /** What the outline did not take. */
   private String refused;
 
-  /** Makes the field of a row, and of others like it. */
-  RowField(Row row, boolean editable) {
+  /** Makes the field of a row, and of others like it; {@code typing} hears of what is typed. */
+  RowField(Row row, boolean editable, Consumer<RowField> typing) {
     this.row = row;
     text = row.choices == null ? row.field.get() : null;
     box = row.choices == null ? null : new Box();
@@ -59,8 +60,10 @@ final class RowField {
     }
     text.setEditable(editable);
     typed = Listen.undo(text);
-    Listen.onChange(text,
-        () -> markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null));
+    Listen.onChange(text, () -> {
+      markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null);
+      typing.accept(this);
+    });
     Listen.onKey(text, "ESCAPE", this::giveUp);
     Listen.onKey(text, isLine() ? "ENTER" : "ctrl ENTER", this::flush);
   }
@@ -209,13 +212,23 @@ final class RowField {
     }
   }
 
+  private boolean fits() {
+    return isTyped() && !get().equals(refused) && row.refusal.apply(get()) == null;
+  }
+
   /** Makes an edit of what was typed, if it fits. */
   void flush() {
-    String value = get();
-    if (isTyped() && !value.equals(refused) && row.refusal.apply(value) == null) {
-      committed = value;
+    if (fits()) {
+      committed = get();
       forgetTyping();
-      row.set.accept(value);
+      row.set.accept(committed);
+    }
+  }
+
+  /** Gives what is typed to the row as it is now, if it fits; it goes on being typed. */
+  void offerTyped() {
+    if (fits()) {
+      row.set.accept(get());
     }
   }
 

@@ -171,7 +171,7 @@ final class RowsPane extends JPanel {
       }
       heading = row.heading;
       fields.computeIfAbsent(key(row),
-          key -> new RowField(row, workspace.isEditable())).addTo(part);
+          key -> new RowField(row, workspace.isEditable(), workspace.typing::tell)).addTo(part);
     }
     parts.forEach((place, part) -> form.add(part, "wmin 0, aligny top" + place.constraints));
     fields.keySet().retainAll(layout);

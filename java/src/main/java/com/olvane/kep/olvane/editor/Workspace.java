@@ -31,6 +31,8 @@ final class Workspace {
   final Event<Exception> failed = new Event<>();
   /** The outline was verified. */
   final Event<List<Finding>> verified = new Event<>();
+  /** A text is being typed that is no edit yet. */
+  final Event<RowField> typing = new Event<>();
   /** Undo, redo or the need to save changed. */
   final Event<History> historyChanged = new Event<>();
 
@@ -43,6 +45,8 @@ final class Workspace {
   private final EditContext context;
   final History history = new History();
   private final WorkThread work = new WorkThread();
+  private boolean previewing;
+  private Edit preview;
   private volatile List<Member> selection = Collections.emptyList();
   private volatile long members;
 
@@ -171,10 +175,23 @@ final class Workspace {
 
   /** The same; {@code then} follows success, when all listeners have heard of it. */
   void edit(Edit edit, Runnable then) {
+    if (previewing) {
+      preview = edit;
+      return;
+    }
     change(edit.title(), true, () -> {
       edit.apply(context);
       history.add(edit);
     }, then);
+  }
+
+  /** The edit that would be made by something, which is not carried out; null for none. */
+  Edit preview(Runnable making) {
+    preview = null;
+    previewing = true;
+    making.run();
+    previewing = false;
+    return preview;
   }
 
   /** The same for an edit that belongs to the one before, as naming what was just made. */
@@ -268,22 +285,49 @@ final class Workspace {
     });
   }
 
-  /** Keeps unsaved work aside, or removes what is kept when there is none; {@code then} gets the failure or null, on the event thread. */
-  void keepAside(Consumer<Exception> then) {
+  /**
+   * Keeps unsaved work aside, or removes what is kept when there is none.
+   *
+   * @param typed the edit that is being typed, null for none
+   * @param then gets the failure or null, on the event thread
+   */
+  void keepAside(Edit typed, Consumer<Exception> then) {
     work.write(() -> {
       Exception failure = null;
       try {
-        if (history.dirty()) {
-          unsaved.keep(outline);
-        } else {
-          unsaved.remove();
-        }
+        keepWith(typed);
       } catch (RuntimeException e) {
         failure = e;
       }
       Exception told = failure;
       SwingUtilities.invokeLater(() -> then.accept(told));
     });
+  }
+
+  private void keepWith(Edit typed) {
+    boolean applied = typed != null && applies(typed);
+    try {
+      if (applied || history.dirty()) {
+        unsaved.keep(outline);
+      } else {
+        unsaved.remove();
+      }
+    } finally {
+      if (applied) {
+        typed.revert(context);
+      }
+    }
+  }
+
+  private boolean applies(Edit typed) {
+    try {
+      context.begin((done, total) -> true);
+      typed.apply(context);
+      return true;
+    } catch (RuntimeException e) {
+      // The outline will not take it, and whoever types it will be told.
+      return false;
+    }
   }
 
   /** Closes the outline behind the work that waits; what was not saved is gone. */
