@@ -149,7 +149,7 @@ public final class EditorBench {
       await(() -> view.picture.count == size + 1);
     })};
     double[] drawn = {millis(() -> onEventThread(() -> {
-      view.zoom(-1);
+      view.show(view.picture, -1, view.picture.layOut(-1, view.getHeight(), false, 12));
       view.paintImmediately(view.getVisibleRect());
       return null;
     }))};

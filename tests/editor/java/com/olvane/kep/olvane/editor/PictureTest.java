@@ -19,7 +19,6 @@ import java.util.HashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
-import java.util.stream.Collectors;
 import java.util.stream.Stream;
 import javax.imageio.ImageIO;
 import javax.xml.parsers.DocumentBuilderFactory;
@@ -113,9 +112,13 @@ public class PictureTest {
     Picture picture = picture();
     PictureView view = new PictureView();
     view.setSize(600, 400);
-    view.show(picture);
-    view.names.putAll(places.entrySet().stream().collect(
-        Collectors.toMap(e -> picture.handles[e.getValue()], Map.Entry::getKey)));
+    List<Picture.Block> blocks = picture.layOut(-1, 400, false, 12);
+    blocks.forEach(block -> places.forEach((name, place) -> {
+      if (place == block.first) {
+        block.name = name;
+      }
+    }));
+    view.show(picture, -1, blocks);
     Path folder = Settings.newFolder();
     view.save(folder.resolve("picture.svg"));
     view.save(folder.resolve("picture.png"));

@@ -28,6 +28,8 @@ final class Picture {
     double length;
     /** What tells its colour. */
     byte key;
+    /** The name of the member; empty for siblings. */
+    String name = "";
 
     Block(int first, int column, double start) {
       this.first = first;

@@ -5,13 +5,14 @@ import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Finding;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.OutlineException;
+import java.awt.event.ComponentAdapter;
+import java.awt.event.ComponentEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.io.File;
 import java.io.IOException;
-import java.util.HashMap;
+import java.util.Iterator;
 import java.util.List;
-import java.util.Map;
 import java.util.function.IntUnaryOperator;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
@@ -30,6 +31,7 @@ import net.miginfocom.swing.MigLayout;
 final class PicturePane extends JPanel {
   private static final long serialVersionUID = 1;
   private static final int STEP = 20_000;
+  private static final int MOST_COLUMNS = 12;
   private static final int MOST_IN_LEGEND = 8;
   private static final String GENERATION = "Generation";
   private static final String FINDING = "Finding";
@@ -42,7 +44,11 @@ final class PicturePane extends JPanel {
   private final JLabel legend = new JLabel(" ");
   private final Timer pause = new Timer(400, event -> read());
   private boolean stale = true;
+  /** What is to be seen once it is laid out; the view has what is seen now. */
+  private transient Picture picture = view.picture;
+  private int root = -1;
   private int asked;
+  private int laidOut;
 
   PicturePane(Workspace workspace) {
     super(new MigLayout("insets 8 0 0 0, fill, hidemode 3",
@@ -56,13 +62,18 @@ final class PicturePane extends JPanel {
     add(export, "wrap");
     add(legend, "span, growx, wmin 0, wrap");
     add(view, "span, grow, pad 0 -12 0 12");
-    size.addActionListener(event -> view.layOut(size.getSelectedIndex() == 1));
+    size.addActionListener(event -> layOut());
     colour.addActionListener(event -> read());
     up.addActionListener(event -> zoom(view.root < 0 ? -1 : view.picture.parents[view.root]));
     up.setEnabled(false);
     export.addActionListener(event -> export());
     view.getAccessibleContext().setAccessibleName("Picture of the outline");
-    view.addPropertyChangeListener("blocks", event -> readNames());
+    view.addComponentListener(new ComponentAdapter() {
+      @Override
+      public void componentResized(ComponentEvent event) {
+        layOut();
+      }
+    });
     view.addMouseListener(new MouseAdapter() {
       @Override
       public void mousePressed(MouseEvent event) {
@@ -107,8 +118,8 @@ final class PicturePane extends JPanel {
   }
 
   private void zoom(int member) {
-    view.zoom(member);
-    up.setEnabled(view.root >= 0);
+    root = member < 0 ? -1 : picture.find(view.picture.handles[member]);
+    layOut();
   }
 
   private void mark(List<Member> members) {
@@ -158,47 +169,53 @@ final class PicturePane extends JPanel {
     }
   }
 
-  private void show(Picture picture) {
+  private void show(Picture read) {
     DefaultComboBoxModel<String> offered =
         new DefaultComboBoxModel<>(new String[] {GENERATION, FINDING});
-    picture.attributeDimensions.forEach(offered::addElement);
+    read.attributeDimensions.forEach(offered::addElement);
     if (offered.getIndexOf(colour.getSelectedItem()) >= 0) {
       offered.setSelectedItem(colour.getSelectedItem());
     }
     colour.setModel(offered);
-    view.names.clear();
-    view.show(picture);
-    up.setEnabled(view.root >= 0);
-    mark(workspace.selection());
+    picture = read;
+    zoom(view.root);
     StringBuilder attributes = new StringBuilder("<html><nobr>");
-    picture.attributes.stream().limit(MOST_IN_LEGEND).forEach(name ->
+    read.attributes.stream().limit(MOST_IN_LEGEND).forEach(name ->
         attributes.append(String.format("<font color='#%06x'>\u25a0</font> %s &nbsp; ",
-            view.legend(1 + picture.attributes.indexOf(name)).getRGB() & 0xffffff,
+            PictureView.ofAttribute(1 + read.attributes.indexOf(name)).getRGB() & 0xffffff,
             PictureView.escaped(name))));
-    legend.setText(picture.attribute != null ? attributes.toString()
-        : picture.marked >= 0 ? String.format(
-            "%,d members with findings in red; what lies above them is pale", picture.marked)
-        : String.format("%,d members, a column a generation", picture.count));
+    legend.setText(read.attribute != null ? attributes.toString()
+        : read.marked >= 0 ? String.format(
+            "%,d members with findings in red; what lies above them is pale", read.marked)
+        : String.format("%,d members, a column a generation", read.count));
   }
 
-  private void readNames() {
-    int[] handles = view.nameless();
-    if (handles.length > 0) {
-      workspace.read(() -> {
-        Map<Integer, String> names = new HashMap<>();
-        try {
-          for (Member member : workspace.outline.read(handles, Details.NONE)) {
-            names.put(member.handle(), member.name());
-          }
-        } catch (OutlineException e) {
-          // One was deleted since; the picture is about to be read anew.
-        }
-        return names;
-      }, names -> {
-        view.names.putAll(names);
-        view.repaint();
-      });
-    }
+  /** Lays out what is to be seen, and shows it with its names. */
+  private void layOut() {
+    int number = ++laidOut;
+    Picture laid = picture;
+    int top = root;
+    int height = Math.max(1, view.getHeight());
+    boolean byLeaves = size.getSelectedIndex() == 1;
+    workspace.read(() -> {
+      List<Picture.Block> blocks = laid.layOut(top, height, byLeaves, MOST_COLUMNS);
+      List<Picture.Block> named = blocks.stream().filter(one -> one.siblings == 1)
+          .collect(Collectors.toList());
+      try {
+        Iterator<Member> members = workspace.outline.read(named.stream()
+            .mapToInt(one -> laid.handles[one.first]).toArray(), Details.NONE).iterator();
+        named.forEach(one -> one.name = members.next().name());
+      } catch (OutlineException e) {
+        // One was deleted since; the picture is about to be read anew.
+      }
+      return blocks;
+    }, blocks -> {
+      if (number == laidOut) {
+        view.show(laid, top, blocks);
+        up.setEnabled(top >= 0);
+        mark(workspace.selection());
+      }
+    });
   }
 
   private void export() {

@@ -14,27 +14,21 @@ import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.Collections;
-import java.util.HashMap;
 import java.util.List;
 import java.util.Locale;
-import java.util.Map;
 import javax.imageio.ImageIO;
 import javax.swing.JPanel;
 
 /** Draws a picture, on the screen and into files. */
 final class PictureView extends JPanel {
   private static final long serialVersionUID = 1;
-  private static final int MOST_COLUMNS = 12;
   private static final int LABEL_HEIGHT = 14;
 
   transient Picture picture = new Picture(null);
-  /** The names of members by their handles, as far as they are known. */
-  final transient Map<Integer, String> names = new HashMap<>();
   /** The member whose subtree is shown, -1 for the whole outline; and the one that is marked. */
   int root = -1;
   int selected = -1;
   private transient List<Picture.Block> blocks = Collections.emptyList();
-  private boolean byLeaves;
   private int columns = 1;
 
   PictureView() {
@@ -43,45 +37,12 @@ final class PictureView extends JPanel {
     setPreferredSize(new Dimension(400, 400));
   }
 
-  /** Shows a picture. */
-  void show(Picture shown) {
-    int handle = root < 0 ? 0 : picture.handles[root];
+  /** Shows the blocks of a subtree of a picture, or with -1 of the whole outline. */
+  void show(Picture shown, int shownRoot, List<Picture.Block> shownBlocks) {
     picture = shown;
-    zoom(handle == 0 ? -1 : shown.find(handle));
-  }
-
-  /** Makes blocks as high as the number of their leaves, or of all their members. */
-  void layOut(boolean leaves) {
-    byLeaves = leaves;
-    layOut();
-  }
-
-  /** Shows a subtree only, or with -1 the whole outline. */
-  void zoom(int member) {
-    root = member;
-    layOut();
-  }
-
-  /** The handles of the members that are drawn and whose names are not known. */
-  int[] nameless() {
-    return blocks.stream().filter(one -> one.siblings == 1)
-        .mapToInt(one -> picture.handles[one.first])
-        .filter(handle -> !names.containsKey(handle)).toArray();
-  }
-
-  @Override
-  public void setBounds(int x, int y, int width, int height) {
-    boolean other = height != getHeight();
-    super.setBounds(x, y, width, height);
-    if (other) {
-      layOut();
-    }
-  }
-
-  private void layOut() {
-    blocks = picture.layOut(root, Math.max(1, getHeight()), byLeaves, MOST_COLUMNS);
+    root = shownRoot;
+    blocks = shownBlocks;
     columns = 1 + blocks.stream().mapToInt(one -> one.column).max().orElse(0);
-    firePropertyChange("blocks", null, blocks);
     repaint();
   }
 
@@ -98,17 +59,22 @@ final class PictureView extends JPanel {
 
   private Color colour(Picture.Block block) {
     Palette palette = Theme.palette();
-    boolean dark = palette == Palette.DARK;
     if (picture.marked >= 0) {
       return block.key == 2 ? palette.error
           : block.key == 1 ? mix(palette.error, palette.raised) : palette.raised;
     }
-    boolean byAttribute = picture.attribute != null;
-    if (byAttribute && block.key == 0) {
-      return palette.raised;
-    }
-    float hue = 0.58f + (byAttribute ? 0.382f * block.key : 0.09f * block.column);
-    return Color.getHSBColor(hue % 1, dark ? 0.5f : 0.28f, dark ? 0.42f : 0.95f);
+    return picture.attribute == null ? hue(0.09f * block.column)
+        : block.key == 0 ? palette.raised : ofAttribute(block.key);
+  }
+
+  /** The colour of the attribute of a number. */
+  static Color ofAttribute(int number) {
+    return hue(0.382f * number);
+  }
+
+  private static Color hue(float turn) {
+    boolean dark = Theme.palette() == Palette.DARK;
+    return Color.getHSBColor((0.58f + turn) % 1, dark ? 0.5f : 0.28f, dark ? 0.42f : 0.95f);
   }
 
   private static Color mix(Color one, Color other) {
@@ -116,31 +82,20 @@ final class PictureView extends JPanel {
         (one.getGreen() + 3 * other.getGreen()) / 4, (one.getBlue() + 3 * other.getBlue()) / 4);
   }
 
-  /** The colour of the members with a number, for a legend. */
-  Color legend(int number) {
-    Picture.Block block = new Picture.Block(0, 0, 0);
-    block.key = (byte) number;
-    return colour(block);
-  }
-
   private Color textColour(Picture.Block block) {
     return picture.marked >= 0 && block.key == 2
         ? Theme.palette().content : Theme.palette().text;
   }
 
-  private String name(Picture.Block block) {
-    return names.getOrDefault(picture.handles[block.first], "");
-  }
-
   /** What is written into a block; empty where it is too low. */
   private String label(Picture.Block block) {
-    return block.length < LABEL_HEIGHT || block.siblings > 1 ? "" : name(block);
+    return block.length < LABEL_HEIGHT || block.siblings > 1 ? "" : block.name;
   }
 
   private String description(Picture.Block block) {
     int members = picture.sizes[block.first];
     return block.siblings > 1 ? String.format("%,d members side by side", block.siblings)
-        : members > 1 ? String.format("%s, %,d members", name(block), members) : name(block);
+        : members > 1 ? String.format("%s, %,d members", block.name, members) : block.name;
   }
 
   private boolean holdsSelected(Picture.Block block) {
