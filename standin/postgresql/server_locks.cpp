@@ -144,7 +144,7 @@ void ServerStore::lock(int64_t login, const ObjectName& object) {
   if (object.local) return local().lock(local_login(login), object);
   const std::string name = object.text();
   if (const auto before = held(login, object)) {
-    if (keeper_.is_kept(before->row)) {
+    if (!before->told && keeper_.is_kept(before->row)) {
       const std::lock_guard<std::mutex> guard(mutex_);
       ++logins_.at(login).held.at(name).times;
       return;

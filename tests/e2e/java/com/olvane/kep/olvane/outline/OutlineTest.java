@@ -5,6 +5,7 @@ import static org.hamcrest.CoreMatchers.instanceOf;
 import static org.hamcrest.MatcherAssert.assertThat;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertFalse;
+import static org.junit.Assert.assertThrows;
 import static org.junit.Assert.assertTrue;
 import static org.junit.Assert.fail;
 
@@ -220,6 +221,14 @@ public class OutlineTest {
     try (Outline stored = store.browse("Test", "Test")) {
       assertTrue(stored.find("written back").isPresent());
     }
+
+    store.breakLock("Test/Test/Test");
+    OutlineException gone = assertThrows(OutlineException.class, outline::save);
+    assertTrue(gone.status() == Status.LOCK_LOST || gone.status() == Status.NOT_LOCKED);
+    assertFalse(outline.lockAgain(() -> false));
+    assertEquals(0, store.locks().size());
+    assertTrue(outline.lockAgain(() -> store.locks().size() == 1));
+    outline.save();
   }
 
   @Test

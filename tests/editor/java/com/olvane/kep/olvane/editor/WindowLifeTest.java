@@ -140,7 +140,7 @@ public class WindowLifeTest {
     user.key("ctrl F");
     user.type("member 5678");
     // Itself and those with one more digit.
-    user.waitFor("the hits", () -> "1 of 11".equals(count()));
+    user.waitFor("the hits", () -> "1 of 11".equals(text("search count")));
     user.waitFor("the first hit to be selected", () -> selected().equals("Member 5678"));
     user.key("F3");
     user.waitFor("the next one", () -> selected().equals("Member 56780"));
@@ -171,8 +171,8 @@ public class WindowLifeTest {
         : open.workspace.selection().get(0).name();
   }
 
-  private String count() {
-    JLabel label = RobotUser.showing(JLabel.class, one -> "search count".equals(one.getName()));
+  private static String text(String name) {
+    JLabel label = RobotUser.showing(JLabel.class, one -> name.equals(one.getName()));
     return label == null ? "" : label.getText();
   }
 
@@ -262,6 +262,39 @@ public class WindowLifeTest {
     user.waitFor("it to be saved", () -> !open.workspace.dirty());
     try (Outline saved = open.store.browse("Test", "Test")) {
       assertEquals(2001, saved.find("Product").get().childCount());
+    }
+  }
+
+  @Test
+  public void aLockThatIsGoneIsTakenAgainUnlessSomebodySavedSince() throws Exception {
+    fill(2);
+    open.open(user);
+    user.click(open.tree, user.row(open.tree, "Product"));
+    user.key("ctrl shift N");
+    open.name(user, "Mine");
+    open.store.breakLock("Test/Test/Test");
+    user.key("ctrl S");
+    dialogText("not locked for you any more");
+    user.waitFor("the status line to tell", () -> "Not locked".equals(text("lock")));
+    open.press(user, "Take the Lock and Save");
+    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    user.waitFor("the lock to be back", () -> "Locked by tester".equals(text("lock")));
+
+    clickTree();
+    user.key("alt UP");
+    user.waitFor("the edit", () -> open.workspace.dirty());
+    open.store.breakLock("Test/Test/Test");
+    try (Store peer = Store.open(open.folder, "peer"); Outline theirs = peer.edit("Test", "Test")) {
+      theirs.create(Place.lastBelow(theirs.find("Product").get()), new NewMember("Theirs"));
+      theirs.save();
+    }
+    user.key("ctrl S");
+    open.press(user, "Take the Lock and Save");
+    dialogText("was saved by somebody else since");
+    open.press(user, "Cancel");
+    try (Outline saved = open.store.browse("Test", "Test")) {
+      assertEquals("Product(Member 0 Member 1 Mine Theirs)", WindowOutline.shape(saved));
+      assertEquals(0, open.store.locks().size());
     }
   }
 

@@ -54,11 +54,17 @@ final class EditorWindow {
       commands.update();
       setTitle();
     });
-    workspace.failed.hear(this::say);
     SearchTask search = new SearchTask(workspace);
     JPanel findings = Lists.findings(workspace);
     workspace.verified.hear(found -> showPane(findings));
-    new WindowCommands(this);
+    WindowCommands files = new WindowCommands(this);
+    workspace.failed.hear(failure -> {
+      if (!Workspace.isLockGone(failure)) {
+        say(failure);
+      } else if (!closing) {
+        files.offerLock();
+      }
+    });
     addHistoryCommands();
     new TreeCommands(this);
     layOut(new SearchBar(this, search).panel);

@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoreLock;
 import java.text.NumberFormat;
 import javax.swing.JButton;
@@ -43,6 +44,8 @@ final class StatusLine extends JPanel {
     Timer measure = new Timer(2000, event -> showMemory());
     workspace.busy.hear(this::begin);
     workspace.historyChanged.hear(history -> showState());
+    workspace.historyChanged.hear(history -> showLock());
+    workspace.failed.hear(failure -> showLock());
     Listen.onShowing(this, seen -> {
       if (seen) {
         measure.start();
@@ -112,8 +115,13 @@ final class StatusLine extends JPanel {
   private void showLock() {
     String object =
         workspace.application() + "/" + workspace.database() + "/" + workspace.database();
-    workspace.read(() -> workspace.store.locks().stream()
-        .filter(one -> one.object().equals(object)).map(StoreLock::user).findFirst(),
-        user -> lock.setText(user.map(one -> "Locked by " + one).orElse("Not locked")));
+    workspace.read(() -> {
+      try {
+        return workspace.store.locks().stream().filter(one -> one.object().equals(object))
+            .map(StoreLock::user).findFirst().map(one -> "Locked by " + one).orElse("Not locked");
+      } catch (StatusException e) {
+        return "Lock not known";
+      }
+    }, lock::setText);
   }
 }

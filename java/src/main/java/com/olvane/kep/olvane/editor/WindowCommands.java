@@ -97,6 +97,26 @@ final class WindowCommands {
     });
   }
 
+  /** A save has found that the lock is gone. */
+  void offerLock() {
+    int answer = Ask.choose(window.frame, workspace.name() + " is not locked for you any more: the"
+        + " connection to its store broke, or somebody took the lock away. It is not saved; your"
+        + " changes are still here.", "Take the Lock and Save", "Save As \u2026", "Cancel");
+    if (answer == 0) {
+      workspace.lockAgain(locked -> {
+        if (locked) {
+          save();
+        } else if (Ask.confirm(window.frame, workspace.name() + " was saved by somebody else since"
+            + " it was opened here. Save your outline to another database, and compare them.",
+            "Save As \u2026")) {
+          saveAs();
+        }
+      });
+    } else if (answer == 1) {
+      saveAs();
+    }
+  }
+
   private void saveAs() {
     withDatabase("Save As", "Save", "Saving as ", (application, database) -> {
       workspace.outline.database().saveAs(application, database);

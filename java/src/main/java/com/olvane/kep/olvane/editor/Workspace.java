@@ -5,6 +5,7 @@ import com.olvane.kep.olvane.outline.Finding;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
+import com.olvane.kep.olvane.outline.Status;
 import com.olvane.kep.olvane.outline.Store;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -49,6 +50,8 @@ final class Workspace {
   private Edit preview;
   private volatile List<Member> selection = Collections.emptyList();
   private volatile long members;
+  /** What the store tells of the outline since it was opened or saved here. */
+  private volatile String stored;
 
   /**
    * Takes over an outline that was opened.
@@ -72,6 +75,7 @@ final class Workspace {
     this.members = members;
     this.context = new EditContext(outline);
     this.unsaved = new UnsavedWork(store, application(), database());
+    this.stored = readStored();
     if (locked != found) {
       unsaved.found();
       history.neverSaved();
@@ -280,9 +284,28 @@ final class Workspace {
       unsaved.remove();
       return history;
     }, saved -> {
+      read(this::readStored, now -> stored = now);
       historyChanged.tell(saved);
       then.run();
     });
+  }
+
+  /** Whether saving failed as the lock is gone. */
+  static boolean isLockGone(Exception failure) {
+    int status = failure instanceof OutlineException ? ((OutlineException) failure).status() : 0;
+    return status == Status.LOCK_LOST || status == Status.NOT_LOCKED;
+  }
+
+  /** Takes the lock again; {@code then} hears whether it could be, as nobody has saved since. */
+  void lockAgain(Consumer<Boolean> then) {
+    run("Locking", () -> locked.lockAgain(() -> readStored().equals(stored)), then);
+  }
+
+  private String readStored() {
+    return store.databases().stream()
+        .filter(one -> one.application().equals(application())
+            && one.database().equals(database()))
+        .map(one -> one.saved() + " " + one.size() + " " + one.members()).findFirst().orElse("");
   }
 
   /**

@@ -9,6 +9,7 @@ import java.nio.ByteBuffer;
 import java.util.ConcurrentModificationException;
 import java.util.concurrent.ArrayBlockingQueue;
 import java.util.concurrent.locks.ReentrantLock;
+import java.util.function.BooleanSupplier;
 
 /**
  * An open outline as its parts share it: its handle, one call at a time, and the buffers of the
@@ -188,6 +189,23 @@ final class Access {
       savedEdits = status == Status.OK ? edits : savedEdits;
       return status;
     });
+  }
+
+  /** Takes the lock again that is gone, and gives it back unless {@code wanted} is true then. */
+  boolean lockAgain(BooleanSupplier wanted) {
+    requireEditing();
+    OutlineHandle stored = new OutlineHandle();
+    check("lock the outline", name(), "",
+        OutlineJni.openOutlineEdit(context, application, database, database, stored));
+    boolean stays = false;
+    try {
+      stays = wanted.getAsBoolean();
+    } finally {
+      // Only closing what was opened for editing unlocks it.
+      check("close what is stored", name(), "", stays ? OutlineJni.closeOutlineQuery(stored)
+          : OutlineJni.closeOutlineEdit(context, stored, application, database));
+    }
+    return stays;
   }
 
   /** Closes the outline after the call that runs; closing again does nothing. */

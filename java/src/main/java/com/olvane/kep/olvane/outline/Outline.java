@@ -11,6 +11,7 @@ import com.olvane.kep.olvane.defs.outline.VerifyFinding;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
+import java.util.function.BooleanSupplier;
 import java.util.stream.Collectors;
 
 /**
@@ -268,6 +269,20 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
   /** Writes the outline to its database. It cannot be cancelled. */
   public void save() {
     access.save();
+  }
+
+  /**
+   * Takes the lock again that is gone, as with a connection that broke: saving said {@link
+   * Status#LOCK_LOST} or {@link Status#NOT_LOCKED}. What is edited stays, and what is stored is
+   * not looked at; the next save replaces it.
+   *
+   * @param wanted tells, while the outline is locked again, whether it is to stay so: whether
+   *     nobody has stored another one meanwhile
+   * @return what {@code wanted} told
+   * @throws OutlineException if it cannot be locked, for one when somebody else edits it
+   */
+  public boolean lockAgain(BooleanSupplier wanted) {
+    return access.lockAgain(wanted);
   }
 
   // ---- The parts of an outline ----

@@ -15,6 +15,11 @@ public final class Status {
   /** The name of a new member is in use. */
   public static final int DUPLICATE_NAME = 1060051;
 
+  /** The outline is not locked for this login; somebody took the lock away. */
+  public static final int NOT_LOCKED = 1900018;
+  /** The lock went with the connection to the store's server, or somebody took it away. */
+  public static final int LOCK_LOST = 1900056;
+
   /** Statuses from here on are the embedded engine's own. */
   private static final int FIRST_OF_ENGINE = 1900001;
 
