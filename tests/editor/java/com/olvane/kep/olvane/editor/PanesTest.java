@@ -151,9 +151,15 @@ public class PanesTest {
     expect("", tooLong.substring(1), outline -> read("Cola").comment());
 
     select("Cola", "Tea green");
-    JTextComponent udas = user.find(JTextComponent.class, "User-defined attributes (one a line)");
+    JTextComponent udas = user.find(JTextComponent.class, "User-defined attributes of all (one a line)");
     user.clickInto(udas);
     user.type("Cold");
+    user.key("ENTER");
+    user.type(tooLong.substring(0, 50));
+    user.find(JLabel.class, "the line that is too long",
+        one -> "Line 2: At most 80 bytes fit; these are 100.".equals(one.getText()));
+    user.key("ctrl Z");
+    user.key("BACK_SPACE");
     user.key("ctrl ENTER");
     expect("[][]", "[Cold][Cold]",
         outline -> "" + read("Cola").udas() + read("Tea green").udas());

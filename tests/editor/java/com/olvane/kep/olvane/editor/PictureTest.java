@@ -9,8 +9,8 @@ import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Place;
-import java.io.IOException;
 import java.nio.file.Files;
+import java.nio.file.NoSuchFileException;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -126,11 +126,13 @@ public class PictureTest {
         .parse(folder.resolve("picture.svg").toFile()).getDocumentElement().getTextContent();
     assertTrue(text, text.contains("Tea & <milk>"));
     assertEquals(1200, ImageIO.read(folder.resolve("picture.png").toFile()).getWidth());
-    try {
-      view.save(folder.resolve("nowhere").resolve("picture.svg"));
-      throw new AssertionError("written to a folder that is not there");
-    } catch (IOException e) {
-      assertFalse(Files.exists(folder.resolve("nowhere")));
+    for (String name : new String[] {"picture.svg", "picture.png"}) {
+      try {
+        view.save(folder.resolve("nowhere").resolve(name));
+        throw new AssertionError("written to a folder that is not there");
+      } catch (NoSuchFileException e) {
+        assertFalse(Files.exists(folder.resolve("nowhere")));
+      }
     }
   }
 }

@@ -123,7 +123,7 @@ final class AliasTablesDialog {
   }
 
   private void importFile() {
-    File chosen = Prompt.file(form, "Import an alias table", null);
+    File chosen = Prompt.file(form, "Import an alias table", null, "alt");
     if (chosen != null) {
       workspace.read(() -> AliasFile.read(chosen.toPath()), file -> {
         String table = AliasImportDialog.ask(form, workspace, chosen.toPath(), file);
@@ -136,7 +136,7 @@ final class AliasTablesDialog {
 
   private void export(String table) {
     String title = "Export " + table;
-    File file = Prompt.file(form, title, table + ".alt");
+    File file = Prompt.file(form, title, table, "alt");
     if (file != null) {
       workspace.run("Exporting " + table, () -> {
         workspace.outline.aliasTables().exportTo(table, file.toPath());

@@ -6,6 +6,7 @@ import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Share;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
@@ -17,6 +18,7 @@ import java.util.Set;
 import java.util.function.BiFunction;
 import java.util.function.Function;
 import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 import java.util.stream.Stream;
 
 /**
@@ -69,7 +71,7 @@ final class MemberRows {
     contents.add(RowsPane.Place.RIGHT, "", Collections.singletonList(udas()));
     contents.add(RowsPane.Place.BELOW, "", Arrays.asList(
         row(MemberParts.FORMULA).in(() -> new FormulaArea(workspace)),
-        row(MemberParts.COMMENT).in(() -> Row.area(1)),
+        row(MemberParts.COMMENT).in(() -> Row.area(2)),
         row(MemberParts.EXTENDED_COMMENT).in(() -> Row.area(3))));
     return contents;
   }
@@ -110,8 +112,11 @@ final class MemberRows {
     String value = common(part.read);
     List<String> words = new ArrayList<>(part.words.values());
     List<String> values = new ArrayList<>(part.words.keySet());
+    List<String> offered = new ArrayList<>(words);
+    // A member becomes one of an attribute by where it stands.
+    offered.remove(Share.ATTRIBUTE.words());
     return Row.chosen(part.label,
-        value == null ? null : part.words.getOrDefault(value, "code " + value), words,
+        value == null ? null : part.words.getOrDefault(value, "code " + value), offered,
         word -> change(what, member -> set(part, values.get(words.indexOf(word)))));
   }
 
@@ -148,10 +153,17 @@ final class MemberRows {
           .forEach(made::withoutUda);
       return made;
     };
-    return Row.typed("User-defined attributes (one a line)", String.join("\n", common),
-        Row.accordingTo(text -> members.forEach(member -> changes.apply(member, text))),
+    return Row.typed(members.size() == 1
+        ? "User-defined attributes (one a line)" : "User-defined attributes of all (one a line)", String.join("\n", common),
+        text -> {
+          String[] lines = text.split("\n");
+          return IntStream.range(0, lines.length).mapToObj(i -> {
+            String reason = Row.accordingTo(new Changes()::uda).apply(lines[i].trim());
+            return reason == null || lines[i].trim().isEmpty() ? null : "Line " + (i + 1) + ": " + reason;
+          }).filter(Objects::nonNull).findFirst().orElse(null);
+        },
         text -> change("the user-defined attributes", member -> changes.apply(member, text)))
-        .in(() -> Row.area(3));
+        .in(() -> Row.area(5));
   }
 
   /** The associated attribute members, by the attribute dimensions of the members' dimension. */

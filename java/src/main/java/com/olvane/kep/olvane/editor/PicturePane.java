@@ -187,7 +187,8 @@ final class PicturePane extends JPanel {
     legend.setText(read.attribute != null ? attributes.toString()
         : read.marked >= 0 ? String.format(
             "%,d members with findings in red; what lies above them is pale", read.marked)
-        : String.format("%,d members, a column a generation", read.count));
+        : String.format("%,d members, a column a generation; a double click zooms in, Backspace out",
+            read.count));
   }
 
   /** Lays out what is to be seen, and shows it with its names. */
@@ -219,8 +220,7 @@ final class PicturePane extends JPanel {
   }
 
   private void export() {
-    File file =
-        Prompt.file(this, "Export the picture as SVG or PNG", workspace.name() + ".svg");
+    File file = Prompt.file(this, "Export the picture", workspace.name(), "svg", "png");
     if (file == null) {
       return;
     }

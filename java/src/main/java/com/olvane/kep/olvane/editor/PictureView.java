@@ -3,12 +3,13 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Color;
 import java.awt.Dimension;
 import java.awt.FontMetrics;
-import java.awt.Graphics;
 import java.awt.Graphics2D;
+import java.awt.Graphics;
 import java.awt.event.MouseEvent;
 import java.awt.geom.Rectangle2D;
 import java.awt.image.BufferedImage;
 import java.io.IOException;
+import java.io.OutputStream;
 import java.io.PrintWriter;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
@@ -63,8 +64,14 @@ final class PictureView extends JPanel {
       return block.key == 2 ? palette.error
           : block.key == 1 ? mix(palette.error, palette.raised) : palette.raised;
     }
-    return picture.attribute == null ? hue(0.09f * block.column)
-        : block.key == 0 ? palette.raised : ofAttribute(block.key);
+    if (picture.attribute != null) {
+      return block.key == 0 ? palette.raised : ofAttribute(block.key);
+    }
+    int above = 0;
+    for (int at = picture.parents[block.first]; at >= 0; at = picture.parents[at]) {
+      above++;
+    }
+    return hue(0.09f * above);
   }
 
   /** The colour of the attribute of a number. */
@@ -159,10 +166,15 @@ final class PictureView extends JPanel {
         new BufferedImage(2 * getWidth(), 2 * getHeight(), BufferedImage.TYPE_INT_RGB);
     Graphics2D g = image.createGraphics();
     g.scale(2, 2);
+    int marked = selected;
+    selected = -1;
     paintComponent(g);
+    selected = marked;
     g.dispose();
-    if (!ImageIO.write(image, "png", file.toFile())) {
-      throw new IOException("No PNG can be written here");
+    try (OutputStream out = Files.newOutputStream(file)) {
+      if (!ImageIO.write(image, "png", out)) {
+        throw new IOException("No PNG can be written here");
+      }
     }
   }
 
@@ -170,7 +182,9 @@ final class PictureView extends JPanel {
     try (PrintWriter out =
         new PrintWriter(Files.newBufferedWriter(file, StandardCharsets.UTF_8))) {
       out.printf("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%d\" height=\"%d\" "
-          + "font-family=\"sans-serif\" font-size=\"11\">%n", getWidth(), getHeight());
+          + "font-family=\"sans-serif\" font-size=\"11\">"
+          + "<rect width=\"100%%\" height=\"100%%\" fill=\"#%06x\"/>%n", getWidth(), getHeight(),
+          Theme.palette().content.getRGB() & 0xffffff);
       for (Picture.Block block : blocks) {
         Rectangle2D box = bounds(block);
         out.printf(Locale.ROOT, "<svg x=\"%.1f\" y=\"%.2f\" width=\"%.1f\" height=\"%.2f\">"

@@ -5,6 +5,8 @@ import java.awt.Component;
 import java.awt.Container;
 import java.awt.FlowLayout;
 import java.io.File;
+import java.util.Arrays;
+import java.util.Locale;
 import java.util.function.Consumer;
 import java.util.function.Function;
 import javax.swing.JButton;
@@ -16,6 +18,7 @@ import javax.swing.JPanel;
 import javax.swing.JTextField;
 import javax.swing.KeyStroke;
 import javax.swing.SwingUtilities;
+import javax.swing.filechooser.FileNameExtensionFilter;
 import net.miginfocom.swing.MigLayout;
 
 /**
@@ -114,12 +117,28 @@ final class Prompt {
     }
   }
 
-  /** Asks for a file to read, or to write with a name proposed for it; null when cancelled. */
-  static File file(Component parent, String title, String proposed) {
+  /**
+   * Asks for a file that can be read, or written.
+   *
+   * @param proposed the name proposed for a file to be written, without its type; null for reading
+   * @param types the types it may have, as its name ends in them
+   * @return the file; null when it was cancelled
+   */
+  static File file(Component parent, String title, String proposed, String... types) {
     JFileChooser chooser = new JFileChooser(folder);
     chooser.setDialogTitle(title);
+    chooser.setAcceptAllFileFilterUsed(proposed == null);
+    chooser.addPropertyChangeListener(JFileChooser.FILE_FILTER_CHANGED_PROPERTY, change -> {
+      if (proposed != null) {
+        chooser.setSelectedFile(new File(chooser.getCurrentDirectory(), proposed + type(chooser)));
+      }
+    });
+    for (String type : types) {
+      chooser.addChoosableFileFilter(
+          new FileNameExtensionFilter(type.toUpperCase(Locale.ROOT) + " file", type));
+    }
     if (proposed != null) {
-      chooser.setSelectedFile(new File(folder, proposed));
+      chooser.setFileFilter(chooser.getChoosableFileFilters()[0]);
     }
     int answer =
         proposed == null ? chooser.showOpenDialog(parent) : chooser.showSaveDialog(parent);
@@ -128,8 +147,29 @@ final class Prompt {
     }
     folder = chooser.getCurrentDirectory();
     File file = chooser.getSelectedFile();
-    boolean mayBe = proposed == null || !file.exists()
-        || Ask.confirm(parent, file + " exists. Replace it?", "Replace");
-    return mayBe ? file : null;
+    if (proposed == null && !(file.isFile() && file.canRead())) {
+      Ask.say(parent, "There is no file " + file + " that can be read.");
+      return null;
+    }
+    if (proposed == null) {
+      return file;
+    }
+    if (Arrays.stream(types).noneMatch(type -> file.getName().endsWith("." + type))) {
+      return toWrite(parent, new File(file + type(chooser)));
+    }
+    return toWrite(parent, file);
+  }
+
+  private static String type(JFileChooser chooser) {
+    return "." + ((FileNameExtensionFilter) chooser.getFileFilter()).getExtensions()[0];
+  }
+
+  private static File toWrite(Component parent, File file) {
+    if (!file.getParentFile().canWrite()) {
+      Ask.say(parent, "There is no folder " + file.getParent() + " that can be written to.");
+      return null;
+    }
+    return !file.exists() || Ask.confirm(parent, file + " exists. Replace it?", "Replace")
+        ? file : null;
   }
 }
