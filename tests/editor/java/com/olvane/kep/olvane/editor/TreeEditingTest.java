@@ -98,6 +98,16 @@ public class TreeEditingTest {
     select("Food");
     user.key("ctrl V");
     expect("Product(Drinks(Tea) Food(Cola Drinks(Tea)))");
+    select("Cola");
+    user.key("ctrl C");
+    user.key("ctrl shift V");
+    open.expect(user, "Product(Drinks(Tea) Food(Cola Cola 2 Drinks(Tea)))");
+    user.key("ctrl N");
+    user.waitFor("a name to be typed", open.tree::isEditing);
+    user.key("ESCAPE");
+    open.expect(user, "Product(Drinks(Tea) Food(Cola Cola 2 Drinks(Tea)))");
+    user.key("ctrl Z");
+    open.expect(user, "Product(Drinks(Tea) Food(Cola Drinks(Tea)))");
     select("Food");
     open.menu(user, "Edit", "Sort Children Z to A");
     expect("Product(Drinks(Tea) Food(Drinks(Tea) Cola))");

@@ -137,11 +137,14 @@ public class WindowLifeTest {
     open.press(user, "Cancel");
     clickTree();
 
+    user.key("ctrl 1");
+    user.waitFor("the dimension alone", () -> open.tree.getRowCount() == 1);
     user.key("ctrl F");
     user.type("member 5678");
     // Itself and those with one more digit.
     user.waitFor("the hits", () -> "1 of 11".equals(text("search count")));
     user.waitFor("the first hit to be selected", () -> selected().equals("Member 5678"));
+    user.waitFor("it to be seen", this::isSelectionInView);
     user.key("F3");
     user.waitFor("the next one", () -> selected().equals("Member 56780"));
     user.key("shift F3");

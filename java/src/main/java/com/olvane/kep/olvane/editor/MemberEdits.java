@@ -67,9 +67,7 @@ final class MemberEdits {
     AtomicReference<String> name = new AtomicReference<>(proposed);
     return new Edit(() -> "Create " + name, context -> {
       Outline outline = context.outline;
-      for (int number = 2; outline.find(name.get()).isPresent(); number++) {
-        name.set(proposed + " " + number);
-      }
+      name.set(free(outline, proposed));
       int parent = target.parent(context);
       Ref made = Ref.toCome();
       context.bind(made, outline.build(target.place(context),
@@ -77,6 +75,15 @@ final class MemberEdits {
       tell(context, parent, 1, made);
       return delete(made, null);
     });
+  }
+
+  /** A name that no member has: one that is proposed, or that with a number behind it. */
+  private static String free(Outline outline, String proposed) {
+    String name = proposed;
+    for (int number = 2; outline.find(name).isPresent(); number++) {
+      name = proposed + " " + number;
+    }
+    return name;
   }
 
   /** Deletes members with everything below them. */
@@ -128,7 +135,14 @@ final class MemberEdits {
       steps.add(copying ? copy(ref, target, placed) : move(ref, target, context -> {}));
       target = Target.behind(placed);
     }
-    return new Edit(title(verb, members), Edit.all(steps));
+    AtomicReference<String> where = new AtomicReference<>("");
+    return new Edit(() -> title(verb, members) + where, context -> {
+      int parent = first.parent(context);
+      boolean within = context.member(members.get(0).handle(), PLACE).parentHandle() == parent;
+      where.set(parent == OutlineChange.DIMENSIONS ? ""
+          : (within ? " within " : " to ") + context.member(parent, Details.NONE).name());
+      return Edit.all(steps).run(context);
+    });
   }
 
   private static Edit.Step move(Ref member, Target target, Consumer<EditContext> associate) {
@@ -160,6 +174,7 @@ final class MemberEdits {
         while (run.next()) {
           context.progress(run.copied(), total);
         }
+        nameApart(context.outline, run.result(), parent);
       } catch (RuntimeException e) {
         run.cancel();
         throw e;
@@ -168,6 +183,17 @@ final class MemberEdits {
       tell(context, parent, total, copy);
       return delete(copy, source);
     };
+  }
+
+  /** Gives a copy that came beside a member of its name another one. */
+  private static void nameApart(Outline outline, Member copy, int parent) {
+    try (Stream<Member> siblings = parent == OutlineChange.DIMENSIONS
+        ? outline.dimensions().stream()
+        : outline.children(outline.read(new int[] {parent}, Details.NONE).get(0), Details.NONE)) {
+      if (siblings.filter(one -> one.name().equals(copy.name())).count() > 1) {
+        outline.rename(copy, free(outline, copy.name()));
+      }
+    }
   }
 
   /** A copy that grows into itself would have no end. */

@@ -92,9 +92,11 @@ final class MemberRows {
     return members.stream().allMatch(one -> Objects.equals(value.apply(one), first)) ? first : null;
   }
 
-  private void change(String what, Function<Member, Changes> changes) {
+  private void change(String what, String value, Function<Member, Changes> changes) {
+    String title = MemberEdits.title("Set " + what + " of", members);
+    boolean isShort = !value.isEmpty() && value.length() < 50 && value.indexOf('\n') < 0;
     workspace.edit(
-        MemberEdits.change(MemberEdits.title("Set " + what + " of", members), members, changes));
+        MemberEdits.change(isShort ? title + " to " + value : title, members, changes));
   }
 
   private static Changes set(MemberParts.Part part, String value) {
@@ -117,12 +119,12 @@ final class MemberRows {
     offered.remove(Share.ATTRIBUTE.words());
     return Row.chosen(part.label,
         value == null ? null : part.words.getOrDefault(value, "code " + value), offered,
-        word -> change(what, member -> set(part, values.get(words.indexOf(word)))));
+        word -> change(what, word, member -> set(part, values.get(words.indexOf(word)))));
   }
 
   private Row row(MemberParts.Part part, String what, Function<String, String> refusal) {
     return Row.typed(part.label, common(part.read), refusal,
-        text -> change(what, member -> set(part, text)));
+        text -> change(what, text, member -> set(part, text)));
   }
 
   // ---- Rows ----
@@ -162,7 +164,7 @@ final class MemberRows {
             return reason == null || lines[i].trim().isEmpty() ? null : "Line " + (i + 1) + ": " + reason;
           }).filter(Objects::nonNull).findFirst().orElse(null);
         },
-        text -> change("the user-defined attributes", member -> changes.apply(member, text)))
+        text -> change("the user-defined attributes", text, member -> changes.apply(member, text)))
         .in(() -> Row.area(5));
   }
 
@@ -197,7 +199,7 @@ final class MemberRows {
   }
 
   private void associate(String dimension, String name) {
-    change(dimension, member -> {
+    change(dimension, name, member -> {
       Changes changes = new Changes();
       of(member, dimension).forEach(changes::withoutAttribute);
       return name.isEmpty() || name.equals(NONE) ? changes : changes.attribute(name);

@@ -84,7 +84,7 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
     if (cut) {
       workspace.edit(MemberEdits.move(onClipboard, target), () -> hold(onClipboard, false));
     } else if (!onClipboard.isEmpty()) {
-      workspace.edit(MemberEdits.copy(onClipboard, target));
+      copy(onClipboard, target);
     }
     return !onClipboard.isEmpty();
   }
@@ -117,9 +117,22 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
   @Override
   public boolean importData(TransferSupport support) {
     Target target = target(support);
-    workspace.edit(support.getDropAction() == COPY
-        ? MemberEdits.copy(dragged, target) : MemberEdits.move(dragged, target));
+    if (support.getDropAction() == COPY) {
+      copy(dragged, target);
+    } else {
+      workspace.edit(MemberEdits.move(dragged, target));
+    }
     return true;
+  }
+
+  private void copy(List<Member> members, Target target) {
+    String name = members.get(0).name();
+    workspace.edit(MemberEdits.copy(members, target), () -> {
+      String made = workspace.selection().get(0).name();
+      if (!made.equals(name)) {
+        tree.complaint.accept("There is a " + name + " already; the copy is called " + made + ".");
+      }
+    });
   }
 
   /** Where members go that are dropped; null where none can go. */

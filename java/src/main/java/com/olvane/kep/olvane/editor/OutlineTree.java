@@ -52,6 +52,8 @@ final class OutlineTree extends JTree {
   transient Consumer<Character> typed = letter -> {};
   /** Hears of names that were typed for members. */
   transient BiConsumer<Member, String> renamed = (member, name) -> {};
+  /** Hears of a name that was given up with Escape. */
+  transient Runnable cancelled = () -> {};
 
   OutlineTree(Workspace workspace) {
     this.workspace = workspace;
@@ -207,7 +209,9 @@ final class OutlineTree extends JTree {
     if (row != null && !getVisibleRect().contains(getVisibleRect().x, row.y, 1, row.height)) {
       Rectangle view = new Rectangle(row.x, row.y - getVisibleRect().height / 3,
           Math.min(row.width, getVisibleRect().width), getVisibleRect().height * 2 / 3);
-      scrollRectToVisible(view.intersection(new Rectangle(0, 0, getWidth(), getHeight())));
+      // The height that it is about to have: members may have been opened just now.
+      scrollRectToVisible(view.intersection(
+          new Rectangle(0, 0, Integer.MAX_VALUE, getPreferredSize().height)));
     }
   }
 
@@ -330,6 +334,12 @@ final class OutlineTree extends JTree {
       scrollInto(path);
       startEditingAtPath(path);
     }
+  }
+
+  @Override
+  public void cancelEditing() {
+    super.cancelEditing();
+    cancelled.run();
   }
 
   @Override

@@ -34,6 +34,7 @@ final class TreeCommands {
     this.tree = window.tree;
     menu = window.commands.menu("Edit");
     tree.renamed = this::rename;
+    tree.cancelled = this::takeBack;
     // The window's commands have these keys.
     for (String keys : new String[] {"ctrl C", "ctrl X", "ctrl V", "COPY", "CUT", "PASTE", "F2"}) {
       tree.getInputMap().put(KeyStroke.getKeyStroke(keys), "none");
@@ -118,7 +119,8 @@ final class TreeCommands {
 
   private void show(MouseEvent event) {
     TreePath path = tree.getClosestPathForLocation(event.getX(), event.getY());
-    if (event.isPopupTrigger() && path != null) {
+    if (event.isPopupTrigger() && path != null
+        && tree.getPathBounds(path).getMaxY() > event.getY()) {
       if (!tree.isPathSelected(path)) {
         tree.setSelectionPath(path);
       }
@@ -155,6 +157,15 @@ final class TreeCommands {
       workspace.editFurther(edit, "Create " + name);
     } else {
       workspace.edit(edit);
+    }
+    naming = null;
+  }
+
+  /** A member whose name was given up is not to be. */
+  private void takeBack() {
+    Edit last = workspace.history.toUndo();
+    if (last != null && last.title().equals(naming)) {
+      workspace.undo();
     }
     naming = null;
   }
