@@ -9,7 +9,6 @@ import java.awt.Graphics2D;
 import java.awt.KeyboardFocusManager;
 import java.awt.Rectangle;
 import java.awt.RenderingHints;
-import java.awt.geom.Path2D;
 import java.awt.geom.RoundRectangle2D;
 import javax.swing.AbstractButton;
 import javax.swing.BorderFactory;
@@ -82,32 +81,31 @@ final class Flat {
 
   /** A line through points in a square; it is turned where reading goes from right to left. */
   static class LineIcon implements Icon, UIResource {
-    private final int size;
+    private static final int SIZE = 12;
     private final Color colour;
-    private final float[] points;
+    private final int[] across;
+    private final int[] down;
 
-    LineIcon(int size, Color colour, float... points) {
-      this.size = size;
+    LineIcon(Color colour, int[] across, int[] down) {
       this.colour = colour;
-      this.points = points;
+      this.across = across;
+      this.down = down;
     }
 
-    static Icon arrowDown(Color colour) {
-      return new LineIcon(12, colour, 2.6f, 4.5f, 6, 7.4f, 9.4f, 4.5f);
-    }
-
-    static Icon arrowAhead(Color colour) {
-      return new LineIcon(12, colour, 4.5f, 2.6f, 7.4f, 6, 4.5f, 9.4f);
+    static Icon arrow(Color colour, boolean ahead) {
+      int[] straight = {3, 6, 9};
+      int[] bent = {5, 8, 5};
+      return new LineIcon(colour, ahead ? bent : straight, ahead ? straight : bent);
     }
 
     @Override
     public int getIconWidth() {
-      return size;
+      return SIZE;
     }
 
     @Override
     public int getIconHeight() {
-      return size;
+      return SIZE;
     }
 
     @Override
@@ -115,17 +113,12 @@ final class Flat {
       Graphics2D g = smooth(graphics);
       g.translate(x, y);
       if (!on.getComponentOrientation().isLeftToRight()) {
-        g.translate(size, 0);
+        g.translate(SIZE, 0);
         g.scale(-1, 1);
       }
       g.setColor(colour);
       g.setStroke(new BasicStroke(1.6f, BasicStroke.CAP_ROUND, BasicStroke.JOIN_ROUND));
-      Path2D path = new Path2D.Float();
-      path.moveTo(points[0], points[1]);
-      for (int i = 2; i < points.length; i += 2) {
-        path.lineTo(points[i], points[i + 1]);
-      }
-      g.draw(path);
+      g.drawPolyline(across, down, across.length);
       g.dispose();
     }
   }
@@ -133,7 +126,7 @@ final class Flat {
   /** The tick of what is chosen in a menu. */
   static final class Tick extends LineIcon {
     Tick(Color colour) {
-      super(12, colour, 2, 6.5f, 5, 9.5f, 10, 3);
+      super(colour, new int[] {2, 5, 10}, new int[] {7, 10, 3});
     }
 
     @Override
@@ -202,7 +195,7 @@ final class Flat {
 
     @Override
     protected JButton createArrowButton() {
-      JButton button = new JButton(LineIcon.arrowDown(Theme.palette().text));
+      JButton button = new JButton(LineIcon.arrow(Theme.palette().text, false));
       button.setBorder(Theme.space(0, 0));
       button.setContentAreaFilled(false);
       button.setFocusable(false);

@@ -20,7 +20,6 @@ import javax.swing.plaf.ColorUIResource;
 import javax.swing.plaf.InsetsUIResource;
 import javax.swing.plaf.metal.DefaultMetalTheme;
 import javax.swing.plaf.metal.MetalLookAndFeel;
-import javax.swing.table.TableCellRenderer;
 
 /** The editor's look: Metal, made flat, in the colours of a {@link Palette}. */
 final class Theme {
@@ -39,9 +38,7 @@ final class Theme {
 
   /** Says how text is drawn; call it before the window toolkit starts. */
   static void prepare() {
-    if (System.getProperty("awt.useSystemAAFontSettings") == null) {
-      System.setProperty("awt.useSystemAAFontSettings", "on");
-    }
+    System.getProperties().putIfAbsent("awt.useSystemAAFontSettings", "on");
   }
 
   /** {@return the colours in use} */
@@ -53,7 +50,7 @@ final class Theme {
   static void install(Palette colours) {
     palette = colours;
     UIManager.put("swing.boldMetal", false);
-    MetalLookAndFeel.setCurrentTheme(new Colours());
+    MetalLookAndFeel.setCurrentTheme(new DefaultMetalTheme());
     try {
       UIManager.setLookAndFeel(new MetalLookAndFeel());
     } catch (UnsupportedLookAndFeelException e) {
@@ -85,10 +82,8 @@ final class Theme {
     table.setShowVerticalLines(false);
     table.setIntercellSpacing(new Dimension(0, 1));
     table.setFillsViewportHeight(true);
-    TableCellRenderer headings = table.getTableHeader().getDefaultRenderer();
-    if (headings instanceof JLabel) {
-      ((JLabel) headings).setHorizontalAlignment(SwingConstants.LEADING);
-    }
+    ((JLabel) table.getTableHeader().getDefaultRenderer())
+        .setHorizontalAlignment(SwingConstants.LEADING);
     table.getTableHeader().setReorderingAllowed(false);
   }
 
@@ -114,8 +109,8 @@ final class Theme {
     put(Flat.ComboBox.class.getName(), "ComboBoxUI", "");
     put(Flat.ScrollBar.class.getName(), "ScrollBarUI", "");
     put(Flat.Tabs.class.getName(), "TabbedPaneUI", "");
-    put(Flat.LineIcon.arrowDown(palette.faint), "Tree", ".expandedIcon");
-    put(Flat.LineIcon.arrowAhead(palette.faint), "Tree.collapsedIcon Menu.arrowIcon", "");
+    put(Flat.LineIcon.arrow(palette.faint, false), "Tree", ".expandedIcon");
+    put(Flat.LineIcon.arrow(palette.faint, true), "Tree.collapsedIcon Menu.arrowIcon", "");
     put(new Flat.Tick(palette.text), "CheckBoxMenuItem RadioButtonMenuItem", ".checkIcon");
     // A sentence needs no picture of a triangle.
     put(null, "OptionPane", ".errorIcon .warningIcon .informationIcon .questionIcon");
@@ -175,23 +170,5 @@ final class Theme {
     put(12, "Tree", ".rightChildIndent");
     // The arrow keys go through a list; Enter or a click chooses.
     put(true, "ComboBox", ".noActionOnKeyNavigation");
-  }
-
-  /** The few colours that Metal derives the rest from. */
-  private static final class Colours extends DefaultMetalTheme {
-    @Override
-    protected ColorUIResource getSecondary3() {
-      return new ColorUIResource(palette.surface);
-    }
-
-    @Override
-    protected ColorUIResource getBlack() {
-      return new ColorUIResource(palette.text);
-    }
-
-    @Override
-    protected ColorUIResource getWhite() {
-      return new ColorUIResource(palette.content);
-    }
   }
 }

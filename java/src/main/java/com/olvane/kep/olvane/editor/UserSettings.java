@@ -39,11 +39,8 @@ final class UserSettings {
   }
 
   int number(String key, int otherwise) {
-    try {
-      return Integer.parseInt(text(key, ""));
-    } catch (NumberFormatException e) {
-      return otherwise;
-    }
+    String value = text(key, "");
+    return value.matches("\\d{1,6}") ? Integer.parseInt(value) : otherwise;
   }
 
   void put(String key, Object value) {
