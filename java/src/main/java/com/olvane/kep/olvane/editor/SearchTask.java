@@ -2,7 +2,6 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
-import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Search;
 import com.olvane.kep.olvane.outline.SearchRun;
 import java.util.ArrayList;
@@ -105,14 +104,12 @@ final class SearchTask {
   /** Goes to one of those found, unless an edit has deleted it since. */
   void go(int hit) {
     position = hit;
-    Member member = hits.get(hit);
-    workspace.read(() -> {
-      try {
-        return Collections.singletonList(workspace.outline.read(member, Details.NONE));
-      } catch (OutlineException e) {
-        return workspace.selection();
+    int handle = hits.get(hit).handle();
+    workspace.read(() -> workspace.readIfThere(handle, Details.NONE), found -> {
+      if (!found.isEmpty()) {
+        workspace.select(found);
       }
-    }, workspace::select);
+    });
     progress.tell(this);
   }
 }

@@ -243,15 +243,18 @@ final class Workspace {
     change.selection.stream().mapToInt(ref -> ref.handle).distinct().filter(handle -> handle != 0)
         .forEach(handle -> after.add(context.member(handle, Details.NONE)));
     if (after.isEmpty()) {
-      for (Member member : selection) {
-        try {
-          after.add(outline.read(member, Details.NONE));
-        } catch (OutlineException e) {
-          // It was deleted.
-        }
-      }
+      selection.forEach(member -> after.addAll(readIfThere(member.handle(), Details.NONE)));
     }
     return after;
+  }
+
+  /** Reads a member that may have been deleted: one or none, on the work thread. */
+  List<Member> readIfThere(int handle, Details details) {
+    try {
+      return outline.read(new int[] {handle}, details);
+    } catch (OutlineException e) {
+      return Collections.emptyList();
+    }
   }
 
   /** The members that are selected, as they were when they were read. */
@@ -316,14 +319,12 @@ final class Workspace {
    */
   void keepAside(Edit typed, Consumer<Exception> then) {
     work.write(() -> {
-      Exception failure = null;
       try {
         keepWith(typed);
+        SwingUtilities.invokeLater(() -> then.accept(null));
       } catch (RuntimeException e) {
-        failure = e;
+        SwingUtilities.invokeLater(() -> then.accept(e));
       }
-      Exception told = failure;
-      SwingUtilities.invokeLater(() -> then.accept(told));
     });
   }
 
