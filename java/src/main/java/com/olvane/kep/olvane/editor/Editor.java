@@ -47,16 +47,16 @@ final class Editor {
         return;
       }
     }
-    inBackground(new Opening(application, database, parent)::open, workspace -> {
-      if (workspace != null) {
-        EditorWindow window = new EditorWindow(this, workspace);
+    Workspace workspace = new Workspace(store, application, database);
+    workspace.open(new Opening(workspace, parent)::open);
+    // Meanwhile the window is made.
+    EditorWindow window = new EditorWindow(this, workspace);
+    workspace.opened.hear(there -> {
+      if (there) {
         windows.add(window);
         window.show();
       }
-      opened.accept(workspace != null);
-    }, failure -> {
-      Ask.say(parent, failure);
-      opened.accept(false);
+      opened.accept(there);
     });
   }
 
@@ -81,45 +81,42 @@ final class Editor {
 
   /** Opens an outline, and asks what to do where something speaks against opening as usual. */
   private final class Opening {
-    private final String application;
-    private final String database;
+    private final Workspace workspace;
     private final Component parent;
 
-    Opening(String application, String database, Component parent) {
-      this.application = application;
-      this.database = database;
+    Opening(Workspace workspace, Component parent) {
+      this.workspace = workspace;
       this.parent = parent;
     }
 
-    /** Opens it, off the event thread; null where it is not to be opened. */
-    Workspace open() throws Exception {
+    /** Opens it, off the event thread; false where it is not to be opened. */
+    boolean open() throws Exception {
       Outline outline;
       try {
-        outline = store.edit(application, database);
+        outline = store.edit(workspace.application, workspace.database);
       } catch (OutlineException e) {
         return offerToRead(e);
       }
-      Workspace opened = null;
       try {
-        UnsavedWork unsaved = new UnsavedWork(store, application, database);
-        StoredDatabase found = unsaved.found();
-        opened = found == null ? workspace(outline) : offerWork(outline, unsaved, found);
-        return opened;
+        StoredDatabase found = workspace.unsaved.found();
+        return found == null ? take(outline) : offerWork(outline, found);
       } finally {
-        if (opened == null) {
+        if (workspace.outline == null) {
           outline.close();
         }
       }
     }
 
     private StoredDatabase stored() {
-      return store.databases().stream().filter(one -> one.application().equals(application)
-          && one.database().equals(database)).findFirst().orElse(null);
+      return store.databases().stream()
+          .filter(one -> one.application().equals(workspace.application)
+              && one.database().equals(workspace.database)).findFirst().orElse(null);
     }
 
-    private Workspace workspace(Outline outline) {
+    private boolean take(Outline outline) {
       StoredDatabase stored = stored();
-      return new Workspace(store, outline, stored == null ? 0 : stored.members());
+      workspace.take(outline, outline, stored == null ? 0 : stored.members());
+      return true;
     }
 
     /** The answer to a question, which is asked on the event thread. */
@@ -135,37 +132,38 @@ final class Editor {
           .withZone(ZoneId.systemDefault()).format(instant);
     }
 
-    private Workspace offerWork(Outline outline, UnsavedWork unsaved, StoredDatabase found)
-        throws Exception {
+    private boolean offerWork(Outline outline, StoredDatabase found) throws Exception {
       StoredDatabase stored = stored();
       boolean savedSince = stored != null && stored.saved().isAfter(found.saved());
       // Enter takes the first, which loses nothing.
       String answer = ask(
-          "There is unsaved work on " + application + "." + database + " of "
-              + time(found.saved()) + ".\n"
+          "There is unsaved work on " + workspace.name() + " of " + time(found.saved()) + ".\n"
               + (savedSince ? "The outline was saved since, " + time(stored.saved())
                       + "; what is restored knows nothing of that.\n" : "")
               + "Restore it to go on with it; the database keeps what is saved until you save.",
           savedSince ? Arrays.asList("Cancel", "Restore", "Discard")
               : Arrays.asList("Restore", "Discard", "Cancel"));
       if (answer.equals("Restore")) {
-        return new Workspace(store, unsaved.open(), outline, found.members());
+        workspace.take(workspace.unsaved.open(), outline, found.members());
+        return true;
       }
       if (answer.equals("Discard")) {
-        unsaved.remove();
-        return workspace(outline);
+        workspace.unsaved.remove();
+        return take(outline);
       }
-      return null;
+      return false;
     }
 
-    private Workspace offerToRead(OutlineException failure) throws Exception {
-      String object = application + "/" + database + "/" + database;
+    private boolean offerToRead(OutlineException failure) throws Exception {
+      String object =
+          workspace.application + "/" + workspace.database + "/" + workspace.database;
       StoreLock lock = store.locks().stream().filter(one -> one.object().equals(object))
           .findFirst().orElseThrow(() -> failure);
-      String answer = ask(application + "." + database + " is being edited by " + lock.user()
+      String answer = ask(workspace.name() + " is being edited by " + lock.user()
           + " since " + time(lock.since()) + "\n(process " + lock.process() + " on " + lock.host()
           + "). You can read what was saved last.", Arrays.asList("Open to Read", "Cancel"));
-      return answer.equals("Cancel") ? null : workspace(store.browse(application, database));
+      return !answer.equals("Cancel")
+          && take(store.browse(workspace.application, workspace.database));
     }
   }
 }

@@ -114,7 +114,7 @@ final class StatusLine extends JPanel {
 
   private void showLock() {
     String object =
-        workspace.application() + "/" + workspace.database() + "/" + workspace.database();
+        workspace.application + "/" + workspace.database + "/" + workspace.database;
     workspace.read(() -> {
       try {
         return workspace.store.locks().stream().filter(one -> one.object().equals(object))

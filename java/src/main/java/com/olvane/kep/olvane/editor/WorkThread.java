@@ -41,8 +41,8 @@ final class WorkThread {
     }
   }
 
-  /** Takes no more tasks. */
+  /** Takes no more tasks, and drops those that wait. */
   void end() {
-    executor.shutdown();
+    executor.shutdownNow();
   }
 }

@@ -22,6 +22,8 @@ import javax.swing.SwingUtilities;
  * the other.
  */
 final class Workspace {
+  /** The outline was opened, or, with false, not: nothing will come of this. */
+  final Event<Boolean> opened = new Event<>();
   /** The outline was edited, or an edit undone. Members that are shown are out of date. */
   final Event<OutlineChange> changed = new Event<>();
   /** Other members are selected, or the same ones with other details. */
@@ -38,12 +40,14 @@ final class Workspace {
   final Event<History> historyChanged = new Event<>();
 
   final Store store;
+  final String application;
+  final String database;
+  final UnsavedWork unsaved;
   /** The outline, for use within {@link #read} and edits. */
-  final Outline outline;
+  volatile Outline outline;
   /** The outline of the database, locked: the same, or other than work that was found kept. */
-  private final Outline locked;
-  private final UnsavedWork unsaved;
-  private final EditContext context;
+  private Outline locked;
+  private EditContext context;
   final History history = new History();
   private final WorkThread work = new WorkThread();
   private boolean previewing;
@@ -53,31 +57,43 @@ final class Workspace {
   /** What the store tells of the outline since it was opened or saved here. */
   private volatile String stored;
 
-  /**
-   * Takes over an outline that was opened.
-   *
-   * @param members the number of its members
-   */
-  Workspace(Store store, Outline outline, long members) {
-    this(store, outline, outline, members);
+  /** Prepares for an outline, which {@link #open} opens. */
+  Workspace(Store store, String application, String database) {
+    this.store = store;
+    this.application = application;
+    this.database = database;
+    this.unsaved = new UnsavedWork(store, application, database);
+  }
+
+  /** Opens the outline before anything else; {@code opening} calls {@link #take} or lets it be. */
+  void open(Callable<?> opening) {
+    work.write(() -> {
+      attempt(opening::call);
+      boolean there = outline != null;
+      if (!there) {
+        work.end();
+      }
+      SwingUtilities.invokeLater(() -> {
+        opened.tell(there);
+        historyChanged.tell(history);
+      });
+    });
   }
 
   /**
-   * Takes over unsaved work that was found.
+   * Takes over an outline that was opened.
    *
-   * @param found the work
-   * @param locked the outline of its database, open for editing
+   * @param held the outline of the database, open for editing; other than {@code opened} where that
+   *     is unsaved work that was found
+   * @param count the number of members
    */
-  Workspace(Store store, Outline found, Outline locked, long members) {
-    this.store = store;
-    this.outline = found;
-    this.locked = locked;
-    this.members = members;
-    this.context = new EditContext(outline);
-    this.unsaved = new UnsavedWork(store, application(), database());
-    this.stored = readStored();
-    if (locked != found) {
-      unsaved.found();
+  void take(Outline opened, Outline held, long count) {
+    outline = opened;
+    locked = held;
+    members = count;
+    context = new EditContext(opened);
+    stored = readStored();
+    if (held != opened) {
       history.neverSaved();
     }
   }
@@ -89,20 +105,12 @@ final class Workspace {
 
   /** "Demo.World". */
   String name() {
-    return application() + "." + database();
-  }
-
-  String application() {
-    return locked.applicationName();
-  }
-
-  String database() {
-    return locked.databaseName();
+    return application + "." + database;
   }
 
   /** Whether it can be edited. */
   boolean isEditable() {
-    return outline.isEditable();
+    return outline != null && outline.isEditable();
   }
 
   /** Shows a failure, from any thread. */
@@ -281,7 +289,7 @@ final class Workspace {
       if (locked == outline) {
         outline.save();
       } else {
-        store.localObjects().writeBack(outline, application(), database());
+        store.localObjects().writeBack(outline, application, database);
       }
       history.saved();
       unsaved.remove();
@@ -306,8 +314,8 @@ final class Workspace {
 
   private String readStored() {
     return store.databases().stream()
-        .filter(one -> one.application().equals(application())
-            && one.database().equals(database()))
+        .filter(one -> one.application.equals(application)
+            && one.database().equals(database))
         .map(one -> one.saved() + " " + one.size() + " " + one.members()).findFirst().orElse("");
   }
 
