@@ -86,9 +86,6 @@ public final class EditorMain implements Callable<Integer> {
 
   private static boolean hasDisplay() {
     try {
-      if (GraphicsEnvironment.isHeadless()) {
-        return false;
-      }
       GraphicsEnvironment.getLocalGraphicsEnvironment().getDefaultScreenDevice();
       return true;
     } catch (AWTError | HeadlessException e) {

@@ -57,9 +57,7 @@ final class OutlineTree extends JTree {
 
   OutlineTree(Workspace workspace) {
     this.workspace = workspace;
-    this.model = new PagedTreeModel(workspace, this::arrived,
-        node -> isPathSelected(node.path()) || node.childCount > 0 && isExpanded(node.path()),
-        (member, name) -> renamed.accept(member, name));
+    this.model = new PagedTreeModel(this, workspace);
     setModel(model);
     setName("outline");
     getAccessibleContext().setAccessibleName("Outline");
@@ -152,8 +150,13 @@ final class OutlineTree extends JTree {
         .equals(new HashSet<>(workspace.selection()));
   }
 
+  /** Whether a node must be kept: it is selected or expanded. */
+  boolean uses(MemberNode node) {
+    return isPathSelected(node.path()) || node.childCount > 0 && isExpanded(node.path());
+  }
+
   /** Members have been read for nodes that the tree has had already. */
-  private void arrived() {
+  void arrived() {
     if (unreadSelected) {
       selectionChanged();
     }

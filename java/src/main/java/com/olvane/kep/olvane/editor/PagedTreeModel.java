@@ -16,8 +16,6 @@ import java.util.List;
 import java.util.Map;
 import java.util.Objects;
 import java.util.Set;
-import java.util.function.BiConsumer;
-import java.util.function.Predicate;
 import java.util.stream.Collectors;
 import java.util.stream.IntStream;
 import javax.swing.event.TreeModelEvent;
@@ -36,6 +34,7 @@ final class PagedTreeModel implements TreeModel {
   /** So many pages wait at most: whoever scrolls fast doesn't look at what rushes by. */
   private static final int WAITING_PAGES = 6;
 
+  private final OutlineTree tree;
   private final Workspace workspace;
   private final MemberNode root = new MemberNode(null, 0);
   private final Map<Integer, MemberNode> byHandle = new HashMap<>();
@@ -45,25 +44,13 @@ final class PagedTreeModel implements TreeModel {
   /** The page that is being read. */
   private MemberNode.Page underWay;
   private final List<TreeModelListener> listeners = new ArrayList<>();
-  private final Runnable arrived;
-  private final Predicate<MemberNode> inUse;
-  private final BiConsumer<Member, String> renamed;
   /** What is read of the members. */
   Details details = Details.NONE;
 
-  /**
-   * Makes a model without dimensions.
-   *
-   * @param arrived is run when members have been read for nodes that were given out
-   * @param inUse whether a node must be kept: it is selected or expanded
-   * @param renamed hears of the name that was typed for a member
-   */
-  PagedTreeModel(Workspace workspace, Runnable arrived, Predicate<MemberNode> inUse,
-      BiConsumer<Member, String> renamed) {
+  /** Makes the model of a tree, without dimensions. */
+  PagedTreeModel(OutlineTree tree, Workspace workspace) {
+    this.tree = tree;
     this.workspace = workspace;
-    this.arrived = arrived;
-    this.inUse = inUse;
-    this.renamed = renamed;
   }
 
   /** The node of a member that is there, or null. */
@@ -177,7 +164,7 @@ final class PagedTreeModel implements TreeModel {
             }
           }
           forget();
-          arrived.run();
+          tree.arrived();
           then.run();
         });
   }
@@ -204,7 +191,7 @@ final class PagedTreeModel implements TreeModel {
   private void forget() {
     int left = used.size() - KEPT_PAGES;
     for (MemberNode.Page page : new ArrayList<>(used).subList(0, Math.max(0, left))) {
-      if (page.parent != root && Arrays.stream(page.nodes).noneMatch(inUse)) {
+      if (page.parent != root && Arrays.stream(page.nodes).noneMatch(tree::uses)) {
         drop(page);
       }
     }
@@ -251,7 +238,7 @@ final class PagedTreeModel implements TreeModel {
   public void valueForPathChanged(TreePath path, Object name) {
     Member member = MemberNode.of(path).member;
     if (member != null && !member.name().equals(name)) {
-      renamed.accept(member, (String) name);
+      tree.renamed.accept(member, (String) name);
     }
   }
 

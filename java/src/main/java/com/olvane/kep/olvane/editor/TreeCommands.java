@@ -7,6 +7,7 @@ import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.util.List;
 import java.util.Optional;
+import java.util.function.BiFunction;
 import java.util.function.Function;
 import java.util.stream.Collectors;
 import javax.swing.JMenu;
@@ -193,14 +194,11 @@ final class TreeCommands {
 
   // ---- Moving by keys ----
 
-  private interface Neighbour {
-    /** {@return a member, null where there is none} */
-    Ref of(Outline outline, List<Member> members);
-  }
-
-  private void move(Neighbour neighbour, Function<Ref, Target> target) {
+  /** Moves the selected members to beside or below another, which is null where there is none. */
+  private void move(
+      BiFunction<Outline, List<Member>, Ref> neighbour, Function<Ref, Target> target) {
     List<Member> members = tree.transfer.selected();
-    workspace.read(() -> Optional.ofNullable(neighbour.of(workspace.outline, members)),
+    workspace.read(() -> Optional.ofNullable(neighbour.apply(workspace.outline, members)),
         found -> found.ifPresent(
             ref -> workspace.edit(MemberEdits.move(members, target.apply(ref)))));
   }
