@@ -107,15 +107,9 @@ final class Editor {
       }
     }
 
-    private StoredDatabase stored() {
-      return store.databases().stream()
-          .filter(one -> one.application().equals(workspace.application)
-              && one.database().equals(workspace.database)).findFirst().orElse(null);
-    }
-
     private boolean take(Outline outline) {
-      StoredDatabase stored = stored();
-      workspace.take(outline, outline, stored == null ? 0 : stored.members());
+      workspace.take(
+          outline, outline, workspace.stored().map(StoredDatabase::members).orElse(0L));
       return true;
     }
 
@@ -133,12 +127,12 @@ final class Editor {
     }
 
     private boolean offerWork(Outline outline, StoredDatabase found) throws Exception {
-      StoredDatabase stored = stored();
-      boolean savedSince = stored != null && stored.saved().isAfter(found.saved());
+      Instant saved = workspace.stored().map(StoredDatabase::saved).orElse(Instant.MIN);
+      boolean savedSince = saved.isAfter(found.saved());
       // Enter takes the first, which loses nothing.
       String answer = ask(
           "There is unsaved work on " + workspace.name() + " of " + time(found.saved()) + ".\n"
-              + (savedSince ? "The outline was saved since, " + time(stored.saved())
+              + (savedSince ? "The outline was saved since, " + time(saved)
                       + "; what is restored knows nothing of that.\n" : "")
               + "Restore it to go on with it; the database keeps what is saved until you save.",
           savedSince ? Arrays.asList("Cancel", "Restore", "Discard")

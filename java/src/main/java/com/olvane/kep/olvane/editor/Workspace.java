@@ -7,9 +7,11 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Status;
 import com.olvane.kep.olvane.outline.Store;
+import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
+import java.util.Optional;
 import java.util.concurrent.Callable;
 import java.util.concurrent.CancellationException;
 import java.util.function.Consumer;
@@ -313,10 +315,13 @@ final class Workspace {
   }
 
   private String readStored() {
-    return store.databases().stream()
-        .filter(one -> one.application.equals(application)
-            && one.database().equals(database))
-        .map(one -> one.saved() + " " + one.size() + " " + one.members()).findFirst().orElse("");
+    return stored().map(one -> one.saved() + " " + one.size() + " " + one.members()).orElse("");
+  }
+
+  /** What the store knows of the database. */
+  Optional<StoredDatabase> stored() {
+    return store.databases().stream().filter(one -> one.application().equals(application)
+        && one.database().equals(database)).findFirst();
   }
 
   /**
