@@ -145,6 +145,10 @@ public class WindowTourTest {
     SwingUtilities.invokeLater(() -> open.editor.choose());
     open.press(user, "New \u2026");
     user.clickInto(user.find(JTextField.class, "Database"));
+    user.type("a/b");
+    user.find(JLabel.class, "the refusal",
+        one -> one.getText() != null && one.getText().startsWith("A name has no / or"));
+    user.key("ctrl A");
     user.type("Fresh");
     user.key("ENTER");
     user.waitFor("the window", () -> open.editor.windows.size() == 1

@@ -5,6 +5,8 @@ import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.awt.Component;
 import java.util.List;
 import java.util.Optional;
+import java.util.function.Predicate;
+import java.util.regex.Pattern;
 import java.util.stream.Stream;
 import javax.swing.JComboBox;
 import javax.swing.JLabel;
@@ -16,6 +18,8 @@ import net.miginfocom.swing.MigLayout;
 /** Asks for an application and a database, new ones or such as there are. */
 final class DatabasePrompt {
   private static final int LIMIT = 30;
+  private static final Predicate<String> NOT_A_NAME =
+      Pattern.compile("^\\.|[/\\\\\\p{Cntrl}]").asPredicate();
 
   private final JTextComponent application;
   private final JTextField database = new JTextField();
@@ -41,6 +45,7 @@ final class DatabasePrompt {
     prompt = new Prompt(parent, title, verb, form);
     Listen.onChange(database, this::check);
     Listen.onChange(application, this::check);
+    application.selectAll();
     check();
   }
 
@@ -48,6 +53,8 @@ final class DatabasePrompt {
     boolean tooLong = Stream.of(application(), database())
         .anyMatch(name -> HoldingBean.encodedLength(name) > LIMIT);
     String complaint = tooLong ? "A name has at most " + LIMIT + " bytes."
+        : Stream.of(application(), database()).anyMatch(NOT_A_NAME)
+            ? "A name has no / or \\ and does not begin with a dot."
         : there().isPresent() && !replaces ? "There is a database of this name." : null;
     remark.setText(complaint != null ? complaint
         : there().isPresent() ? "It exists and is replaced." : " ");

@@ -4,17 +4,19 @@ import java.awt.BasicStroke;
 import java.awt.Color;
 import java.awt.Component;
 import java.awt.Dimension;
-import java.awt.Graphics;
 import java.awt.Graphics2D;
+import java.awt.Graphics;
 import java.awt.KeyboardFocusManager;
 import java.awt.Rectangle;
 import java.awt.RenderingHints;
 import java.awt.geom.RoundRectangle2D;
+import java.util.stream.Stream;
 import javax.swing.AbstractButton;
 import javax.swing.BorderFactory;
 import javax.swing.ButtonModel;
 import javax.swing.Icon;
 import javax.swing.JButton;
+import javax.swing.JComboBox;
 import javax.swing.JComponent;
 import javax.swing.SwingUtilities;
 import javax.swing.border.EmptyBorder;
@@ -32,6 +34,18 @@ import javax.swing.plaf.basic.ComboPopup;
 final class Flat {
   /** Client property of a field: true while what is typed is refused. */
   static final String REFUSED = "refused";
+
+  static {
+    // Borders and buttons show who has the keyboard; who loses it is not drawn anew by itself.
+    KeyboardFocusManager.getCurrentKeyboardFocusManager().addPropertyChangeListener("focusOwner",
+        change -> Stream.of(change.getOldValue(), change.getNewValue())
+            .filter(Component.class::isInstance).map(Component.class::cast).forEach(one -> {
+              one.repaint();
+              if (one.getParent() instanceof JComboBox) {
+                one.getParent().repaint();
+              }
+            }));
+  }
 
   private Flat() {}
 
@@ -198,7 +212,6 @@ final class Flat {
       JButton button = new JButton(LineIcon.arrow(Theme.palette().text, false));
       button.setBorder(Theme.space(0, 0));
       button.setContentAreaFilled(false);
-      button.setFocusable(false);
       return button;
     }
 
@@ -215,6 +228,13 @@ final class Flat {
       };
       popup.setBorder(BorderFactory.createLineBorder(Theme.palette().border));
       return popup;
+    }
+
+    @Override
+    public void configureArrowButton() {
+      super.configureArrowButton();
+      // The box has the keyboard already.
+      arrowButton.setFocusable(false);
     }
 
     @Override

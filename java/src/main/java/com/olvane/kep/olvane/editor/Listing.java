@@ -2,6 +2,8 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.BorderLayout;
 import java.awt.KeyboardFocusManager;
+import java.awt.event.FocusAdapter;
+import java.awt.event.FocusEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.util.ArrayList;
@@ -53,6 +55,14 @@ final class Listing<T> extends JTable {
     // Tab leaves the table, as there is nothing to edit in its cells.
     setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
     setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
+    addFocusListener(new FocusAdapter() {
+      @Override
+      public void focusGained(FocusEvent event) {
+        if (getSelectedRow() < 0 && getRowCount() > 0) {
+          choose(0);
+        }
+      }
+    });
   }
 
   /** Adds a column of the width that it had best. */
