@@ -6,7 +6,6 @@ import static org.junit.Assert.assertArrayEquals;
 import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.MemberAlias;
 import java.io.IOException;
 import java.nio.charset.StandardCharsets;

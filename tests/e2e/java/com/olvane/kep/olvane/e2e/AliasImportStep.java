@@ -1,7 +1,6 @@
 package com.olvane.kep.olvane.e2e;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.MemberAlias;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.IOException;

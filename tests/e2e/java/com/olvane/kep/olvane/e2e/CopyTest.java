@@ -10,7 +10,6 @@ import static org.junit.Assert.assertTrue;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.CopyRequest;
 import com.olvane.kep.olvane.api.outline.MemberRequest;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.Consolidation;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.DimensionCategory;

@@ -10,7 +10,6 @@ import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.api.outline.SavedFile;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.IOException;

@@ -11,7 +11,6 @@ import static org.junit.Assert.assertTrue;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.OutlineMemberProperties;
 import com.olvane.kep.olvane.defs.outline.AttributeDateFormat;
 import com.olvane.kep.olvane.defs.outline.AttributeSettings;

@@ -7,7 +7,6 @@ import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.FindRequest;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.Formula;
 import com.olvane.kep.olvane.defs.outline.MemberAlias;
 import java.io.BufferedWriter;

@@ -7,7 +7,6 @@ import com.olvane.kep.olvane.api.ContextHandle;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.Formula;
 import com.olvane.kep.olvane.defs.outline.FormulaHolder;
 import java.lang.reflect.Method;

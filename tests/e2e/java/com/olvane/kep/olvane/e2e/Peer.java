@@ -1,7 +1,6 @@
 package com.olvane.kep.olvane.e2e;
 
 import com.olvane.kep.olvane.api.jni.NativeLibrary;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.IOException;
 

@@ -6,7 +6,6 @@ import static org.junit.Assert.assertEquals;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.FindRequest;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.standin.Ledger;
 import com.olvane.kep.olvane.standin.StandinSession;

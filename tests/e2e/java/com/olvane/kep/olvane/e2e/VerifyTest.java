@@ -7,7 +7,6 @@ import static org.junit.Assert.assertEquals;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.DimensionCategory;
 import com.olvane.kep.olvane.defs.outline.Share;
 import com.olvane.kep.olvane.defs.outline.VerifyFinding;

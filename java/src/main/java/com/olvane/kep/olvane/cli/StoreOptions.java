@@ -1,6 +1,6 @@
 package com.olvane.kep.olvane.cli;
 
-import com.olvane.kep.olvane.standin.StandinSession;
+import com.olvane.kep.olvane.outline.Store;
 import picocli.CommandLine.Option;
 
 /** The options that say which store a command works on, and as whom. */
@@ -26,8 +26,8 @@ public final class StoreOptions {
     return store;
   }
 
-  /** {@return a session on the store, which is made if need be, to be closed by the caller} */
-  public StandinSession open() {
-    return StandinSession.open(store, user);
+  /** {@return the store, which is made if need be, to be closed by the caller} */
+  public Store open() {
+    return Store.open(store, user);
   }
 }

@@ -68,6 +68,11 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
     return access.database;
   }
 
+  /** {@return the API instance, for the native methods} */
+  public InstanceHandle instance() {
+    return access.login.instance;
+  }
+
   /** {@return the handle, for the native methods; their edits are not noticed here} */
   public OutlineHandle handle() {
     return access.handle;

@@ -3,11 +3,11 @@ package com.olvane.kep.olvane.cli.demo;
 import static com.olvane.kep.olvane.standin.StandinSession.check;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.cli.TreePrinter;
 import com.olvane.kep.olvane.defs.OutlineMemberProperties;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.MemberAlias;
+import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.Comparator;
 import java.util.List;
@@ -24,7 +24,7 @@ final class BrowseAct implements Act {
 
   @Override
   public void play(Tour tour) {
-    try (OpenOutline open = tour.browse()) {
+    try (Outline open = tour.browse()) {
       printDimensions(tour, open);
       printCountry(tour, open);
       printAncestors(tour, open);
@@ -32,7 +32,7 @@ final class BrowseAct implements Act {
     }
   }
 
-  private static void printDimensions(Tour tour, OpenOutline open) {
+  private static void printDimensions(Tour tour, Outline open) {
     List<DefaultMember> dimensions = new ArrayList<>();
     check("list the dimensions",
         OutlineJni.getDimensionsEx(open.instance(), open.handle(), dimensions));
@@ -45,15 +45,13 @@ final class BrowseAct implements Act {
   }
 
   /** Shows a country with its first subdivisions, in all languages. */
-  private static void printCountry(Tour tour, OpenOutline open) {
+  private static void printCountry(Tour tour, Outline open) {
     PlannedMember country = tour.plan().featured();
     List<OutlineMemberProperties> children = new ArrayList<>();
     check("list the children of " + country.name,
         OutlineJni.getChildrenWithProperties(open.instance(), open.handle(), "Geography",
             country.name, 0, EXCERPT, children));
-    List<DefaultMember> handles = new ArrayList<>();
-    check("list the children of " + country.name,
-        OutlineJni.getChildrenEx(open.instance(), open.handle(), country.name, 0, handles));
+    long more = open.find(country.name).get().childCount() - children.size();
 
     tour.print("");
     tour.print("  Geography, an excerpt: member, attribute, aliases in %s",
@@ -69,18 +67,17 @@ final class BrowseAct implements Act {
       tour.print("%s", tree.line(depth, true, label(open, member.name) + comment));
     }
     for (int i = 0; i < children.size(); i++) {
-      boolean last = i == children.size() - 1 && handles.size() <= children.size();
+      boolean last = i == children.size() - 1 && more == 0;
       String attributes = String.join(", ", attributes(open, children.get(i).getName()));
       tour.print("%s", tree.line(path.size(), last,
           label(open, children.get(i).getName()) + "  [" + attributes + "]"));
     }
-    if (handles.size() > children.size()) {
-      tour.print("%s", tree.line(path.size(), true,
-          "… and " + (handles.size() - children.size()) + " more"));
+    if (more > 0) {
+      tour.print("%s", tree.line(path.size(), true, "… and " + more + " more"));
     }
   }
 
-  private static void printAncestors(Tour tour, OpenOutline open) {
+  private static void printAncestors(Tour tour, Outline open) {
     PlannedMember deepest = tour.plan().members().stream()
         .max(Comparator.comparingInt(PlannedMember::depth))
         .get();
@@ -95,7 +92,7 @@ final class BrowseAct implements Act {
     }
   }
 
-  private static void printLargest(Tour tour, OpenOutline open) {
+  private static void printLargest(Tour tour, Outline open) {
     tour.print("");
     tour.print("  Countries with most direct subdivisions");
     for (PlannedMember country : tour.plan().largestCountries(EXCERPT - 1)) {
@@ -110,14 +107,14 @@ final class BrowseAct implements Act {
     }
   }
 
-  private static String label(OpenOutline open, String name) {
+  private static String label(Outline open, String name) {
     List<MemberAlias> found = new ArrayList<>();
     OutlineJni.getMemberAliasesQuery(open.instance(), open.handle(), name, found);
     String aliases = String.join(" · ", texts(found));
     return aliases.isEmpty() ? name : name + "  " + aliases;
   }
 
-  private static List<String> aliases(OpenOutline open, int handle) {
+  private static List<String> aliases(Outline open, int handle) {
     List<MemberAlias> found = new ArrayList<>();
     OutlineJni.getMemberAliases(open.instance(), open.handle(), handle, found);
     return texts(found);
@@ -132,7 +129,7 @@ final class BrowseAct implements Act {
         .collect(Collectors.toList());
   }
 
-  private static List<String> attributes(OpenOutline open, String name) {
+  private static List<String> attributes(Outline open, String name) {
     List<String> attributes = new ArrayList<>();
     check("read the attributes of " + name,
         OutlineJni.getMemberUDASQuery(open.instance(), open.handle(), name, attributes));

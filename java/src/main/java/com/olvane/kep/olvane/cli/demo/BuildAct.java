@@ -5,11 +5,10 @@ import static com.olvane.kep.olvane.standin.StandinSession.check;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.Consolidation;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.DimensionCategory;
-import com.olvane.kep.olvane.defs.outline.OutlineInformation;
+import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.List;
 
@@ -24,10 +23,10 @@ final class BuildAct implements Act {
   public void play(Tour tour) {
     tour.create(Tour.DATABASE);
     OutlinePlan plan = tour.plan();
-    try (OpenOutline open = tour.edit(Tour.DATABASE)) {
+    try (Outline open = tour.edit(Tour.DATABASE)) {
       InstanceHandle instance = open.instance();
       OutlineHandle outline = open.handle();
-      clear(tour, instance, outline);
+      clear(tour, open);
       for (int table = 1; table < OutlinePlan.TABLES.length; table++) {
         String name = OutlinePlan.TABLES[table];
         check("create the alias table " + name,
@@ -37,7 +36,7 @@ final class BuildAct implements Act {
       tour.time("assign aliases", () -> assignAliases(plan, instance, outline));
       tour.time("set attributes, comments, formulas", () -> assignDetails(plan, instance, outline));
       tour.time("write the outline", () -> {
-        open.write();
+        open.save();
         return plan.members().size();
       });
     }
@@ -46,24 +45,14 @@ final class BuildAct implements Act {
   }
 
   /** Empties the outline that an earlier run has left. */
-  private static void clear(Tour tour, InstanceHandle instance, OutlineHandle outline) {
-    List<DefaultMember> dimensions = new ArrayList<>();
-    check("list the dimensions", OutlineJni.getDimensionsEx(instance, outline, dimensions));
-    if (dimensions.isEmpty()) {
+  private static void clear(Tour tour, Outline open) {
+    if (open.dimensions().isEmpty()) {
       return;
     }
     tour.say("The outline is there from an earlier run; emptying it first.");
-    for (DefaultMember dimension : dimensions) {
-      check("delete the dimension " + dimension.getName(),
-          OutlineJni.deleteMember(instance, outline, dimension.getHandle()));
-    }
-    OutlineInformation information = new OutlineInformation();
-    check("read the settings", OutlineJni.getOutlineInfo(outline, information));
-    List<String> tables = information.getAliasTables();
-    for (String table : tables.subList(1, tables.size())) {
-      check("delete the alias table " + table,
-          OutlineJni.deleteAliasTable(instance, outline, table));
-    }
+    open.dimensions().forEach(open::delete);
+    List<String> tables = open.aliasTables().names();
+    tables.subList(1, tables.size()).forEach(open.aliasTables()::delete);
   }
 
   private static int createMembers(

@@ -1,12 +1,15 @@
 package com.olvane.kep.olvane.cli.demo;
 
 import static com.olvane.kep.olvane.standin.StandinSession.check;
+import static java.util.stream.Collectors.toList;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
-import com.olvane.kep.olvane.defs.outline.DefaultMember;
+import com.olvane.kep.olvane.api.outline.MemberRequest;
 import com.olvane.kep.olvane.defs.outline.MemberAlias;
 import com.olvane.kep.olvane.defs.outline.MemberRequestResult;
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
@@ -22,59 +25,39 @@ final class CompareAct implements Act {
   @Override
   public void play(Tour tour) {
     OutlinePlan plan = tour.plan();
-    try (OpenOutline open = tour.browse()) {
-      List<DefaultMember> members = new ArrayList<>();
+    try (Outline open = tour.browse()) {
+      List<Member> members = new ArrayList<>();
       tour.time("read members", () -> {
-        readMembers(open, members);
+        for (Member dimension : open.dimensions()) {
+          open.subtree(dimension, Details.NONE).forEach(members::add);
+        }
         return members.size();
       });
       compareMembers(plan.members(), members);
+      List<MemberRequest> requests =
+          members.stream().map(member -> new MemberRequest(member.name())).collect(toList());
       tour.time("read aliases", () -> compareAliases(plan.members(), open));
-      tour.time("read attributes", () -> compareAttributes(plan.members(), members, open));
-      tour.time("read formulas", () -> compareFormulas(plan.members(), members, open));
+      tour.time("read attributes", () -> compareAttributes(plan.members(), requests, open));
+      tour.time("read formulas", () -> compareFormulas(plan.members(), requests, open));
     }
     tour.print(
         "  all members, properties, aliases, attributes and formulas are what was written");
   }
 
-  private static void readMembers(OpenOutline open, List<DefaultMember> members) {
-    List<DefaultMember> dimensions = new ArrayList<>();
-    check("list the dimensions",
-        OutlineJni.getDimensionsEx(open.instance(), open.handle(), dimensions));
-    readSubtrees(open, dimensions, members);
-  }
-
-  private static void readSubtrees(
-      OpenOutline open, List<DefaultMember> siblings, List<DefaultMember> members) {
-    for (DefaultMember member : siblings) {
-      members.add(member);
-      if (member.getChildCount() > 0) {
-        List<DefaultMember> children = new ArrayList<>();
-        check("list the children of " + member.getName(),
-            OutlineJni.getChildrenEx(
-                open.instance(), open.handle(), "", member.getHandle(), children));
-        readSubtrees(open, children, members);
-      }
-    }
-  }
-
-  private static void compareMembers(List<PlannedMember> planned, List<DefaultMember> found) {
+  private static void compareMembers(List<PlannedMember> planned, List<Member> found) {
     expect("number of members", "the outline", planned.size(), found.size());
     for (int i = 0; i < planned.size(); i++) {
       PlannedMember plan = planned.get(i);
-      DefaultMember member = found.get(i);
-      expect("name", "member " + i, plan.name, member.getName());
-      expect("number of children", plan.name, (long) plan.children.size(), member.getChildCount());
-      expect("comment", plan.name, plan.comment, member.getComment());
-      expect("category", plan.name, plan.category, member.getDimensionCategory());
-      expect("consolidation", plan.name, plan.consolidation, member.getConsolidation());
-      if (!member.getHeldExceptions().isEmpty()) {
-        throw new DifferenceException(member.getHeldExceptions().get(0).getMessage());
-      }
+      Member member = found.get(i);
+      expect("name", "member " + i, plan.name, member.name());
+      expect("number of children", plan.name, (long) plan.children.size(), member.childCount());
+      expect("comment", plan.name, plan.comment == null ? "" : plan.comment, member.comment());
+      expect("category", plan.name, plan.category, member.categoryCode());
+      expect("consolidation", plan.name, plan.consolidation, member.consolidationCode());
     }
   }
 
-  private static int compareAliases(List<PlannedMember> planned, OpenOutline open) {
+  private static int compareAliases(List<PlannedMember> planned, Outline open) {
     List<String> names = new ArrayList<>();
     planned.forEach(plan -> names.add(plan.name));
     int count = 0;
@@ -95,10 +78,10 @@ final class CompareAct implements Act {
   }
 
   private static int compareAttributes(
-      List<PlannedMember> planned, List<DefaultMember> members, OpenOutline open) {
+      List<PlannedMember> planned, List<MemberRequest> requests, Outline open) {
     List<MemberRequestResult> results = new ArrayList<>();
     check("read the attributes",
-        OutlineJni.getMemberUDASBlock(open.instance(), open.handle(), members, results));
+        OutlineJni.getMemberUDASBlock(open.instance(), open.handle(), requests, results));
     expect("number of members with attributes read", "the outline", planned.size(),
         results.size());
     for (int i = 0; i < planned.size(); i++) {
@@ -109,10 +92,10 @@ final class CompareAct implements Act {
   }
 
   private static int compareFormulas(
-      List<PlannedMember> planned, List<DefaultMember> members, OpenOutline open) {
+      List<PlannedMember> planned, List<MemberRequest> requests, Outline open) {
     List<MemberRequestResult> results = new ArrayList<>();
     check("read the formulas",
-        OutlineJni.getMemberFormulaBlock(open.instance(), open.handle(), members, results));
+        OutlineJni.getMemberFormulaBlock(open.instance(), open.handle(), requests, results));
     expect("number of members with formulas read", "the outline", planned.size(), results.size());
     for (int i = 0; i < planned.size(); i++) {
       PlannedMember plan = planned.get(i);

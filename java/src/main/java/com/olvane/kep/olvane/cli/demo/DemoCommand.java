@@ -1,6 +1,7 @@
 package com.olvane.kep.olvane.cli.demo;
 
 import com.olvane.kep.olvane.cli.StoreOptions;
+import com.olvane.kep.olvane.outline.Store;
 import com.olvane.kep.olvane.standin.Ledger;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.IOException;
@@ -65,8 +66,8 @@ public final class DemoCommand implements Callable<Integer> {
     progress.println("Reading the codes of countries, subdivisions and currencies ...");
     progress.flush();
     OutlinePlan plan = new OutlinePlan(IsoCodes.read(data), countries);
-    try (StandinSession session = options.open()) {
-      Tour tour = new Tour(session, plan, page, progress);
+    try (Store store = options.open()) {
+      Tour tour = new Tour(store, plan, page, progress);
       for (Chapter chapter : Chapter.values()) {
         if (only != null && chapter != only && chapter != Chapter.BUILD) {
           continue;

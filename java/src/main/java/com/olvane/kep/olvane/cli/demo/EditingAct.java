@@ -5,19 +5,22 @@ import static com.olvane.kep.olvane.standin.StandinSession.check;
 import com.olvane.kep.olvane.api.InstanceHandle;
 import com.olvane.kep.olvane.api.OutlineHandle;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.api.outline.CopyRequest;
 import com.olvane.kep.olvane.api.outline.MemberRequest;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.OutlineMemberProperties;
 import com.olvane.kep.olvane.defs.outline.AttributeSettings;
 import com.olvane.kep.olvane.defs.outline.Consolidation;
-import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.DimensionCategory;
 import com.olvane.kep.olvane.defs.outline.Formula;
 import com.olvane.kep.olvane.defs.outline.MemberAttribute;
 import com.olvane.kep.olvane.defs.outline.MemberRequestResult;
 import com.olvane.kep.olvane.defs.outline.OutlineInformation;
 import com.olvane.kep.olvane.defs.outline.Share;
+import com.olvane.kep.olvane.outline.CopyRun;
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.NewMember;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Place;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.Map;
@@ -42,14 +45,14 @@ final class EditingAct implements Act {
     PlannedMember country = tour.plan().featured();
     String copyName = country.name + " draft";
     int copied;
-    try (OpenOutline open = tour.edit(DATABASE)) {
+    try (Outline open = tour.edit(DATABASE)) {
       copied = copy(tour, open, country.name, copyName);
       categorise(tour, open);
       changeMembers(open);
       changeSettings(open);
-      open.write();
+      open.save();
     }
-    try (OpenOutline open = tour.browse(DATABASE)) {
+    try (Outline open = tour.browse(DATABASE)) {
       printCopy(tour, open, country.name, copyName, copied);
       printTypes(tour, open, country);
       printMembers(tour, open);
@@ -58,35 +61,25 @@ final class EditingAct implements Act {
   }
 
   /** Copies a country with its subdivisions to the place behind it, and renames the copy. */
-  private static int copy(Tour tour, OpenOutline open, String source, String name) {
-    CopyRequest request = new CopyRequest();
+  private static int copy(Tour tour, Outline open, String source, String name) {
+    Member country = open.find(source).get();
+    CopyRun copy = open.copy(country, Place.behind(country));
     tour.time("copy a subtree", () -> {
-      List<DefaultMember> copies = new ArrayList<>();
-      check("copy " + source, OutlineJni.copyMember(open.instance(), open.handle(), source, 0,
-          source, 0, true, request, copies));
-      while (!request.isFinished()) {
-        check("copy " + source,
-            OutlineJni.copyContinue(open.instance(), open.handle(), request));
-      }
-      check("rename the copy", OutlineJni.renameMember(
-          open.instance(), open.handle(), copies.get(0).getHandle(), name));
-      return request.getCount();
+      open.rename(copy.finish(), name);
+      return copy.copied();
     });
-    return request.getCount();
+    return copy.copied();
   }
 
   /** Makes the kinds of subdivisions an attribute dimension of Geography. */
-  private static void categorise(Tour tour, OpenOutline open) {
+  private static void categorise(Tour tour, Outline open) {
     InstanceHandle instance = open.instance();
     OutlineHandle outline = open.handle();
-    List<String> dimensions = new ArrayList<>();
-    check("list the dimensions", OutlineJni.getDimensions(outline, dimensions));
-    int last = open.find(dimensions.get(dimensions.size() - 1));
-    int types = create(open, 0, last, TYPES);
+    Member types = open.create(Place.lastDimension(), new NewMember(TYPES));
     check("make an attribute dimension", OutlineJni.assignMemberDimensionCategory(
-        instance, outline, types, new DimensionCategory(DimensionCategory.ATTRIBUTE), null));
+        instance, outline, types.handle(), new DimensionCategory(DimensionCategory.ATTRIBUTE), null));
     check("associate it with Geography", OutlineJni.assignAttributeDimension(
-        instance, outline, open.find("Geography"), types));
+        instance, outline, open.find("Geography").get().handle(), types.handle()));
 
     List<MemberRequest> requests = tour.plan().members().stream()
         .map(member -> new MemberRequest(member.name))
@@ -102,10 +95,9 @@ final class EditingAct implements Act {
       }
     }
     tour.time("associate attribute members", () -> {
-      int previous = 0;
       int count = 0;
       for (Map.Entry<String, List<MemberRequestResult>> kind : byKind.entrySet()) {
-        previous = create(open, types, previous, kind.getKey());
+        open.create(Place.lastBelow(types), new NewMember(kind.getKey()));
         for (MemberRequestResult member : kind.getValue()) {
           check("associate " + member.getName(), OutlineJni.assignAttributeMember(
               instance, outline, member.getHandle(), kind.getKey()));
@@ -116,32 +108,25 @@ final class EditingAct implements Act {
     });
   }
 
-  private static int create(OpenOutline open, int parent, int previous, String name) {
-    List<DefaultMember> created = new ArrayList<>();
-    check("create " + name, OutlineJni.createMember(
-        open.instance(), open.handle(), parent, previous, name, created));
-    return created.get(0).getHandle();
-  }
-
-  private static void changeMembers(OpenOutline open) {
+  private static void changeMembers(Outline open) {
     InstanceHandle instance = open.instance();
     OutlineHandle outline = open.handle();
-    int margin = open.find("Margin");
+    int margin = open.find("Margin").get().handle();
     check("set the formula of Margin",
         OutlineJni.updateMemberFormula(instance, outline, margin, MARGIN));
     check("calculate Margin in two passes",
         OutlineJni.assignMemberTwoPass(instance, outline, margin, true));
     check("leave Margin out of the total", OutlineJni.assignMemberConsolidation(
         instance, outline, margin, new Consolidation(Consolidation.ATTRIBUTE)));
-    check("make Costs an expense",
-        OutlineJni.assignMemberVariance(instance, outline, open.find("Costs"), true));
+    check("make Costs an expense", OutlineJni.assignMemberVariance(
+        instance, outline, open.find("Costs").get().handle(), true));
     check("make Measures label only", OutlineJni.assignMemberShare(
-        instance, outline, open.find("Measures"), new Share(Share.LABEL_ONLY)));
+        instance, outline, open.find("Measures").get().handle(), new Share(Share.LABEL_ONLY)));
     check("sort the quarters", OutlineJni.sortChildren(
-        instance, outline, open.find("Year"), false));
+        instance, outline, open.find("Year").get().handle(), false));
   }
 
-  private static void changeSettings(OpenOutline open) {
+  private static void changeSettings(Outline open) {
     InstanceHandle instance = open.instance();
     OutlineHandle outline = open.handle();
     check("name TRUE", OutlineJni.updateBooleanNameTrue(instance, outline, "Yes"));
@@ -155,36 +140,30 @@ final class EditingAct implements Act {
 
   /** Compares the copy with its source, member by member. */
   private static void printCopy(
-      Tour tour, OpenOutline open, String source, String copy, int copied) {
-    List<DefaultMember> sources = new ArrayList<>();
-    List<DefaultMember> copies = new ArrayList<>();
-    check("list the children of " + source, OutlineJni.getChildrenEx(
-        open.instance(), open.handle(), source, 0, sources));
-    check("list the children of " + copy, OutlineJni.getChildrenEx(
-        open.instance(), open.handle(), copy, 0, copies));
-    if (!names(sources).equals(names(copies))) {
+      Tour tour, Outline open, String source, String copy, int copied) {
+    List<String> sources = children(open, source);
+    List<String> copies = children(open, copy);
+    if (!sources.equals(copies)) {
       throw new DifferenceException(
-          "The children of " + copy + " are " + names(copies) + " where " + names(sources)
-              + " were copied");
+          "The children of " + copy + " are " + copies + " where " + sources + " were copied");
     }
     tour.print("  Copied %s to %s: %d members, the same %d children", source, copy, copied,
         copies.size());
   }
 
-  private static List<String> names(List<DefaultMember> members) {
-    return members.stream().map(DefaultMember::getName).collect(Collectors.toList());
+  private static List<String> children(Outline open, String parent) {
+    return open.children(open.find(parent).get(), Details.NONE)
+        .map(Member::name).collect(Collectors.toList());
   }
 
-  private static void printTypes(Tour tour, OpenOutline open, PlannedMember country) {
-    List<DefaultMember> types = new ArrayList<>();
-    check("list the members of " + TYPES, OutlineJni.getChildrenEx(
-        open.instance(), open.handle(), TYPES, 0, types));
-    tour.print("  Attribute dimension %s of Geography: %d members", TYPES, types.size());
+  private static void printTypes(Tour tour, Outline open, PlannedMember country) {
+    tour.print("  Attribute dimension %s of Geography: %d members", TYPES,
+        open.find(TYPES).get().childCount());
     for (PlannedMember child
         : country.children.subList(0, Math.min(EXCERPT, country.children.size()))) {
       List<MemberAttribute> attributes = new ArrayList<>();
       check("read the attributes of " + child.name, OutlineJni.getMemberAttributes(
-          open.instance(), open.handle(), open.find(child.name), attributes));
+          open.instance(), open.handle(), open.find(child.name).get().handle(), attributes));
       for (MemberAttribute attribute : attributes) {
         tour.print("    %-6s %-28s %s = %s", child.name,
             child.aliases[0] == null ? "" : child.aliases[0],
@@ -193,7 +172,7 @@ final class EditingAct implements Act {
     }
   }
 
-  private static void printMembers(Tour tour, OpenOutline open) {
+  private static void printMembers(Tour tour, Outline open) {
     Formula formula = new Formula();
     check("read the formula of Margin", OutlineJni.getMemberFormulaQuery(
         open.instance(), open.handle(), "Margin", formula));
@@ -210,13 +189,13 @@ final class EditingAct implements Act {
     tour.print("  Year      %s", String.join(" ", quarters));
   }
 
-  private static OutlineMemberProperties properties(OpenOutline open, String member) {
+  private static OutlineMemberProperties properties(Outline open, String member) {
     OutlineMemberProperties properties = new OutlineMemberProperties();
     check("read " + member, OutlineJni.getMemberInfo(open.handle(), member, properties));
     return properties;
   }
 
-  private static void printSettings(Tour tour, OpenOutline open) {
+  private static void printSettings(Tour tour, Outline open) {
     OutlineInformation information = new OutlineInformation();
     check("read the settings", OutlineJni.getOutlineInfo(open.handle(), information));
     AttributeSettings attributes = new AttributeSettings();

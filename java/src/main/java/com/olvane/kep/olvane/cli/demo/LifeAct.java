@@ -5,11 +5,14 @@ import static com.olvane.kep.olvane.standin.StandinSession.check;
 import com.olvane.kep.olvane.api.IntHolder;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.SavedFile;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.DimensionCategory;
 import com.olvane.kep.olvane.defs.outline.MemberVerifyError;
 import com.olvane.kep.olvane.defs.outline.VerifyFinding;
+import com.olvane.kep.olvane.outline.Details;
+import com.olvane.kep.olvane.outline.Member;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Page;
 import java.io.IOException;
 import java.io.UncheckedIOException;
 import java.nio.file.Files;
@@ -34,7 +37,7 @@ final class LifeAct implements Act {
 
   @Override
   public void play(Tour tour) {
-    try (OpenOutline open = tour.edit(Tour.DATABASE)) {
+    try (Outline open = tour.edit(Tour.DATABASE)) {
       verify(tour, open);
       verifyPlainNames(tour, open);
       tour.time("save as another database", () -> {
@@ -53,7 +56,7 @@ final class LifeAct implements Act {
     printRates(tour);
   }
 
-  private static List<VerifyFinding> verify(Tour tour, OpenOutline open) {
+  private static List<VerifyFinding> verify(Tour tour, Outline open) {
     List<VerifyFinding> findings = new ArrayList<>();
     tour.time("verify the outline", () -> {
       check("verify the outline", OutlineJni.verifyOutlineEdit(
@@ -70,7 +73,7 @@ final class LifeAct implements Act {
   }
 
   /** Subdivisions of different countries share names: as plain aliases they would clash. */
-  private static void verifyPlainNames(Tour tour, OpenOutline open) {
+  private static void verifyPlainNames(Tour tour, Outline open) {
     check("create the alias table " + PLAIN,
         OutlineJni.createAliasTable(open.instance(), open.handle(), PLAIN));
     for (PlannedMember member : tour.plan().members()) {
@@ -78,7 +81,7 @@ final class LifeAct implements Act {
       if (member.attribute != null
           && DefaultMember.encodedLength(name) <= DefaultMember.MAX_NAME_BYTES) {
         check("assign the alias " + name, OutlineJni.assignMemberAlias(
-            open.instance(), open.handle(), open.find(member.name), PLAIN, name));
+            open.instance(), open.handle(), open.find(member.name).get().handle(), PLAIN, name));
       }
     }
     tour.print("  With plain names as aliases, as the standard has them:");
@@ -98,7 +101,7 @@ final class LifeAct implements Act {
         OutlineJni.deleteAliasTable(open.instance(), open.handle(), PLAIN));
   }
 
-  private static void saveToFile(Tour tour, OpenOutline open) {
+  private static void saveToFile(Tour tour, Outline open) {
     SavedFile file = new SavedFile();
     check("save the outline to a file", OutlineJni.saveAsFileBegin(
         open.instance(), tour.session().context(), open.handle(), file));
@@ -117,20 +120,21 @@ final class LifeAct implements Act {
   }
 
   /** Tells every country its currency, and derives the currency database from that. */
-  private static void deriveCurrencies(Tour tour, OpenOutline open) {
+  private static void deriveCurrencies(Tour tour, Outline open) {
     check("make Geography the country dimension", OutlineJni.assignMemberDimensionCategory(
-        open.instance(), open.handle(), open.find("Geography"),
+        open.instance(), open.handle(), open.find("Geography").get().handle(),
         new DimensionCategory(DimensionCategory.COUNTRY), null));
     for (PlannedMember country : tour.plan().countries()) {
       Currency currency = Currency.getInstance(new Locale("", country.name));
       if (currency != null) {
         check("set the currency of " + country.name, OutlineJni.assignMemberCategory(
-            open.instance(), open.handle(), open.find(country.name), currency.getCurrencyCode()));
+            open.instance(), open.handle(), open.find(country.name).get().handle(),
+            currency.getCurrencyCode()));
       }
     }
     for (String measure : new String[] {"Sales", "Costs"}) {
       check("set the currency category of " + measure, OutlineJni.assignMemberCategory(
-          open.instance(), open.handle(), open.find(measure), "Average rate"));
+          open.instance(), open.handle(), open.find(measure).get().handle(), "Average rate"));
     }
     tour.create(RATES);
     tour.time("derive the currency database", () -> {
@@ -171,27 +175,18 @@ final class LifeAct implements Act {
   }
 
   private static void printRates(Tour tour) {
-    try (OpenOutline open = tour.browse(RATES)) {
-      List<DefaultMember> dimensions = new ArrayList<>();
-      check("list the dimensions", OutlineJni.getDimensionsEx(
-          open.instance(), open.handle(), dimensions));
+    try (Outline open = tour.browse(RATES)) {
       tour.print("  Currency database %s.%s", Tour.APPLICATION, RATES);
-      for (DefaultMember dimension : dimensions) {
-        List<String> children = new ArrayList<>();
-        check("list the children of " + dimension.getName(), OutlineJni.getChildrenFor(
-            open.handle(), dimension.getName(), dimension.getName(), children));
-        tour.print("    %-18s %s%s", dimension.getName(),
-            children.isEmpty()
-                ? "no members yet"
-                : String.join(", ", children.subList(0, Math.min(EXCERPT, children.size()))),
-            children.size() > EXCERPT ? ", …" : "");
+      for (Member dimension : open.dimensions()) {
+        Page first = open.page(dimension, 0, EXCERPT, Details.NONE);
+        String names =
+            first.members().stream().map(Member::name).collect(Collectors.joining(", "));
+        tour.print("    %-18s %s%s", dimension, names.isEmpty() ? "no members yet" : names,
+            first.hasNext() ? ", …" : "");
       }
-      PlannedMember country = tour.plan().featured();
-      List<DefaultMember> siblings = new ArrayList<>();
-      check("list the children of " + country.parent.name, OutlineJni.getChildrenEx(
-          open.instance(), open.handle(), country.parent.name, 0, siblings));
-      tour.print("    %s: %s", country.parent.name, siblings.stream()
-          .map(member -> member.getName() + " " + member.getCurrencyMember())
+      Member group = open.find(tour.plan().featured().parent.name).get();
+      tour.print("    %s: %s", group, open.children(group, Details.NONE)
+          .map(member -> member + " " + member.currencyMember())
           .collect(Collectors.joining(", ")));
     }
   }

@@ -5,7 +5,6 @@ import static com.olvane.kep.olvane.standin.StandinSession.check;
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.GenerationOrLevel;
 import com.olvane.kep.olvane.api.outline.MemberRequest;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.DefinedGeneration;
 import com.olvane.kep.olvane.defs.DefinedLevel;
 import com.olvane.kep.olvane.defs.calcscript.MemberInfo;
@@ -14,6 +13,7 @@ import com.olvane.kep.olvane.defs.outline.DynamicTimeSeries;
 import com.olvane.kep.olvane.defs.outline.MemberAlias;
 import com.olvane.kep.olvane.defs.outline.MemberRequestResult;
 import com.olvane.kep.olvane.defs.outline.OutlineSettings;
+import com.olvane.kep.olvane.outline.Outline;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.LinkedHashMap;
@@ -43,7 +43,7 @@ final class ReadingAct implements Act {
   @Override
   public void play(Tour tour) {
     name(tour);
-    try (OpenOutline open = tour.browse()) {
+    try (Outline open = tour.browse()) {
       printSettings(tour, open);
       printAliases(tour, open);
       printAttributes(tour, open);
@@ -55,7 +55,7 @@ final class ReadingAct implements Act {
 
   /** Names generations and enables a time series, for there to be some to read. */
   private static void name(Tour tour) {
-    try (OpenOutline open = tour.edit(Tour.DATABASE)) {
+    try (Outline open = tour.edit(Tour.DATABASE)) {
       List<String> named = new ArrayList<>();
       check("list the named generations", OutlineJni.getGenerations(
           open.instance(), open.handle(), "Geography", named));
@@ -71,11 +71,11 @@ final class ReadingAct implements Act {
         check("name " + QUARTER_TO_DATE, OutlineJni.setDTSMemberAlias(open.instance(),
             open.handle(), QUARTER_TO_DATE, TO_DATE[table], OutlinePlan.TABLES[table]));
       }
-      open.write();
+      open.save();
     }
   }
 
-  private static void printSettings(Tour tour, OpenOutline open) {
+  private static void printSettings(Tour tour, Outline open) {
     OutlineSettings settings = new OutlineSettings();
     check("read the settings",
         OutlineJni.getSettings(open.instance(), open.handle(), settings));
@@ -95,7 +95,7 @@ final class ReadingAct implements Act {
   }
 
   /** Reads the aliases of all countries in all tables with one call. */
-  private static void printAliases(Tour tour, OpenOutline open) {
+  private static void printAliases(Tour tour, Outline open) {
     List<MemberRequest> requests = tour.plan().countries().stream()
         .map(country -> new MemberRequest(country.name))
         .collect(Collectors.toList());
@@ -121,7 +121,7 @@ final class ReadingAct implements Act {
         tour.print("    %-9s %4d  %s", table, aliases.size(), excerpt(aliases)));
   }
 
-  private static void printAttributes(Tour tour, OpenOutline open) {
+  private static void printAttributes(Tour tour, Outline open) {
     List<String> kinds = new ArrayList<>();
     check("list the attributes of Geography", OutlineJni.getDimensionUDAS(
         open.instance(), open.handle(), "Geography", 0, kinds));
@@ -129,7 +129,7 @@ final class ReadingAct implements Act {
     tour.print("  Kinds of subdivision %d: %s", kinds.size(), excerpt(kinds));
   }
 
-  private static void printGenerations(Tour tour, OpenOutline open) {
+  private static void printGenerations(Tour tour, Outline open) {
     List<GenerationOrLevel> generations = new ArrayList<>();
     check("list the generations", OutlineJni.getActualGenerations(
         open.instance(), open.handle(), "Geography", generations));
@@ -152,7 +152,7 @@ final class ReadingAct implements Act {
     return items.stream().map(GenerationOrLevel::toString).collect(Collectors.joining(" · "));
   }
 
-  private static void printTimeSeries(Tour tour, OpenOutline open) {
+  private static void printTimeSeries(Tour tour, Outline open) {
     List<DynamicTimeSeries> entries = new ArrayList<>();
     check("list the time series", OutlineJni.getDTSMembersEx(
         open.instance(), open.handle(), entries));
@@ -167,7 +167,7 @@ final class ReadingAct implements Act {
   }
 
   /** The lists that the calculation-script editor offers. */
-  private static void printLists(Tour tour, OpenOutline open) {
+  private static void printLists(Tour tour, Outline open) {
     List<MemberInfo> quarter = new ArrayList<>();
     check("list the members below Qtr1", OutlineJni.listOutlineMembers(
         open.instance(), open.handle(), "Qtr1", true, "German", quarter));

@@ -4,9 +4,9 @@ import static com.olvane.kep.olvane.standin.StandinSession.check;
 
 import com.olvane.kep.olvane.api.jni.OutlineJni;
 import com.olvane.kep.olvane.api.outline.FindRequest;
-import com.olvane.kep.olvane.cli.OpenOutline;
 import com.olvane.kep.olvane.defs.outline.DefaultMember;
 import com.olvane.kep.olvane.defs.outline.MemberPath;
+import com.olvane.kep.olvane.outline.Outline;
 import java.io.IOException;
 import java.io.UncheckedIOException;
 import java.nio.file.Files;
@@ -30,7 +30,7 @@ final class SearchAct implements Act {
 
   @Override
   public void play(Tour tour) {
-    try (OpenOutline open = tour.browse()) {
+    try (Outline open = tour.browse()) {
       FindRequest byName = request("Qtr");
       find(tour, open, "name contains Qtr", byName);
 
@@ -72,7 +72,7 @@ final class SearchAct implements Act {
     return request;
   }
 
-  private static void find(Tour tour, OpenOutline open, String what, FindRequest request) {
+  private static void find(Tour tour, Outline open, String what, FindRequest request) {
     List<DefaultMember> matches = new ArrayList<>();
     int[] batches = new int[1];
     tour.time("find: " + what, () -> {
@@ -94,7 +94,7 @@ final class SearchAct implements Act {
             .collect(Collectors.joining(", ")) + (matches.size() > EXCERPT ? ", …" : ""));
   }
 
-  private static void printPaths(Tour tour, OpenOutline open, String text) {
+  private static void printPaths(Tour tour, Outline open, String text) {
     List<MemberPath> paths = new ArrayList<>();
     tour.time("find with paths", () -> {
       check("find " + text, OutlineJni.findMemberQuery(
@@ -116,7 +116,7 @@ final class SearchAct implements Act {
       Path exported = folder.resolve("exported.alt");
       Path again = folder.resolve("again.alt");
       try {
-        try (OpenOutline open = tour.browse()) {
+        try (Outline open = tour.browse()) {
           tour.time("export an alias table", () -> {
             export(open, exported);
             return aliases(tour);
@@ -142,7 +142,7 @@ final class SearchAct implements Act {
   }
 
   private static void importTable(Tour tour, Path from, Path to) {
-    try (OpenOutline open = tour.edit(OTHER)) {
+    try (Outline open = tour.edit(OTHER)) {
       check("delete the alias table " + TABLE,
           OutlineJni.deleteAliasTable(open.instance(), open.handle(), TABLE));
       StringBuffer table = new StringBuffer();
@@ -151,14 +151,14 @@ final class SearchAct implements Act {
             open.handle(), from.toString(), table, false, new StringBuffer()));
         return aliases(tour);
       });
-      open.write();
+      open.save();
     }
-    try (OpenOutline open = tour.browse(OTHER)) {
+    try (Outline open = tour.browse(OTHER)) {
       export(open, to);
     }
   }
 
-  private static void export(OpenOutline open, Path file) {
+  private static void export(Outline open, Path file) {
     check("export the alias table " + TABLE, OutlineJni.exportAliasTable(
         open.instance(), open.handle(), TABLE, file.toString()));
   }

@@ -1,9 +1,7 @@
 package com.olvane.kep.olvane.cli.demo;
 
-import static com.olvane.kep.olvane.standin.StandinSession.check;
-
-import com.olvane.kep.olvane.api.jni.OutlineJni;
-import com.olvane.kep.olvane.cli.OpenOutline;
+import com.olvane.kep.olvane.outline.Outline;
+import com.olvane.kep.olvane.outline.Store;
 import com.olvane.kep.olvane.standin.StandinSession;
 import java.io.PrintWriter;
 import java.util.ArrayList;
@@ -18,7 +16,7 @@ final class Tour {
   /** The database that the demo works in. */
   static final String DATABASE = "World";
 
-  private final StandinSession session;
+  private final Store store;
   private final OutlinePlan plan;
   private final PrintWriter page;
   private final PrintWriter progress;
@@ -27,21 +25,21 @@ final class Tour {
   /**
    * Prepares a tour.
    *
-   * @param session the session, which the caller closes
+   * @param store the store, which the caller closes
    * @param plan the outline to build
    * @param page where the results go
    * @param progress where messages about the progress go
    */
-  Tour(StandinSession session, OutlinePlan plan, PrintWriter page, PrintWriter progress) {
-    this.session = session;
+  Tour(Store store, OutlinePlan plan, PrintWriter page, PrintWriter progress) {
+    this.store = store;
     this.plan = plan;
     this.page = page;
     this.progress = progress;
   }
 
-  /** {@return the session} */
+  /** {@return the session behind the store, for the native methods} */
   StandinSession session() {
-    return session;
+    return store.session();
   }
 
   /** {@return the outline to build} */
@@ -50,7 +48,7 @@ final class Tour {
   }
 
   /** {@return the demo's outline, opened for browsing; the caller closes it} */
-  OpenOutline browse() {
+  Outline browse() {
     return browse(DATABASE);
   }
 
@@ -60,8 +58,8 @@ final class Tour {
    * @param database a database of the demo's application
    * @return the outline, which the caller closes
    */
-  OpenOutline browse(String database) {
-    return OpenOutline.query(session, APPLICATION, database);
+  Outline browse(String database) {
+    return store.browse(APPLICATION, database);
   }
 
   /**
@@ -70,8 +68,8 @@ final class Tour {
    * @param database a database of the demo's application
    * @return the outline, which the caller closes
    */
-  OpenOutline edit(String database) {
-    return OpenOutline.edit(session, APPLICATION, database);
+  Outline edit(String database) {
+    return store.edit(APPLICATION, database);
   }
 
   /**
@@ -81,7 +79,7 @@ final class Tour {
    * @param database the other database of the demo's application
    */
   void saveAs(String database) {
-    try (OpenOutline open = edit(DATABASE)) {
+    try (Outline open = edit(DATABASE)) {
       saveAs(open, database);
     }
   }
@@ -93,11 +91,9 @@ final class Tour {
    * @param open the outline, opened for editing
    * @param database the other database of the demo's application
    */
-  void saveAs(OpenOutline open, String database) {
+  void saveAs(Outline open, String database) {
     create(database);
-    check("save the outline as " + APPLICATION + "." + database,
-        OutlineJni.saveAsObject(open.instance(), session.context(), open.handle(),
-            session.context(), APPLICATION, database));
+    open.database().saveAs(APPLICATION, database);
   }
 
   /**
@@ -106,8 +102,8 @@ final class Tour {
    * @param database a database of the demo's application
    */
   void create(String database) {
-    if (!session.activateIfExists(APPLICATION, database)) {
-      session.createDatabase(APPLICATION, database);
+    if (!session().activateIfExists(APPLICATION, database)) {
+      store.create(APPLICATION, database);
     }
   }
 

@@ -1,4 +1,4 @@
-package com.olvane.kep.olvane.cli;
+package com.olvane.kep.olvane.e2e;
 
 import static com.olvane.kep.olvane.standin.StandinSession.check;
 
