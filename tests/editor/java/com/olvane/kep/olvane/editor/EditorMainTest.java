@@ -41,7 +41,7 @@ public class EditorMainTest {
   @Test
   public void aSentenceSaysWhyThereIsNoWindow() throws Exception {
     assertThat(run("", "Test", "Test"), containsString("1 There is no display"));
-    assertThat(run(":4711", "Test", "Test"), containsString("1 There is no display"));
+    assertThat(run(":4711", "Test", "Test"), containsString("1 There is no display :4711 "));
     assertThat(run("", "Test", "Test", "More"), containsString("2 Unmatched argument"));
     String help = run("", "--help");
     assertEquals('0', help.charAt(0));

@@ -238,7 +238,7 @@ public class PanesTest {
     javax.swing.SwingUtilities.invokeLater(
         () -> open.window.commands.get("Alias Tables \u2026").actionPerformed(null));
     JTable tables = user.find(JTable.class, "Alias tables");
-    user.click(button("New\u2026"));
+    user.click(button("New \u2026"));
     JTextField name = user.find(JTextField.class, "Name of the table");
     user.clickInto(name);
     user.type("French");
@@ -248,7 +248,7 @@ public class PanesTest {
     user.type("Short");
     user.click(button("Create"));
     user.waitFor("the new table", () -> tables.getRowCount() == 3);
-    user.click(button("Import\u2026"));
+    user.click(button("Import \u2026"));
     JTextField path = user.find(JTextField.class, "the name of the file",
         one -> one.isEditable() && one.getName() == null);
     user.clickInto(path);

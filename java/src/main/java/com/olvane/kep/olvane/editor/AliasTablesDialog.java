@@ -32,15 +32,15 @@ final class AliasTablesDialog {
     this.workspace = workspace;
     form.add(new JScrollPane(tables), "w 300, h 300, grow");
     JPanel buttons = new JPanel(new MigLayout("insets 0, wrap 1, fillx", "[grow,fill]"));
-    addButton(buttons, "New…", -1, table -> create());
-    addButton(buttons, "Rename…", 0, this::rename);
-    addButton(buttons, "Copy…", 0, this::copy);
+    addButton(buttons, "New \u2026", -1, table -> create());
+    addButton(buttons, "Rename \u2026", 0, this::rename);
+    addButton(buttons, "Copy \u2026", 0, this::copy);
     addButton(buttons, "Clear", 0, table -> confirmed(
         "Remove all aliases from " + table + "?", "Clear", AliasTableEdits.clear(table), table));
     addButton(buttons, "Delete", 1, table -> confirmed("Delete " + table + " with all its aliases?",
         "Delete", AliasTableEdits.delete(table), null));
-    addButton(buttons, "Import…", -1, table -> importFile());
-    addButton(buttons, "Export…", 0, this::export);
+    addButton(buttons, "Import \u2026", -1, table -> importFile());
+    addButton(buttons, "Export \u2026", 0, this::export);
     form.add(buttons, "aligny top");
     tables.getSelectionModel().addListSelectionListener(event -> enablers.forEach(Runnable::run));
     tables.onChoice(2, this::rename);

@@ -63,8 +63,10 @@ public final class EditorMain implements Callable<Integer> {
   @Override
   public Integer call() {
     if (!hasDisplay()) {
-      System.err.println("There is no display to open a window on. Set DISPLAY to one, or use the"
-          + " command outline, which needs none.");
+      String display = System.getenv("DISPLAY");
+      System.err.println("There is no display " + (display == null ? "" : display + " ")
+          + "to open a window on. Set DISPLAY to one" + (display == null ? "" : " that is there")
+          + ", or use the command outline, which needs none.");
       return 1;
     }
     if ((application == null) != (database == null)) {

@@ -30,7 +30,7 @@ final class EditorWindow {
   final Workspace workspace;
   final JFrame frame = new JFrame();
   final Commands commands =
-      new Commands(this::isBesideTree, "File", "Edit", "Search", "View", "Outline");
+      new Commands(this::isBesideTree, "File", "Edit", "Search", "View", "Outline", "Help");
   private final JTabbedPane tabs = new JTabbedPane();
   private final JSplitPane split = new JSplitPane(JSplitPane.HORIZONTAL_SPLIT);
   private final StatusLine status;

@@ -55,7 +55,7 @@ final class PicturePane extends JPanel {
         "12[][]16[][]16[]push[]12", "[][]8[grow,fill]"));
     this.workspace = workspace;
     pause.setRepeats(false);
-    JButton export = new JButton("Export\u2026");
+    JButton export = new JButton("Export \u2026");
     Prompt.addField(this, "Size by", size);
     Prompt.addField(this, "Colour by", colour);
     add(up);

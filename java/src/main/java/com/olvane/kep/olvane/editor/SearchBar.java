@@ -2,6 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Search;
+import java.awt.Graphics;
 import java.util.LinkedHashMap;
 import java.util.Map;
 import java.util.function.Consumer;
@@ -23,7 +24,20 @@ final class SearchBar {
       new MigLayout("insets 6 8 6 8, gap 4, hidemode 3", "[grow,fill][][][][]"));
   private final EditorWindow window;
   private final SearchTask search;
-  private final JTextField field = new JTextField();
+  private final JTextField field = new JTextField() {
+    private static final long serialVersionUID = 1;
+
+    @Override
+    protected void paintComponent(Graphics g) {
+      super.paintComponent(g);
+      if (getText().isEmpty()) {
+        Theme.smoothText(g);
+        g.setColor(Theme.palette().faint);
+        g.drawString("Search (Ctrl+F)", getInsets().left,
+            getBaseline(getWidth(), getHeight()));
+      }
+    }
+  };
   private final JLabel count = new JLabel();
   private final JButton cancel = new JButton("Stop");
   private final JPopupMenu options = new JPopupMenu();
@@ -43,7 +57,7 @@ final class SearchBar {
     addOption("Search user-defined attributes", false, Search::udas);
     addOption("Match case", false, Search::matchCase);
     addOption("Whole words", false, Search::wholeWords);
-    JButton where = new JButton("Where");
+    JButton where = new JButton("Search In \u2026");
     where.setToolTipText("What is searched, and how");
     where.addActionListener(event -> options.show(where, 0, where.getHeight()));
     cancel.addActionListener(event -> search.cancel());

@@ -67,6 +67,8 @@ final class StatusLine extends JPanel {
   /** Shows a sentence for a while. */
   void say(String sentence) {
     message.setText(sentence.isEmpty() ? " " : sentence);
+    // It may be wider than there is room.
+    message.setToolTipText(sentence.isEmpty() ? null : sentence);
     forget.restart();
   }
 

@@ -155,6 +155,7 @@ final class Theme {
 
   private static void putMeasures() {
     put(false, MENUS + RAISED, ".borderPainted");
+    put("+", "MenuItem", ".acceleratorDelimiter");
     put(new InsetsUIResource(1, 0, 0, 0), "TabbedPane", ".contentBorderInsets");
     put(new InsetsUIResource(6, 12, 6, 12), "TabbedPane", ".tabInsets");
     put(new InsetsUIResource(0, 4, 0, 0), "TabbedPane", ".tabAreaInsets");

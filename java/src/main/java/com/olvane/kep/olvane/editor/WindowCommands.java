@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.api.jni.NativeLibrary;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
@@ -17,6 +18,12 @@ import javax.swing.JRadioButtonMenuItem;
 
 /** The commands on the whole outline and its database, and those on what is shown of it. */
 final class WindowCommands {
+  private static final String ABOUT = "The outline editor of kepotl " + NativeLibrary.version()
+      + ".\n\nTree: letters begin a search; the arrow keys move, open and close."
+      + "\nFields: Enter or leaving one takes what was typed, Escape takes it back."
+      + "\nTexts of several lines: Ctrl+Enter takes what was typed."
+      + "\nFormula: Ctrl+Space completes a name."
+      + "\nPicture: the arrow keys walk, Enter zooms in, Backspace zooms out.";
   private static final int LAST_GENERATION = 7;
   /** More members than these are not opened at once. */
   private static final int OPENED = 5000;
@@ -35,6 +42,8 @@ final class WindowCommands {
     addFile(commands.menu("File"));
     addOutline(commands.menu("Outline"));
     addView(commands.menu("View"));
+    commands.add(commands.menu("Help"), "About", "F1",
+        "Tell the version, and keys that no menu shows", () -> Ask.say(window.frame, ABOUT));
   }
 
   private void addFile(JMenu file) {
