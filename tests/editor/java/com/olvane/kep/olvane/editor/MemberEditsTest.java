@@ -79,6 +79,7 @@ public class MemberEditsTest {
         MemberEdits.rename(sample.find("Tea"), "Product"),
         MemberEdits.change(sample.some("Drinks", "Tea"), new Changes().uda("Cold").attribute("Nowhere")),
         MemberEdits.move(sample.some("Bread", "Food"), Target.firstBelow(Ref.to(sample.find("Bread")))),
+        MemberEdits.copy(sample.some("Year"), Target.lastBelow(Ref.to(sample.find("Food")))),
         MemberEdits.copy(sample.some("Drinks"), Target.lastBelow(Ref.to(sample.find("Drinks")))))) {
       try {
         edit.apply(sample.context);

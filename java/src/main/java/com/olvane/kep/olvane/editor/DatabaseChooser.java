@@ -8,10 +8,12 @@ import java.time.format.FormatStyle;
 import java.util.Collections;
 import java.util.List;
 import javax.swing.JButton;
+import javax.swing.JComponent;
 import javax.swing.JFrame;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
+import javax.swing.KeyStroke;
 import javax.swing.WindowConstants;
 import net.miginfocom.swing.MigLayout;
 
@@ -43,11 +45,17 @@ final class DatabaseChooser {
     create.addActionListener(event -> create());
     JPanel content = new JPanel(new MigLayout("insets 16, fill, wrap 1", "[560,grow,fill]",
         "[]8[320,grow,fill]12[]"));
-    JLabel label = new JLabel("Choose the outline to edit.");
+    JLabel label = new JLabel("Choose the outline to edit"
+        + (editor.where.isEmpty() ? "." : ", of the store " + editor.where));
+    label.setToolTipText(editor.where);
     label.setLabelFor(listing);
-    content.add(label);
+    content.add(label, "wmin 0");
     content.add(new JScrollPane(listing));
-    content.add(Prompt.buttonRow(create, open));
+    JButton cancel = new JButton("Cancel");
+    cancel.addActionListener(event -> frame.dispose());
+    content.add(Prompt.buttonRow(create, open, cancel));
+    frame.getRootPane().registerKeyboardAction(event -> frame.dispose(),
+        KeyStroke.getKeyStroke("ESCAPE"), JComponent.WHEN_IN_FOCUSED_WINDOW);
     frame.setContentPane(content);
     frame.getRootPane().setDefaultButton(open);
     frame.setDefaultCloseOperation(WindowConstants.DISPOSE_ON_CLOSE);

@@ -21,6 +21,8 @@ import javax.swing.SwingUtilities;
 /** The running program: a store and its windows. It ends when nothing is shown any more. */
 final class Editor {
   final Store store;
+  /** The store in words, for those who choose from it. */
+  String where = "";
   final UserSettings settings = UserSettings.read();
   final List<EditorWindow> windows = new ArrayList<>();
   private DatabaseChooser chooser;

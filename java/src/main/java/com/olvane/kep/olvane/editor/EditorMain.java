@@ -5,7 +5,11 @@ import com.olvane.kep.olvane.outline.Store;
 import java.awt.AWTError;
 import java.awt.GraphicsEnvironment;
 import java.awt.HeadlessException;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.nio.file.Paths;
 import java.util.concurrent.Callable;
+import java.util.concurrent.FutureTask;
 import javax.swing.SwingUtilities;
 import picocli.CommandLine;
 import picocli.CommandLine.Command;
@@ -48,6 +52,10 @@ public final class EditorMain implements Callable<Integer> {
     command.getCommandSpec().version("kepotl " + NativeLibrary.version());
     command.setExecutionExceptionHandler((failure, failed, parsed) -> {
       failed.getErr().println(sentence(failure));
+      if (hasDisplay()) {
+        // Whoever started it from a menu does not see what is printed.
+        onEventThread(() -> Ask.choose(null, sentence(failure), "OK"));
+      }
       return 1;
     });
     int code = command.execute(arguments);
@@ -61,7 +69,7 @@ public final class EditorMain implements Callable<Integer> {
   }
 
   @Override
-  public Integer call() {
+  public Integer call() throws Exception {
     if (!hasDisplay()) {
       String display = System.getenv("DISPLAY");
       System.err.println("There is no display " + (display == null ? "" : display + " ")
@@ -73,10 +81,25 @@ public final class EditorMain implements Callable<Integer> {
       System.err.println("Name both an application and a database, or neither.");
       return 2;
     }
+    boolean isFolder = !store.contains("://");
+    Path folder = isFolder ? Paths.get(store).toAbsolutePath().normalize() : null;
+    if (isFolder && !Files.isDirectory(folder)) {
+      String none = "There is no store in the folder " + folder + ".";
+      if (application != null) {
+        throw new IllegalArgumentException(none + " Name another with --store or OUTLINE_STORE.");
+      }
+      if (onEventThread(() -> Ask.choose(null, none + " Make one there?", "Make a Store", "Cancel"))
+          != 0) {
+        return 0;
+      }
+    }
     Store opened = Store.open(store, user);
     Runtime.getRuntime().addShutdownHook(new Thread(opened::close));
     SwingUtilities.invokeLater(() -> {
       Editor editor = new Editor(opened);
+      // An address may hold a password.
+      editor.where = isFolder ? folder.toString()
+          : store.replaceFirst("//[^/]*@", "//").replaceFirst("[?].*", "");
       if (application == null) {
         editor.choose();
       } else {
@@ -84,6 +107,16 @@ public final class EditorMain implements Callable<Integer> {
       }
     });
     return 0;
+  }
+
+  /** Asks something before there is an editor. */
+  private static int onEventThread(Callable<Integer> question) throws Exception {
+    FutureTask<Integer> asked = new FutureTask<>(question);
+    SwingUtilities.invokeLater(() -> {
+      Theme.install(Palette.LIGHT);
+      asked.run();
+    });
+    return asked.get();
   }
 
   private static boolean hasDisplay() {

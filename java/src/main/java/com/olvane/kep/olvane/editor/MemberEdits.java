@@ -8,6 +8,8 @@ import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
+import com.olvane.kep.olvane.outline.Place;
+import com.olvane.kep.olvane.outline.Status;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.Comparator;
@@ -169,7 +171,7 @@ final class MemberEdits {
       int parent = target.parent(context);
       requireOutside(context, member, parent);
       long total = count(context.outline, Collections.singletonList(member));
-      CopyRun run = context.outline.copy(member, target.place(context));
+      CopyRun run = beginCopy(context.outline, member, target.place(context));
       try {
         while (run.next()) {
           context.progress(run.copied(), total);
@@ -183,6 +185,18 @@ final class MemberEdits {
       tell(context, parent, total, copy);
       return delete(copy, source);
     };
+  }
+
+  private static CopyRun beginCopy(Outline outline, Member member, Place place) {
+    try {
+      return outline.copy(member, place);
+    } catch (OutlineException e) {
+      if (e.status() == Status.COPY_FAILED && member.isDimension()) {
+        throw new IllegalArgumentException(member.name() + " is a dimension: it cannot be copied"
+            + " below a member. Choose a dimension and Paste After.", e);
+      }
+      throw e;
+    }
   }
 
   /** Gives a copy that came beside a member of its name another one. */
