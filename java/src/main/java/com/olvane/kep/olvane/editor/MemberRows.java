@@ -18,7 +18,6 @@ import java.util.Set;
 import java.util.function.BiFunction;
 import java.util.function.Function;
 import java.util.stream.Collectors;
-import java.util.stream.IntStream;
 import java.util.stream.Stream;
 
 /**
@@ -155,17 +154,25 @@ final class MemberRows {
           .forEach(made::withoutUda);
       return made;
     };
-    return Row.typed(members.size() == 1
-        ? "User-defined attributes (one a line)" : "User-defined attributes of all (one a line)", String.join("\n", common),
-        text -> {
-          String[] lines = text.split("\n");
-          return IntStream.range(0, lines.length).mapToObj(i -> {
-            String reason = Row.accordingTo(new Changes()::uda).apply(lines[i].trim());
-            return reason == null || lines[i].trim().isEmpty() ? null : "Line " + (i + 1) + ": " + reason;
-          }).filter(Objects::nonNull).findFirst().orElse(null);
-        },
+    return Row.typed(
+        "User-defined attributes " + (members.size() == 1 ? "" : "of all ") + "(one a line)",
+        String.join("\n", common), MemberRows::refuseUdas,
         text -> change("the user-defined attributes", text, member -> changes.apply(member, text)))
         .in(() -> Row.area(5));
+  }
+
+  /** Tells what is wrong with the first line that is no user-defined attribute. */
+  private static String refuseUdas(String text) {
+    int number = 0;
+    for (String line : text.split("\n")) {
+      number++;
+      String reason = line.trim().isEmpty() ? null
+          : Row.accordingTo(new Changes()::uda).apply(line.trim());
+      if (reason != null) {
+        return "Line " + number + ": " + reason;
+      }
+    }
+    return null;
   }
 
   /** The associated attribute members, by the attribute dimensions of the members' dimension. */
