@@ -2,7 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import javax.swing.Timer;
 
-/** Keeps unsaved work aside after a pause in editing or typing, longer where writing takes longer. */
+/** Keeps unsaved work aside after a pause in editing or typing, longer where that takes longer. */
 final class AutoKeep {
   private static final int LEAST_PAUSE_MILLIS = 5_000;
   /** The pause is so many times as long as writing took. */

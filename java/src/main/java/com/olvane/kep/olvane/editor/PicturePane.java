@@ -4,14 +4,12 @@ import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Finding;
 import com.olvane.kep.olvane.outline.Member;
-import com.olvane.kep.olvane.outline.OutlineException;
 import java.awt.event.ComponentAdapter;
 import java.awt.event.ComponentEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
 import java.io.File;
 import java.io.IOException;
-import java.util.Iterator;
 import java.util.List;
 import java.util.function.IntUnaryOperator;
 import java.util.stream.Collectors;
@@ -112,8 +110,7 @@ final class PicturePane extends JPanel {
   private void choose(int member) {
     if (member >= 0 && member < view.picture.count) {
       int handle = view.picture.handles[member];
-      workspace.read(() -> workspace.outline.read(new int[] {handle}, Details.NONE),
-          workspace::select);
+      workspace.read(() -> workspace.readIfThere(handle, Details.NONE), workspace::select);
     }
   }
 
@@ -187,8 +184,8 @@ final class PicturePane extends JPanel {
     legend.setText(read.attribute != null ? attributes.toString()
         : read.marked >= 0 ? String.format(
             "%,d members with findings in red; what lies above them is pale", read.marked)
-        : String.format("%,d members, a column a generation; a double click zooms in, Backspace out",
-            read.count));
+        : String.format("%,d members, a column a generation; a double click zooms in, "
+            + "Backspace out", read.count));
   }
 
   /** Lays out what is to be seen, and shows it with its names. */
@@ -200,15 +197,9 @@ final class PicturePane extends JPanel {
     boolean byLeaves = size.getSelectedIndex() == 1;
     workspace.read(() -> {
       List<Picture.Block> blocks = laid.layOut(top, height, byLeaves, MOST_COLUMNS);
-      List<Picture.Block> named = blocks.stream().filter(one -> one.siblings == 1)
-          .collect(Collectors.toList());
-      try {
-        Iterator<Member> members = workspace.outline.read(named.stream()
-            .mapToInt(one -> laid.handles[one.first]).toArray(), Details.NONE).iterator();
-        named.forEach(one -> one.name = members.next().name());
-      } catch (OutlineException e) {
-        // One was deleted since; the picture is about to be read anew.
-      }
+      blocks.stream().filter(one -> one.siblings == 1).forEach(one ->
+          workspace.readIfThere(laid.handles[one.first], Details.NONE)
+              .forEach(member -> one.name = member.name()));
       return blocks;
     }, blocks -> {
       if (number == laidOut) {
