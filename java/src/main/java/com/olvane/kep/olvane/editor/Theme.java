@@ -122,10 +122,10 @@ final class Theme {
     put(palette.faint, ALL, ".disabledForeground .disabledText .inactiveForeground "
         + ".acceleratorForeground .acceleratorSelectionForeground");
     put(palette.content, CONTENT + MENUS,
-        ".background .inactiveBackground .textBackground .focusCellBackground");
+        ".background .inactiveBackground .disabledBackground .textBackground .focusCellBackground");
     put(palette.surface, SURFACE, ".background .track");
     put(palette.raised, RAISED, ".background");
-    put(palette.selection, ALL, ".selectionBackground");
+    put(palette.selection, ALL, ".selectionBackground .select");
     put(palette.accent, "Tree Table List", ".selectionBorderColor .dropLineColor");
     put(palette.line, "Separator.foreground Table.gridColor", "");
     put(palette.faint, "TableHeader", ".foreground");
