@@ -13,6 +13,7 @@ import java.awt.Rectangle;
 import java.awt.event.KeyEvent;
 import javax.swing.JButton;
 import javax.swing.JLabel;
+import javax.swing.JMenuItem;
 import javax.swing.JTable;
 import javax.swing.JTextField;
 import javax.swing.SwingUtilities;
@@ -81,6 +82,9 @@ public class WindowTourTest {
     user.waitFor("the question to be gone", () -> !cancel.isShowing());
     assertEquals("Product(A B C D)", open.shown());
     user.click(open.tree, user.row(open.tree, "A"));
+    user.key("shift F10");
+    user.find(JMenuItem.class, "the menu of a member", one -> one.getText().equals("Paste After"));
+    user.key("ESCAPE");
     user.key("ctrl 1");
     user.waitFor("all closed", () -> open.tree.getRowCount() == 1);
     user.key("ctrl 2");

@@ -2,6 +2,7 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
+import java.awt.Point;
 import java.awt.Rectangle;
 import java.awt.event.KeyEvent;
 import java.awt.event.MouseEvent;
@@ -343,6 +344,20 @@ final class OutlineTree extends JTree {
   public void cancelEditing() {
     super.cancelEditing();
     cancelled.run();
+  }
+
+  /** What is clicked is selected before its menu comes; by keyboard it comes where that is. */
+  @Override
+  public Point getPopupLocation(MouseEvent event) {
+    TreePath path = event == null ? getLeadSelectionPath()
+        : getClosestPathForLocation(event.getX(), event.getY());
+    if (path != null && !isPathSelected(path)) {
+      setSelectionPath(path);
+    }
+    requestFocusInWindow();
+    Rectangle row = getPathBounds(path);
+    return event != null || row == null ? super.getPopupLocation(event)
+        : new Point(row.x, row.y + row.height);
   }
 
   @Override

@@ -3,8 +3,6 @@ package com.olvane.kep.olvane.editor;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
-import java.awt.event.MouseAdapter;
-import java.awt.event.MouseEvent;
 import java.util.List;
 import java.util.Optional;
 import java.util.function.BiFunction;
@@ -13,7 +11,6 @@ import java.util.stream.Collectors;
 import javax.swing.JMenu;
 import javax.swing.JPopupMenu;
 import javax.swing.KeyStroke;
-import javax.swing.tree.TreePath;
 
 /** The commands that edit members in the tree. */
 final class TreeCommands {
@@ -47,7 +44,7 @@ final class TreeCommands {
     menu.addSeparator();
     popup.addSeparator();
     addMoving();
-    addPopup();
+    tree.setComponentPopupMenu(popup);
   }
 
   private Commands.Command add(String name, String keys, String description, Runnable run) {
@@ -102,32 +99,6 @@ final class TreeCommands {
         () -> workspace.edit(MemberEdits.sort(first(), false)));
     add("Sort Dimensions", null, "Sort the dimensions by name, those of attributes behind",
         () -> workspace.edit(MemberEdits.sort(null, true))).when(workspace::isEditable);
-  }
-
-  private void addPopup() {
-    tree.addMouseListener(new MouseAdapter() {
-      @Override
-      public void mousePressed(MouseEvent event) {
-        show(event);
-      }
-
-      @Override
-      public void mouseReleased(MouseEvent event) {
-        show(event);
-      }
-    });
-  }
-
-  private void show(MouseEvent event) {
-    TreePath path = tree.getClosestPathForLocation(event.getX(), event.getY());
-    if (event.isPopupTrigger() && path != null
-        && tree.getPathBounds(path).getMaxY() > event.getY()) {
-      if (!tree.isPathSelected(path)) {
-        tree.setSelectionPath(path);
-      }
-      tree.requestFocusInWindow();
-      popup.show(tree, event.getX(), event.getY());
-    }
   }
 
   private Member first() {
