@@ -1,7 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.outline.NewMember;
-import com.olvane.kep.olvane.outline.OutlineException;
 import java.awt.Component;
 import java.awt.Dimension;
 import java.util.EventObject;
@@ -29,26 +28,20 @@ final class NameEditor extends DefaultCellEditor {
     Listen.onChange(field, this::check);
   }
 
-  /** What is wrong with the name, as a sentence; empty for nothing. */
+  /** What is wrong with the name, as a sentence; null for nothing. */
   private String complaint() {
-    try {
-      new NewMember(field.getText());
-      return "";
-    } catch (OutlineException e) {
-      return e.limit() == 0 ? "A name has at least one character."
-          : "The name is too long: at most " + e.limit() + " bytes fit.";
-    }
+    return Row.accordingTo(NewMember::new).apply(field.getText());
   }
 
   private void check() {
     String complaint = complaint();
-    field.setToolTipText(complaint.isEmpty() ? null : complaint);
+    field.setToolTipText(complaint);
     field.getAccessibleContext().setAccessibleDescription(complaint);
     Palette palette = Theme.palette();
     field.setBorder(BorderFactory.createCompoundBorder(
-        BorderFactory.createLineBorder(complaint.isEmpty() ? palette.accent : palette.error),
-        BorderFactory.createEmptyBorder(0, 4, 0, 4)));
-    tree.complaint.accept(field.isShowing() ? complaint : "");
+        BorderFactory.createLineBorder(complaint == null ? palette.accent : palette.error),
+        Theme.space(0, 4)));
+    tree.complaint.accept(complaint != null && field.isShowing() ? complaint : "");
   }
 
   @Override
@@ -76,7 +69,7 @@ final class NameEditor extends DefaultCellEditor {
 
   @Override
   public boolean stopCellEditing() {
-    if (!complaint().isEmpty()) {
+    if (complaint() != null) {
       field.getToolkit().beep();
       return false;
     }
