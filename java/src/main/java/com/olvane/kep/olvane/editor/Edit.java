@@ -68,11 +68,20 @@ final class Edit {
           back.addFirst(step.run(context));
         }
       } catch (RuntimeException e) {
-        back.forEach(step -> step.run(context));
-        throw e;
+        throw afterTakingBack(e, () -> back.forEach(step -> step.run(context)));
       }
       return all(new ArrayList<>(back));
     };
+  }
+
+  /** Takes back what was done before a failure, which is told whatever becomes of that. */
+  private static RuntimeException afterTakingBack(RuntimeException failure, Runnable back) {
+    try {
+      back.run();
+    } catch (RuntimeException notTakenBack) {
+      failure.addSuppressed(notTakenBack);
+    }
+    return failure;
   }
 
   /**
@@ -93,12 +102,7 @@ final class Edit {
       try {
         change.accept(context);
       } catch (RuntimeException e) {
-        try {
-          restore.accept(context);
-        } catch (RuntimeException notRestored) {
-          e.addSuppressed(notRestored);
-        }
-        throw e;
+        throw afterTakingBack(e, () -> restore.accept(context));
       }
       what.accept(context.change);
       return again -> {
