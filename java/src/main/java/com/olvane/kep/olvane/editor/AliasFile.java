@@ -28,11 +28,11 @@ final class AliasFile {
   /** What becomes of a line. */
   enum Outcome {
     /** The alias is set. */
-    SET("set"),
+    SET("will be set"),
     /** The member has this alias already. */
-    SAME("there already"),
+    SAME("is so already"),
     /** There is no such member. */
-    UNKNOWN("without such a member"),
+    UNKNOWN("no such member"),
     /** The alias does not fit. */
     TOO_LONG("over " + MemberRows.ALIAS_LIMIT + " bytes"),
     /** It has not two fields. */

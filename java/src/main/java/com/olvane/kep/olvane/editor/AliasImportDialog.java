@@ -77,8 +77,8 @@ final class AliasImportDialog {
   private void showOutcome(boolean exists) {
     String counts = file.lines.stream().collect(Collectors.groupingBy(
         line -> line.outcome, TreeMap::new, Collectors.counting())).entrySet().stream()
-        .map(one -> String.format("%,d %s", one.getValue(), one.getKey().words))
-        .collect(Collectors.joining(", "));
+        .map(one -> String.format("%s: %,d", one.getKey().words, one.getValue()))
+        .collect(Collectors.joining("; "));
     summary.setText(counts.isEmpty() ? "The file lists no aliases."
         : "Of its lines: " + counts + ".");
     note.setText(exists ? "The table is there; what the file does not name stays as it is."

@@ -101,7 +101,8 @@ final class AliasTableEdits {
 
   /** Sets aliases by the names of members, in a table that is made if need be. */
   static Edit fill(String table, Map<String, String> aliases) {
-    return Edit.restoring("Import " + aliases.size() + " aliases into " + table,
+    String what = aliases.size() == 1 ? "an alias" : String.format("%,d aliases", aliases.size());
+    return Edit.restoring("Import " + what + " into " + table,
         OutlineChange::aliasTables, context -> keep(context, table), context -> {
           Outline outline = context.outline;
           if (!outline.aliasTables().names().contains(table)) {

@@ -128,7 +128,10 @@ final class AliasTablesDialog {
       workspace.read(() -> AliasFile.read(chosen.toPath()), file -> {
         String table = AliasImportDialog.ask(form, workspace, chosen.toPath(), file);
         if (table != null) {
-          edit(file.edit(table), table);
+          selectNext = table;
+          workspace.edit(file.edit(table), () -> Ask.say(form, String.format(
+              "Aliases imported into the table %s: %,d.", table,
+              file.lines.stream().filter(line -> line.outcome.applies()).count())));
         }
       });
     }

@@ -105,7 +105,11 @@ final class EditorWindow {
     frame.setSize(
         Math.min(settings.number("window.width", WIDTH), screen.width),
         Math.min(settings.number("window.height", HEIGHT), screen.height));
-    split.setDividerLocation(settings.number("tree.width", TREE_WIDTH));
+    // The same share of a window that has become narrower.
+    split.setDividerLocation(settings.number("tree.width", TREE_WIDTH) * frame.getWidth()
+        / settings.number("window.width", WIDTH));
+    split.setResizeWeight(0.4);
+    tabs.setTabLayoutPolicy(JTabbedPane.SCROLL_TAB_LAYOUT);
   }
 
   private void addHistoryCommands() {

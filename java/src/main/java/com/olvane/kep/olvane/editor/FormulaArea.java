@@ -3,6 +3,8 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Color;
 import java.awt.Font;
 import java.awt.Insets;
+import java.awt.KeyboardFocusManager;
+import javax.swing.KeyStroke;
 import org.fife.ui.rsyntaxtextarea.AbstractTokenMakerFactory;
 import org.fife.ui.rsyntaxtextarea.RSyntaxTextArea;
 import org.fife.ui.rsyntaxtextarea.Style;
@@ -23,7 +25,11 @@ final class FormulaArea extends RSyntaxTextArea {
     super(5, 10);
     setSyntaxEditingStyle(SYNTAX);
     setLineWrap(true);
-    setTabsEmulated(true);
+    // Tab leaves the formula as it leaves a field.
+    getInputMap().put(KeyStroke.getKeyStroke("TAB"), "none");
+    getInputMap().put(KeyStroke.getKeyStroke("shift TAB"), "none");
+    setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
+    setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
     setHighlightCurrentLine(false);
     setPopupMenu(null);
     setMargin(new Insets(4, 6, 4, 6));

@@ -176,7 +176,7 @@ final class MemberEdits {
         while (run.next()) {
           context.progress(run.copied(), total);
         }
-        nameApart(context.outline, run.result(), parent);
+        nameApart(context.outline, run.result());
       } catch (RuntimeException e) {
         run.cancel();
         throw e;
@@ -200,13 +200,20 @@ final class MemberEdits {
   }
 
   /** Gives a copy that came beside a member of its name another one. */
-  private static void nameApart(Outline outline, Member copy, int parent) {
+  private static void nameApart(Outline outline, Member copy) {
+    if (hasNamesake(outline, copy)) {
+      outline.rename(copy, free(outline, copy.name()));
+    }
+  }
+
+  /** Whether a member has a sibling of its name. */
+  static boolean hasNamesake(Outline outline, Member member) {
+    Member now = outline.read(member, PLACE);
+    int parent = now.parentHandle();
     try (Stream<Member> siblings = parent == OutlineChange.DIMENSIONS
         ? outline.dimensions().stream()
         : outline.children(outline.read(new int[] {parent}, Details.NONE).get(0), Details.NONE)) {
-      if (siblings.filter(one -> one.name().equals(copy.name())).count() > 1) {
-        outline.rename(copy, free(outline, copy.name()));
-      }
+      return siblings.filter(one -> one.name().equals(now.name())).count() > 1;
     }
   }
 

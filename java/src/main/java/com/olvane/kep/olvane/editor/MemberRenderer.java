@@ -35,8 +35,8 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
       boolean expanded, boolean leaf, int row, boolean hasFocus) {
     Palette palette = Theme.palette();
     JTree.DropLocation drop = shown.getDropLocation();
-    boolean dropTarget = drop != null && drop.getChildIndex() < 0 && drop.getPath() != null
-        && drop.getPath().getLastPathComponent() == value;
+    boolean dropTarget = tree.transfer.box == value || drop != null && drop.getChildIndex() < 0
+        && drop.getPath() != null && drop.getPath().getLastPathComponent() == value;
     setOpaque(isSelected || dropTarget);
     setBackground(dropTarget || shown.isFocusOwner() ? palette.selection : palette.hover);
     setBorder(hasFocus && shown.isFocusOwner()

@@ -29,6 +29,9 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
   private transient List<Member> onClipboard = Collections.emptyList();
   private boolean cut;
 
+  /** The dimension that members go below which are over the gap behind it; null for none. */
+  transient MemberNode box;
+
   MemberTransfer(OutlineTree tree, Workspace workspace) {
     this.tree = tree;
     this.workspace = workspace;
@@ -105,12 +108,16 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
   @Override
   protected void exportDone(JComponent source, Transferable data, int action) {
     dragged = Collections.emptyList();
+    box = null;
+    tree.repaint();
   }
 
   @Override
   public boolean canImport(TransferSupport support) {
+    box = null;
     boolean possible = support.isDrop() && !dragged.isEmpty() && target(support) != null;
-    support.setShowDropLocation(possible);
+    support.setShowDropLocation(possible && box == null);
+    tree.repaint();
     return possible;
   }
 
@@ -167,6 +174,10 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
       return null;
     }
     MemberNode above = MemberNode.of(tree.getPathForRow(below - 1));
-    return above.parent.isRoot() ? Target.lastBelow(Ref.toHandle(above.handle())) : behind(above);
+    if (!above.parent.isRoot()) {
+      return behind(above);
+    }
+    box = above;
+    return Target.lastBelow(Ref.toHandle(above.handle()));
   }
 }

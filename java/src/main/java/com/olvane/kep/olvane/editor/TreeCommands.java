@@ -131,6 +131,11 @@ final class TreeCommands {
       workspace.edit(edit);
     }
     naming = null;
+    workspace.read(() -> MemberEdits.hasNamesake(workspace.outline, member), shared -> {
+      if (shared) {
+        window.status("There is another " + name + " beside this one.");
+      }
+    });
   }
 
   /** A member whose name was given up is not to be. */

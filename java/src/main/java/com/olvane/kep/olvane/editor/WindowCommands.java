@@ -5,6 +5,7 @@ import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.standin.StoredDatabase;
+import java.awt.Component;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.Locale;
@@ -97,7 +98,11 @@ final class WindowCommands {
 
   /** Saves what was typed up to now. */
   private void save() {
+    Component before = window.frame.getFocusOwner();
     window.settle(() -> {
+      if (before != null && before.isShowing()) {
+        before.requestFocusInWindow();
+      }
       if (workspace.dirty()) {
         workspace.save(() -> window.status("Saved " + workspace.name() + "."));
       } else {
@@ -251,6 +256,7 @@ final class WindowCommands {
       addChoice(themes, group, name, Theme.palette() == palette, () -> {
         Theme.install(palette);
         window.editor.settings.put("theme", name.toLowerCase(Locale.ROOT));
+        window.editor.settings.write();
       });
     }
     return themes;
