@@ -4,19 +4,19 @@ import java.awt.BasicStroke;
 import java.awt.Color;
 import java.awt.Component;
 import java.awt.Dimension;
-import java.awt.Graphics2D;
 import java.awt.Graphics;
+import java.awt.Graphics2D;
 import java.awt.KeyboardFocusManager;
 import java.awt.Rectangle;
 import java.awt.RenderingHints;
 import java.awt.geom.RoundRectangle2D;
+import java.util.Objects;
 import java.util.stream.Stream;
 import javax.swing.AbstractButton;
 import javax.swing.BorderFactory;
 import javax.swing.ButtonModel;
 import javax.swing.Icon;
 import javax.swing.JButton;
-import javax.swing.JComboBox;
 import javax.swing.JComponent;
 import javax.swing.SwingUtilities;
 import javax.swing.border.EmptyBorder;
@@ -39,12 +39,8 @@ final class Flat {
     // Borders and buttons show who has the keyboard; who loses it is not drawn anew by itself.
     KeyboardFocusManager.getCurrentKeyboardFocusManager().addPropertyChangeListener("focusOwner",
         change -> Stream.of(change.getOldValue(), change.getNewValue())
-            .filter(Component.class::isInstance).map(Component.class::cast).forEach(one -> {
-              one.repaint();
-              if (one.getParent() instanceof JComboBox) {
-                one.getParent().repaint();
-              }
-            }));
+            .filter(Component.class::isInstance).map(one -> ((Component) one).getParent())
+            .filter(Objects::nonNull).forEach(Component::repaint));
   }
 
   private Flat() {}
@@ -231,15 +227,10 @@ final class Flat {
     }
 
     @Override
-    public void configureArrowButton() {
-      super.configureArrowButton();
-      // The box has the keyboard already.
-      arrowButton.setFocusable(false);
-    }
-
-    @Override
     public void installUI(JComponent box) {
       super.installUI(box);
+      // The box has the keyboard already.
+      arrowButton.setFocusable(false);
       ((JComponent) comboBox.getRenderer()).setBorder(Theme.space(3, 6));
       ((JComponent) comboBox.getEditor().getEditorComponent()).setBorder(Theme.space(3, 6));
     }
