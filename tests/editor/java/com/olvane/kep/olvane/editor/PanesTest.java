@@ -118,8 +118,9 @@ public class PanesTest {
     user.type("shared");
     assertThat(storage.getSelectedItem().toString(), startsWith("shared"));
     assertEquals("typed, not taken", 1, open.workspace.history.position());
-    user.key("ESCAPE");
-    assertEquals(before, storage.getSelectedItem());
+    user.key("ctrl Z");
+    assertEquals("given up", before, storage.getSelectedItem());
+    assertEquals("no edit was taken back", 1, open.workspace.history.position());
     type("Aliases French", "\u53ef\u53e3\u53ef\u4e50");
     user.key("ENTER");
     expect("", "\u53ef\u53e3\u53ef\u4e50", outline -> read("Cola").alias("French"));

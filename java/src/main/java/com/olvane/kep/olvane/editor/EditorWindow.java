@@ -172,6 +172,13 @@ final class EditorWindow {
     }
     closing = true;
     settle(() -> {
+      for (Component pane : tabs.getComponents()) {
+        if (pane instanceof RowsPane && !((RowsPane) pane).canBeLeft()) {
+          tabs.setSelectedComponent(pane);
+          closing = false;
+          return;
+        }
+      }
       int answer = !workspace.dirty() ? 1
           : Ask.choose(frame, "There are unsaved changes in " + workspace.name() + ".",
               "Save", "Discard", "Cancel");

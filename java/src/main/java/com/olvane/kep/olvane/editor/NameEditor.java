@@ -18,6 +18,8 @@ final class NameEditor extends DefaultCellEditor {
 
   private final OutlineTree tree;
   private final JTextField field = (JTextField) editorComponent;
+  /** Whether the name was to be taken and was not. */
+  private boolean refused;
   private final transient UndoManager typed = Listen.undo(field);
 
   NameEditor(OutlineTree tree) {
@@ -50,6 +52,7 @@ final class NameEditor extends DefaultCellEditor {
     field.setFont(edited.getFont());
     field.setText(value.toString());
     typed.discardAllEdits();
+    refused = false;
     check();
     field.setPreferredSize(null);
     field.setPreferredSize(new Dimension(
@@ -71,6 +74,7 @@ final class NameEditor extends DefaultCellEditor {
   public boolean stopCellEditing() {
     if (complaint() != null) {
       field.getToolkit().beep();
+      refused = true;
       return false;
     }
     tree.complaint.accept("");
@@ -79,7 +83,7 @@ final class NameEditor extends DefaultCellEditor {
 
   @Override
   public void cancelCellEditing() {
-    tree.complaint.accept("");
+    tree.complaint.accept(refused ? "The name stays as it was. " + complaint() : "");
     super.cancelCellEditing();
   }
 }

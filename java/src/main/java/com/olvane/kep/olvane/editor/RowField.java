@@ -14,6 +14,7 @@ import javax.swing.JComponent;
 import javax.swing.JLabel;
 import javax.swing.JScrollPane;
 import javax.swing.JTextField;
+import javax.swing.KeyStroke;
 import javax.swing.plaf.ColorUIResource;
 import javax.swing.text.JTextComponent;
 import javax.swing.undo.UndoManager;
@@ -24,6 +25,8 @@ import javax.swing.undo.UndoManager;
  * typed. What does not fit is marked and explained while it is typed, and never becomes an edit.
  */
 final class RowField {
+  private static final KeyStroke UNDO = KeyStroke.getKeyStroke("ctrl Z");
+
   private final JLabel label = new JLabel();
   private final JLabel complaint = new JLabel();
   /** Where the value is typed or chosen: one of them, the other is null. */
@@ -93,6 +96,9 @@ final class RowField {
     public void processKeyEvent(KeyEvent event) {
       if (event.getID() == KeyEvent.KEY_PRESSED && event.getKeyCode() == KeyEvent.VK_ESCAPE) {
         giveUp();
+      } else if (isTyped() && KeyStroke.getKeyStrokeForEvent(event).equals(UNDO)) {
+        giveUp();
+        event.consume();
       } else if (event.getID() == KeyEvent.KEY_PRESSED
           && event.getKeyCode() == KeyEvent.VK_ENTER && !isPopupVisible()) {
         flush();

@@ -114,9 +114,8 @@ final class RowsPane extends JPanel {
     boolean again = now.subject.equals(subject);
     if (!again) {
       fields.values().forEach(RowField::flush);
-      Optional<RowField> refused = fields.values().stream().filter(RowField::isTyped).findAny();
-      if (refused.isPresent()) {
-        askAbout(refused.get());
+      if (fields.values().stream().anyMatch(RowField::isTyped)) {
+        workspace.select(canBeLeft() ? workspace.selection() : shown);
         return;
       }
     }
@@ -134,18 +133,20 @@ final class RowsPane extends JPanel {
     now.rows.forEach(row -> fields.get(key(row)).show(row, again));
   }
 
-  /** Asks what becomes of a text that was not taken before something else is shown in its place. */
-  private void askAbout(RowField refused) {
+  /** Whether what is shown may go; asks where a text was not taken. */
+  boolean canBeLeft() {
+    Optional<RowField> refused = fields.values().stream().filter(RowField::isTyped).findAny();
+    if (!refused.isPresent()) {
+      return true;
+    }
     asking = true;
-    int answer = Ask.choose(this, title.getText() + ": " + refused.complaint(),
+    int answer = Ask.choose(this, title.getText() + ": " + refused.get().complaint(),
         "Go Back to the Text", "Discard the Text");
     asking = false;
     if (answer == 1) {
       fields.values().forEach(RowField::giveUp);
-      selected(workspace.selection());
-    } else {
-      workspace.select(shown);
     }
+    return answer == 1;
   }
 
   /** Tells fields apart. */
