@@ -121,7 +121,7 @@ final class StatusLine extends JPanel {
       try {
         return workspace.store.locks().stream().filter(one -> one.object().equals(object))
             .map(StoreLock::user).findFirst().map(one -> "Locked by " + one).orElse("Not locked");
-      } catch (StatusException e) {
+      } catch (StatusException | IllegalStateException e) {
         return "Lock not known";
       }
     }, lock::setText);
