@@ -207,10 +207,15 @@ final class OutlineTree extends JTree {
     setSelectionPaths(nodes.map(MemberNode::path).toArray(TreePath[]::new));
   }
 
+  private boolean isInView(TreePath path) {
+    Rectangle row = path == null ? null : getPathBounds(path);
+    return row != null && getVisibleRect().contains(getVisibleRect().x, row.y, 1, row.height);
+  }
+
   /** Scrolls to a row, with some of its neighbours in view when it was not. */
   void scrollInto(TreePath path) {
     Rectangle row = getPathBounds(path);
-    if (row != null && !getVisibleRect().contains(getVisibleRect().x, row.y, 1, row.height)) {
+    if (row != null && !isInView(path)) {
       Rectangle view = new Rectangle(row.x, row.y - getVisibleRect().height / 3,
           Math.min(row.width, getVisibleRect().width), getVisibleRect().height * 2 / 3);
       // The height that it is about to have: members may have been opened just now.
@@ -283,6 +288,7 @@ final class OutlineTree extends JTree {
 
   private void replace(PagedTreeModel.Reading read, Set<Integer> open) {
     Set<Integer> selection = selectedHandles();
+    boolean seen = isInView(getSelectionPath());
     adjust(() -> {
       // The tree looks at what is selected while the numbers of children change below it.
       clearSelection();
@@ -295,6 +301,10 @@ final class OutlineTree extends JTree {
           .forEach(node -> expandPath(node.path()));
       select(selection.stream().map(model::node).filter(Objects::nonNull));
     });
+    if (seen && getSelectionPath() != null) {
+      // It may have moved.
+      scrollInto(getSelectionPath());
+    }
     show(workspace.selection());
     repaint();
   }
