@@ -126,6 +126,10 @@ final class Workspace {
     void run() throws Exception;
   }
 
+  private interface LongTask {
+    void run(EditContext.Progress progress) throws Exception;
+  }
+
   private void attempt(Task task) {
     try {
       task.run();
@@ -155,27 +159,22 @@ final class Workspace {
 
   /** Does something that takes time and can't be given up; {@code then} follows success. */
   <T> void run(String title, Callable<T> task, Consumer<T> then) {
-    start(new Busy(title, false), handOver(task, then));
+    start(title, false, progress -> handOver(task, then).run());
   }
 
   /** The same for a task that tells how far it is, when readers are let in. */
   <T> void run(String title, Function<EditContext.Progress, T> task, Consumer<T> then) {
-    Busy running = new Busy(title, false);
-    start(running, handOver(() -> task.apply(progress(running)), then));
+    start(title, false, progress -> handOver(() -> task.apply(progress), then).run());
   }
 
-  private EditContext.Progress progress(Busy running) {
-    return (done, total) -> {
-      boolean goOn = running.at(done, total);
-      work.letReadersIn();
-      return goOn;
-    };
-  }
-
-  private void start(Busy running, Task task) {
+  private void start(String title, boolean canCancel, LongTask task) {
+    Busy running = new Busy(title, canCancel);
     work.write(() -> {
       SwingUtilities.invokeLater(() -> busy.tell(running));
-      attempt(task);
+      attempt(() -> task.run((done, total) -> {
+        work.letReadersIn();
+        return running.at(done, total);
+      }));
       SwingUtilities.invokeLater(() -> busy.tell(null));
     });
   }
@@ -227,9 +226,8 @@ final class Workspace {
   }
 
   private void change(String title, boolean canCancel, Task task, Runnable then) {
-    Busy running = new Busy(title, canCancel);
-    start(running, () -> {
-      context.begin(progress(running));
+    start(title, canCancel, progress -> {
+      context.begin(progress);
       try {
         task.run();
       } finally {
