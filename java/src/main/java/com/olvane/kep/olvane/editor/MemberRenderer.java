@@ -26,7 +26,7 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
   private final OutlineTree tree;
 
   MemberRenderer(OutlineTree tree) {
-    super(new FlowLayout(FlowLayout.LEADING, 8, 2));
+    super(new FlowLayout(FlowLayout.LEADING, 5, 2));
     this.tree = tree;
   }
 
@@ -58,12 +58,16 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
     JLabel label = new JLabel(text);
     label.setFont(tree.getFont().deriveFont(style));
     label.setForeground(color);
+    // Doubled in size, letters take up to so much more than twice their room.
+    Dimension size = label.getPreferredSize();
+    label.setPreferredSize(new Dimension(size.width + size.width / 16 + 2, size.height));
     add(label);
     return label;
   }
 
   private void addMark(String text, Color color, int style) {
     JLabel mark = add(text, color, style);
+    mark.setPreferredSize(null);
     mark.setFont(mark.getFont().deriveFont(mark.getFont().getSize2D() * 0.85f));
     mark.setBorder(BorderFactory.createCompoundBorder(
         BorderFactory.createLineBorder(color, 1, true), Theme.space(0, 2)));
