@@ -147,21 +147,24 @@ final class Prompt {
     }
     folder = chooser.getCurrentDirectory();
     File file = chooser.getSelectedFile();
-    if (proposed == null && !(file.isFile() && file.canRead())) {
-      Ask.say(parent, "There is no file " + file + " that can be read.");
-      return null;
-    }
     if (proposed == null) {
-      return file;
+      return toRead(parent, file);
     }
-    if (Arrays.stream(types).noneMatch(type -> file.getName().endsWith("." + type))) {
-      return toWrite(parent, new File(file + type(chooser)));
-    }
-    return toWrite(parent, file);
+    String name = file.getName().toLowerCase(Locale.ROOT);
+    boolean typed = Arrays.stream(types).anyMatch(type -> name.endsWith("." + type));
+    return toWrite(parent, typed ? file : new File(file + type(chooser)));
   }
 
   private static String type(JFileChooser chooser) {
     return "." + ((FileNameExtensionFilter) chooser.getFileFilter()).getExtensions()[0];
+  }
+
+  private static File toRead(Component parent, File file) {
+    if (file.isFile() && file.canRead()) {
+      return file;
+    }
+    Ask.say(parent, "There is no file " + file + " that can be read.");
+    return null;
   }
 
   private static File toWrite(Component parent, File file) {

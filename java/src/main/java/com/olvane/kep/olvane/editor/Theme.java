@@ -141,6 +141,8 @@ final class Theme {
     put(new Flat.Border(5, 6), "TextField FormattedTextField", ".border");
     put(new Flat.Border(2, 1), "ComboBox", ".border");
     put(space(4, 12), "Button ToggleButton", ".border");
+    put(space(16, 16), "OptionPane", ".border");
+    put(BorderFactory.createEmptyBorder(12, 0, 0, 0), "OptionPane", ".buttonAreaBorder");
     put(space(0, 0), "SplitPane SplitPaneDivider TableHeader ProgressBar", ".border");
     put(line, "ScrollPane.border Table.scrollPaneBorder", "");
     put(BorderFactory.createCompoundBorder(line, space(4, 0)), "PopupMenu", ".border");
