@@ -73,8 +73,7 @@ final class Access {
       if (login.session != null) {
         login.session.setActive(application, database);
       }
-      return access.opened("browsing",
-          OutlineJni.openOutlineQuery(login.context, access.handle));
+      return access.opened("browsing", OutlineJni.openOutlineQuery(login.context, access.handle));
     } finally {
       login.active.unlock();
     }
@@ -164,17 +163,13 @@ final class Access {
     }
   }
 
-  /** {@return the number of edits begun so far} */
-  long edits() {
-    return edits;
-  }
-
-  /** Call it within a call. */
-  void requireUnchanged(long since) {
-    if (edits != since) {
+  /** Gives the number of edits begun, if it is as before (-1: whatever it is); within a call. */
+  long unchanged(long since) {
+    if (since >= 0 && edits != since) {
       throw new ConcurrentModificationException(
           "The outline of " + name() + " was edited while it was being read");
     }
+    return edits;
   }
 
   boolean hasUnsavedEdits() {
@@ -195,14 +190,15 @@ final class Access {
   boolean lockAgain(BooleanSupplier wanted) {
     requireEditing();
     OutlineHandle stored = new OutlineHandle();
-    check("lock the outline", name(), "",
+    check("lock " + this, "", "",
         OutlineJni.openOutlineEdit(context, application, database, database, stored));
     boolean stays = false;
     try {
       stays = wanted.getAsBoolean();
     } finally {
       // Only closing what was opened for editing unlocks it.
-      check("close what is stored", name(), "", stays ? OutlineJni.closeOutlineQuery(stored)
+      check("close what is stored of " + name(), "", "",
+          stays ? OutlineJni.closeOutlineQuery(stored)
           : OutlineJni.closeOutlineEdit(context, stored, application, database));
     }
     return stays;

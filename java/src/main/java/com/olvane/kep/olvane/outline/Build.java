@@ -64,8 +64,7 @@ final class Build {
   int[] run(Place.Resolved place, Iterable<NewMember> members) {
     // A stack of its own: what is to be made may be deeper than a thread's.
     ArrayDeque<Level> levels = new ArrayDeque<>();
-    levels.push(
-        new Level(members.iterator(), new Anchor(place.parent), new Anchor(place.sibling)));
+    levels.push(new Level(members.iterator(), new Anchor(place.parent), new Anchor(place.sibling)));
     try {
       while (!levels.isEmpty()) {
         Level level = levels.peek();
@@ -104,8 +103,7 @@ final class Build {
     }
     int record = member.details().write(call, member.name(), tables);
     int given = member.details().given();
-    given |= refer(
-        record + OutlineBulk.MAKE_PARENT, level.parent, OutlineBulk.GIVEN_PARENT_INDEX);
+    given |= refer(record + OutlineBulk.MAKE_PARENT, level.parent, OutlineBulk.GIVEN_PARENT_INDEX);
     given |= refer(
         record + OutlineBulk.MAKE_SIBLING, level.previous, OutlineBulk.GIVEN_SIBLING_INDEX);
     call.put(record + OutlineBulk.MAKE_GIVEN, given);

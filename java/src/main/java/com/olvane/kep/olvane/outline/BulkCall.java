@@ -111,8 +111,7 @@ final class BulkCall implements Access.Call, AutoCloseable {
   /** Makes the call, or goes on with it. The buffer grows where a record asks. */
   @Override
   public int on(InstanceHandle i, OutlineHandle o) {
-    edits = edits < 0 ? access.edits() : edits;
-    access.requireUnchanged(edits);
+    edits = access.unchanged(edits);
     put(OutlineBulk.REQUEST_END, size);
     int needed = 0;
     do {

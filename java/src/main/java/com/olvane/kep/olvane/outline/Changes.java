@@ -63,9 +63,7 @@ public final class Changes {
       changes.udas.addAll(member.udas());
     }
     if (details.has(OutlineBulk.DETAIL_ATTRIBUTES)) {
-      for (Attribute attribute : member.attributes()) {
-        changes.attribute(attribute.name());
-      }
+      member.attributes().forEach(attribute -> changes.attribute(attribute.name()));
     }
     return changes;
   }

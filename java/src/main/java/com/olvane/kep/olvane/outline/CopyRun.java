@@ -52,8 +52,7 @@ public final class CopyRun {
   public boolean next() {
     requireNotCancelled();
     if (!request.isFinished()) {
-      access.edit("copy what is below", source,
-          (i, o) -> OutlineJni.copyContinue(i, o, request));
+      access.edit("copy what is below", source, (i, o) -> OutlineJni.copyContinue(i, o, request));
     }
     return !request.isFinished();
   }
@@ -85,8 +84,7 @@ public final class CopyRun {
   /** Removes what was copied. Cancelling again does nothing. */
   public void cancel() {
     if (!cancelled) {
-      access.edit("remove the copy of", source,
-          (i, o) -> OutlineJni.deleteMember(i, o, copy));
+      access.edit("remove the copy of", source, (i, o) -> OutlineJni.deleteMember(i, o, copy));
       cancelled = true;
     }
   }

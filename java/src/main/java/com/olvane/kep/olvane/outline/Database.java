@@ -83,8 +83,7 @@ public final class Database {
     int answer = access.answer((i, o) -> OutlineJni.getDataLoaded(
         i, access.login.context, access.application, access.database));
     // -1 is its yes.
-    Access.check("see whether " + access.name() + " holds data", "", "",
-        answer == -1 ? 0 : answer);
+    Access.check("see whether " + access.name() + " holds data", "", "", answer == -1 ? 0 : answer);
     return answer == -1;
   }
 

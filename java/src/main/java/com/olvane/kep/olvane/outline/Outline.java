@@ -230,8 +230,7 @@ public final class Outline extends BrowsedOutline implements AutoCloseable {
    * @param member the member
    */
   public void delete(Member member) {
-    access.edit("delete", member.name(),
-        (i, o) -> OutlineJni.deleteMember(i, o, member.handle()));
+    access.edit("delete", member.name(), (i, o) -> OutlineJni.deleteMember(i, o, member.handle()));
   }
 
   /**

@@ -35,16 +35,10 @@ public final class OutlineException extends RuntimeException {
     this.limit = limit;
   }
 
-  static OutlineException tooLong(String member, String field, int bytes, int limit, String text) {
-    String shown = text.length() > 100 ? text.substring(0, 100) + "..." : text;
+  /** A text that was refused before any call; {@code problem} goes on with the sentence. */
+  static OutlineException ofText(String member, String field, int limit, String problem) {
     return new OutlineException(Status.REFUSED, member, field, limit,
-        "The " + field + (member.isEmpty() ? "" : " of " + member) + " takes " + bytes
-            + " bytes, at most " + limit + " fit; shorten it: " + shown);
-  }
-
-  static OutlineException empty(String member, String field) {
-    return new OutlineException(Status.REFUSED, member, field, 0,
-        "The " + field + (member.isEmpty() ? "" : " of " + member) + " is empty; give one");
+        "The " + field + (member.isEmpty() ? "" : " of " + member) + " " + problem);
   }
 
   OutlineException madeBefore(int[] handles) {

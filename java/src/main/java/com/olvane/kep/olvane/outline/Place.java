@@ -92,8 +92,7 @@ public final class Place {
       int parent = member == null ? 0 : member.handle();
       return new Resolved(parent, kind == Kind.FIRST ? 0 : lastChild(access));
     }
-    Member now =
-        Reading.again(access, member.name(), member.handle(), Details.NONE.place());
+    Member now = Reading.again(access, member.name(), member.handle(), Details.NONE.place());
     return new Resolved(
         now.parentHandle(), kind == Kind.BEHIND ? now.handle() : now.previousHandle());
   }

@@ -27,8 +27,7 @@ final class Reading {
   }
 
   /** The children of a parent, or the dimensions; {@code start} is one of {@code FROM_...}. */
-  static Reading children(
-      Access access, Member parent, int start, int next, Details details) {
+  static Reading children(Access access, Member parent, int start, int next, Details details) {
     String about = parent == null ? "" : parent.name();
     String action = parent == null ? "read the dimensions" : "read the children of";
     Reading reading = new Reading(access, action, about, OutlineBulk.READ_CHILDREN, details);

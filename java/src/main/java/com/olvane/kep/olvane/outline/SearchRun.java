@@ -17,14 +17,14 @@ public final class SearchRun {
   private final Access access;
   private final FindRequest request;
   private final Details details;
-  private final long edits;
+  /** When the first batch was searched; -1 before. */
+  private long edits = -1;
   private boolean begun;
 
   SearchRun(Access access, Search search, Details details) {
     this.access = access;
     this.request = search.request();
     this.details = details;
-    this.edits = access.edits();
   }
 
   /** {@return whether the whole outline, or dimension, has been searched} */
@@ -50,7 +50,7 @@ public final class SearchRun {
     List<DefaultMember> found = new ArrayList<>();
     List<Member> members = new ArrayList<>();
     access.read("search " + access, (i, o) -> {
-      access.requireUnchanged(edits);
+      edits = access.unchanged(edits);
       int status = OutlineJni.findRequest(i, o, request, found);
       if (status == Status.OK) {
         int[] handles = found.stream().mapToInt(DefaultMember::getHandle).toArray();
