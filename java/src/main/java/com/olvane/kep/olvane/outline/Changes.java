@@ -320,11 +320,13 @@ public final class Changes {
   /** Writes a record; {@code name} is null for an existing member. Where it begins. */
   int write(BulkCall call, String name, List<String> tables) {
     int record = call.gap(OutlineBulk.MAKE_FIXED);
-    call.put(record + OutlineBulk.MAKE_GIVEN, given);
-    call.put(record + OutlineBulk.MAKE_FLAGS, flags);
-    for (int code = OutlineBulk.CODE_CONSOLIDATION; code <= OutlineBulk.CODE_SHARE; code++) {
-      int at = record + OutlineBulk.MAKE_CODES + 2 * (code - OutlineBulk.CODE_CONSOLIDATION);
-      call.put16(at, codes[code]);
+    if (given != 0) {
+      call.put(record + OutlineBulk.MAKE_GIVEN, given);
+      call.put(record + OutlineBulk.MAKE_FLAGS, flags);
+      for (int code = OutlineBulk.CODE_CONSOLIDATION; code <= OutlineBulk.CODE_SHARE; code++) {
+        int at = record + OutlineBulk.MAKE_CODES + 2 * (code - OutlineBulk.CODE_CONSOLIDATION);
+        call.put16(at, codes[code]);
+      }
     }
     call.text(name);
     call.text(currencyMember);

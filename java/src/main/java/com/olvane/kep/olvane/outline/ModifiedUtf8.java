@@ -40,10 +40,12 @@ final class ModifiedUtf8 {
 
   /** Encodes a text. */
   static byte[] encode(String text) {
-    byte[] bytes = new byte[HoldingBean.encodedLength(text)];
-    if (bytes.length == text.length()) {
-      return text.getBytes(StandardCharsets.US_ASCII);
+    int length = HoldingBean.encodedLength(text);
+    if (length == text.length()) {
+      // All of it is ASCII.
+      return text.getBytes(StandardCharsets.ISO_8859_1);
     }
+    byte[] bytes = new byte[length];
     int at = 0;
     for (int i = 0; i < text.length(); i++) {
       char c = text.charAt(i);
