@@ -57,12 +57,29 @@ final class Listing<T> extends JTable {
     setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
     addFocusListener(new FocusAdapter() {
       @Override
+      public void focusLost(FocusEvent event) {
+        showFocus();
+      }
+
+      @Override
       public void focusGained(FocusEvent event) {
+        showFocus();
         if (getSelectedRow() < 0 && getRowCount() > 0) {
           choose(0);
         }
       }
     });
+  }
+
+  @Override
+  public void updateUI() {
+    super.updateUI();
+    showFocus();
+  }
+
+  /** What is chosen stands back while the keyboard is elsewhere. */
+  private void showFocus() {
+    setSelectionBackground(isFocusOwner() ? Theme.palette().selection : Theme.palette().hover);
   }
 
   /** Adds a column of the width that it had best. */

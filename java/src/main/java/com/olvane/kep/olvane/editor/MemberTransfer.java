@@ -101,7 +101,7 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
 
   @Override
   protected Transferable createTransferable(JComponent component) {
-    dragged = selected();
+    dragged = tree.unreadSelected ? Collections.emptyList() : selected();
     return dragged.isEmpty() ? null : names(dragged);
   }
 

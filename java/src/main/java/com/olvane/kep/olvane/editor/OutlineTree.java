@@ -45,7 +45,7 @@ final class OutlineTree extends JTree {
   /** Above 0 while the tree itself changes what is expanded or selected. */
   private int adjusting;
   /** Whether some of what the user has selected is still to be read. */
-  private boolean unreadSelected;
+  boolean unreadSelected;
   private String aliasTable;
   /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
   transient Consumer<String> complaint = sentence -> {};
