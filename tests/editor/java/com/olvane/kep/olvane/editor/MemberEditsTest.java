@@ -45,6 +45,7 @@ public class MemberEditsTest {
     sample.check(MemberEdits.move(sample.some("Bread", "All"), Target.firstBelow(Ref.to(sample.find("Drinks")))));
     sample.check(MemberEdits.copy(sample.some("Drinks"), Target.lastBelow(Ref.to(sample.find("Food")))));
     sample.check(MemberEdits.delete(sample.some("Food", "Drinks")));
+    sample.check(MemberEdits.copy(sample.some("Size"), Target.behind(Ref.to(sample.find("Size")))));
   }
 
   @Test

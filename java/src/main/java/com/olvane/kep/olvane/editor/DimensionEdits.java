@@ -168,8 +168,11 @@ final class DimensionEdits {
       if (now.storageTypeCode() != dimension.storageTypeCode()) {
         outline.setStorageType(now, dimension.storageTypeCode());
       }
-      if (now.categoryCode() != dimension.categoryCode()) {
-        if (dimension.category() == DimensionCategory.ATTRIBUTE) {
+      boolean isAttribute = dimension.category() == DimensionCategory.ATTRIBUTE;
+      // One that was made among attribute dimensions is one, of a type of its own.
+      if (now.categoryCode() != dimension.categoryCode()
+          || isAttribute && now.attributeTypeCode() != dimension.attributeTypeCode()) {
+        if (isAttribute) {
           outline.makeAttributeDimension(now, dimension.attributeTypeCode());
         } else {
           outline.categorise(now, dimension.category());
