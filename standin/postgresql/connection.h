@@ -69,7 +69,7 @@ class Rows {
   std::string_view bytes(int row, int column) const;
   std::string text(int row, int column) const { return std::string(bytes(row, column)); }
   // How many rows a changing statement changed.
-  int64_t changed() const { return std::atoll(PQcmdTuples(result_.get())); }
+  int64_t changed() const { return std::strtoll(PQcmdTuples(result_.get()), nullptr, 10); }
   const PGresult* get() const { return result_.get(); }
 
  private:

@@ -35,5 +35,7 @@ int make(const char* address) {
 
 }  // namespace
 
+// NOLINTBEGIN(readability-identifier-naming): an exported name
 extern "C" const standin::ServerLibrary olv_server_library;
 const standin::ServerLibrary olv_server_library = {standin::kStoreInterface, open, make};
+// NOLINTEND(readability-identifier-naming)

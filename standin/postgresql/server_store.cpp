@@ -56,6 +56,7 @@ std::vector<std::string> ServerStore::databases(bool local) {
   return pool_.use_again([](Connection& connection) {
     const Rows rows = connection.run("SELECT name FROM kepotl.database ORDER BY name");
     std::vector<std::string> names;
+    names.reserve(static_cast<size_t>(rows.count()));
     for (int row = 0; row < rows.count(); ++row) names.push_back(rows.text(row, 0));
     return names;
   });

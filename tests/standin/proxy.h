@@ -52,14 +52,15 @@ class Proxy {
   }
   // Whether it came to that; nothing fails any more.
   bool mend() {
-    const bool failed = left_ <= 0;
+    const bool failed = has_failed();
     fault_ = Fault::kNone;
     left_ = kNever;
     return failed;
   }
+  bool has_failed() const { return left_ <= 0; }
   // Waits until a statement has failed.
   void wait_for_fault() const {
-    while (left_ > 0) pause();
+    while (!has_failed()) pause();
   }
 
  private:
@@ -73,7 +74,7 @@ class Proxy {
   }
   static void pause() { std::this_thread::sleep_for(std::chrono::milliseconds(2)); }
   // Whether the fault has struck and lasts.
-  bool lasts(Fault fault) const { return fault_ == fault && left_ <= 0; }
+  bool lasts(Fault fault) const { return fault_ == fault && has_failed(); }
 
   void accept_all() {
     while (!ending_) {

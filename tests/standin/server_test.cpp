@@ -222,7 +222,12 @@ TEST(Server, ACutOfEverythingAtAnyStatementIsToldAndTheWorkKept) {
     editor.set_version(++version);
     proxy.fail_at(statement, Fault::kCutAll);
     auto writing = std::async(std::launch::async, [&] { return editor.write(); });
-    writing.wait_for(std::chrono::milliseconds(150));
+    const auto written = [&](int milliseconds) {
+      return writing.wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
+    };
+    while (!proxy.has_failed() && !written(2)) {
+    }
+    written(100);  // while nothing gets through
     cut = proxy.mend();
     const int status = writing.get();
     const int stored = stored_version(store.address());
