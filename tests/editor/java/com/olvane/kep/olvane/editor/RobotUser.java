@@ -50,6 +50,8 @@ final class RobotUser {
 
   private final Robot robot;
   private final AtomicInteger arrived = new AtomicInteger();
+  /** What the mouse was released on last. */
+  private volatile Component clicked;
 
   RobotUser() {
     try {
@@ -61,6 +63,9 @@ final class RobotUser {
     Toolkit.getDefaultToolkit().addAWTEventListener(event -> {
       if (event.getID() == KeyEvent.KEY_RELEASED || event.getID() == MouseEvent.MOUSE_RELEASED) {
         arrived.incrementAndGet();
+      }
+      if (event.getID() == MouseEvent.MOUSE_RELEASED) {
+        clicked = ((MouseEvent) event).getComponent();
       }
     }, AWTEvent.KEY_EVENT_MASK | AWTEvent.MOUSE_EVENT_MASK);
   }
@@ -243,9 +248,21 @@ final class RobotUser {
 
   /** Clicks in the middle of a part of a component, in its own coordinates. */
   void click(Component component, Rectangle part) {
-    moveTo(component, part);
-    robot.mousePress(InputEvent.BUTTON1_DOWN_MASK);
-    releaseAndSettle(() -> robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK));
+    boolean arrives = false;
+    // A window that comes up or moves at that moment may take the click away.
+    for (int tries = 0; tries < 3 && !arrives && component.isShowing(); tries++) {
+      moveTo(component, part);
+      clicked = null;
+      robot.mousePress(InputEvent.BUTTON1_DOWN_MASK);
+      robot.mouseRelease(InputEvent.BUTTON1_DOWN_MASK);
+      long end = System.nanoTime() + 2_000_000_000L;
+      while (!arrives && System.nanoTime() < end) {
+        robot.delay(2);
+        Component on = clicked;
+        arrives = on != null && SwingUtilities.isDescendingFrom(on, component);
+      }
+      settle();
+    }
   }
 
   /** Clicks into a field until it has the keyboard: a window that has just come may take it back. */
