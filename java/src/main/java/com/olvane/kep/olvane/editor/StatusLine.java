@@ -73,6 +73,7 @@ final class StatusLine extends JPanel {
   }
 
   private void begin(Busy work) {
+    Busy ended = busy;
     busy = work;
     since = System.nanoTime();
     if (work != null) {
@@ -80,7 +81,8 @@ final class StatusLine extends JPanel {
       return;
     }
     watch.stop();
-    if (bar.isVisible()) {
+    // What came of it may have been said already.
+    if (ended != null && message.getText().startsWith(doing(ended))) {
       say("");
     }
     bar.setVisible(false);
@@ -97,7 +99,11 @@ final class StatusLine extends JPanel {
     bar.setIndeterminate(busy.share() < 0);
     bar.setValue((int) (busy.share() * 100));
     forget.stop();
-    message.setText(busy.title + " \u2026 " + millis / 1000 + " s");
+    message.setText(doing(busy) + millis / 1000 + " s");
+  }
+
+  private static String doing(Busy work) {
+    return work.title + " \u2026 ";
   }
 
   private void showState() {
