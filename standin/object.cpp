@@ -66,8 +66,9 @@ ObjectName object_name(const ContextState& state, uint32_t type, const char* app
 ObjectName active_outline(ContextState& state) {
   const Context context = describe(state);
   if (context.database.empty()) throw StoreFailure(kNoActiveDatabase);
-  const char* const database = context.database.c_str();
-  return object_name(state, kObjectTypeOutline, context.application.c_str(), database, database);
+  // The outline of a database bears its name.
+  return {existing_database(state, context.application.c_str(), context.database.c_str()),
+          context.database, state.local};
 }
 
 int load_object(const ObjectDefinitionRecord& object, Outline* outline) {
