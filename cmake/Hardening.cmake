@@ -14,6 +14,11 @@ add_link_options(LINKER:-z,relro,-z,now)
 add_compile_options(
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
   -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+if(KEPOTL_I386_TREE)
+  # The compiler tells where the tree really lies, also where it was reached by a link.
+  file(REAL_PATH "${KEPOTL_I386_TREE}" i386_tree)
+  add_compile_options("-ffile-prefix-map=${i386_tree}=")
+endif()
 
 # kepotl_shipped(TARGET): the project's version goes into a library as an ELF note, which
 # 'readelf --notes' shows and the Java loader compares with its own, and the debug information
