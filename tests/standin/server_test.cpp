@@ -258,7 +258,9 @@ TEST(Server, WhoWasCutOffAndComesBackOverwritesNothing) {
     proxy.wait_for_fault();
     // The other one runs on a machine of its own: with a cache of its own.
     const TempFolder cache;
-    const std::string before = std::getenv("XDG_CACHE_HOME");
+    const char* const own_cache = std::getenv("XDG_CACHE_HOME");
+    ASSERT_NE(own_cache, nullptr);
+    const std::string before = own_cache;
     setenv("XDG_CACHE_HOME", cache.string().c_str(), 1);
     Editor other(store.address());
     setenv("XDG_CACHE_HOME", before.c_str(), 1);
