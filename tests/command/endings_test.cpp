@@ -102,6 +102,17 @@ TEST_F(CommandTest, LeavesOutlineAndFilesWholeOnAFullDisk) {
   EXPECT_THAT(full.err, HasSubstr("No space left"));
 }
 
+// The system ends a process that writes beyond its limit.
+TEST_F(CommandTest, LeavesNoPieceOfAFileWhenItIsKilled) {
+  ASSERT_EQ(run({"create", "Demo", "World"}).code, 0);
+  run.file("many.csv", "parent,name\n,Year\n" + many_rows(20'000));
+  ASSERT_EQ(run({"load", "Demo", "World", "many.csv"}).code, 0);
+  const Ended killed = run.shell(
+      "echo before >out.csv; (ulimit -f 64; exec $outline export Demo World out.csv)\n"
+      "test $? -gt 128 && echo killed; ls out.csv*; cat out.csv");
+  EXPECT_EQ(killed.out, "killed\nout.csv\nbefore\n") << killed.err;
+}
+
 // Children long before their parent: beyond 16 MB they wait in a file that has no name.
 TEST_F(CommandTest, KeepsWaitingRowsInATemporaryFile) {
   std::string rows = "parent,name,formula\n";

@@ -43,8 +43,13 @@ final class StatusLine extends JPanel {
     forget.setRepeats(false);
     Timer measure = new Timer(2000, event -> showMemory());
     workspace.busy.hear(this::begin);
-    workspace.historyChanged.hear(history -> showState());
-    workspace.historyChanged.hear(history -> showLock());
+    workspace.historyChanged.hear(history -> {
+      showState();
+      // Not with each edit: a store on a server may be slow to answer, or gone.
+      if (!history.dirty()) {
+        showLock();
+      }
+    });
     workspace.failed.hear(failure -> showLock());
     Listen.onShowing(this, seen -> {
       if (seen) {

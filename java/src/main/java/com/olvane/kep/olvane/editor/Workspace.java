@@ -292,10 +292,11 @@ final class Workspace {
         store.localObjects().writeBack(outline, application, database);
       }
       history.saved();
+      // While the lock is held: later it might be somebody else's outline.
+      attempt(() -> stored = readStored());
       unsaved.remove();
       return history;
     }, saved -> {
-      read(this::readStored, now -> stored = now);
       historyChanged.tell(saved);
       then.run();
     });
