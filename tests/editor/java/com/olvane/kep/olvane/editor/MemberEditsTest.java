@@ -49,6 +49,14 @@ public class MemberEditsTest {
   }
 
   @Test
+  public void aCopyOfALongNameGetsAShorterOneThatIsFree() {
+    String longest = String.join("", Collections.nCopies(26, "名")) + "no";
+    sample.check(MemberEdits.rename(sample.find("Tea"), longest));
+    sample.check(MemberEdits.copy(sample.some(longest), Target.behind(Ref.to(sample.find(longest)))));
+    sample.find(String.join("", Collections.nCopies(26, "名")) + " 2");
+  }
+
+  @Test
   public void deletedDimensionsComeBackWhole() {
     sample.check(MemberEdits.delete(sample.some("Product")));
   }
@@ -78,7 +86,8 @@ public class MemberEditsTest {
     String before = sample.everything();
     for (Edit edit : Arrays.asList(
         MemberEdits.rename(sample.find("Tea"), "Product"),
-        MemberEdits.change(sample.some("Drinks", "Tea"), new Changes().uda("Cold").attribute("Nowhere")),
+        MemberEdits.change("Fail", sample.some("Drinks", "Tea"),
+            member -> new Changes().uda("Cold").attribute("Nowhere")),
         MemberEdits.move(sample.some("Bread", "Food"), Target.firstBelow(Ref.to(sample.find("Bread")))),
         MemberEdits.copy(sample.some("Year"), Target.lastBelow(Ref.to(sample.find("Food")))),
         MemberEdits.copy(sample.some("Drinks"), Target.lastBelow(Ref.to(sample.find("Drinks")))))) {
@@ -169,8 +178,8 @@ public class MemberEditsTest {
       case 5:
         return MemberEdits.sort(one, step % 2 == 0);
       default:
-        return MemberEdits.change(Arrays.asList(one), new Changes().alias("French", "A" + step)
-            .formula("F" + step).uda("U" + step));
+        return MemberEdits.change("Change", Arrays.asList(one), member -> new Changes()
+            .alias("French", "A" + step).formula("F" + step).uda("U" + step));
     }
   }
 }

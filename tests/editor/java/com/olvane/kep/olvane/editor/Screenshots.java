@@ -118,16 +118,16 @@ public final class Screenshots {
   private void takeEdits() throws IOException {
     select("JP");
     edit(MemberEdits.rename(member("JP"), "Japan"));
-    edit(MemberEdits.change(Collections.singletonList(member("Japan")),
-        new Changes().formula("@SUM(@CHILDREN(\"Japan\"));").uda("Island")));
+    edit(MemberEdits.change("Change Japan", Collections.singletonList(member("Japan")),
+        japan -> new Changes().formula("@SUM(@CHILDREN(\"Japan\"));").uda("Island")));
     edit(MemberEdits.move(Collections.singletonList(member("JE")),
         Target.before(Ref.to(member("JM")))));
     edit(MemberEdits.delete(Collections.singletonList(member("JO"))));
     pane("History");
     take("history");
     // Two members of one alias in a table: something to be found.
-    edit(MemberEdits.change(Collections.singletonList(member("FR")),
-        new Changes().alias("French", "Japon")));
+    edit(MemberEdits.change("Change FR", Collections.singletonList(member("FR")),
+        france -> new Changes().alias("French", "Japon")));
     RobotUser.onEventThread(() -> {
       window.commands.get("Verify").actionPerformed(null);
       return null;

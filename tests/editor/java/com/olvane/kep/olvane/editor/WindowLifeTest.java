@@ -111,7 +111,7 @@ public class WindowLifeTest {
         longest[0] < LONGEST_WORK_MILLIS * 1_000_000);
     assertTrue("the window was frozen for " + longest[1] / 1_000_000 + " ms",
         longest[1] < LONGEST_PAUSE_MILLIS * 1_000_000);
-    int held = RobotUser.onEventThread(() -> open.window.tree.model.nodes().size());
+    int held = RobotUser.onEventThread(() -> open.window.tree.model.byHandle.size());
     assertTrue(held + " nodes are held", held < 30_000);
 
     user.key("END");

@@ -2,9 +2,9 @@ package com.olvane.kep.olvane.editor;
 
 import java.awt.Component;
 import java.nio.file.Path;
+import java.util.Comparator;
 import java.util.TreeMap;
 import java.util.stream.Collectors;
-import javax.swing.JComboBox;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
@@ -21,8 +21,6 @@ final class AliasImportDialog {
   private final JTextField table = new JTextField();
   private final JLabel summary = new JLabel(" ");
   private final JLabel note = new JLabel(" ");
-  private final JComboBox<String> which =
-      new JComboBox<>(new String[] {"All lines", "Only what does not apply"});
   private final Listing<AliasFile.Line> lines = new Listing<AliasFile.Line>("Lines")
       .column("Line", 60, line -> Integer.toString(line.number))
       .column("Member", 170, line -> line.member).column("Alias", 220, line -> line.alias)
@@ -33,13 +31,11 @@ final class AliasImportDialog {
     this.workspace = workspace;
     this.file = file;
     JPanel form = new JPanel(new MigLayout("insets 12 12 0 12, fill, wrap 2", "[][grow,fill]",
-        "[][][][][grow,fill]"));
+        "[][][][grow,fill]"));
     table.setText(file.table);
     Prompt.addField(form, "Into the table", table);
     form.add(summary, "span, growx, wmin 0");
     form.add(note, "span, growx, wmin 0");
-    form.add(which, "span");
-    which.addActionListener(event -> showLines());
     form.add(new JScrollPane(lines), "span, grow, w 640, h 320");
     prompt = new Prompt(owner, "Import " + path.getFileName(), "Import", form);
     // The lines are judged anew when the name has been typed.
@@ -85,13 +81,9 @@ final class AliasImportDialog {
         : "The table is not there yet, and is made.");
     summary.setForeground(Theme.palette().text);
     prompt.allow(file.lines.stream().anyMatch(line -> line.outcome.applies()));
-    showLines();
-  }
-
-  private void showLines() {
+    // What does not apply stands first.
     lines.show(file.lines.stream()
-        .filter(line -> which.getSelectedIndex() == 0 || !line.outcome.applies())
-        .collect(Collectors.toList()));
+        .sorted(Comparator.comparing(line -> line.outcome.applies())).collect(Collectors.toList()));
   }
 
   /** Shows the dialog; the table to import into, or null when it was cancelled. */

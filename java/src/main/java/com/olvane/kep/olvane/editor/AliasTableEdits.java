@@ -47,7 +47,7 @@ final class AliasTableEdits {
   }
 
   private static Edit edit(String title, String table, Consumer<AliasTables> change) {
-    return Edit.restoring(title, OutlineChange::aliasTables, context -> keep(context, table),
+    return Edit.restoring(title, context -> keep(context, table),
         context -> change.accept(context.outline.aliasTables()));
   }
 
@@ -67,7 +67,7 @@ final class AliasTableEdits {
 
   static Edit rename(String table, String name) {
     return Edit.restoring("Rename the alias table " + table + " to " + name,
-        OutlineChange::aliasTables, context -> again -> {
+        context -> again -> {
           if (!again.outline.aliasTables().names().contains(table)) {
             again.outline.aliasTables().rename(name, table);
           }
@@ -75,17 +75,16 @@ final class AliasTableEdits {
   }
 
   static Edit delete(String table) {
-    return Edit.restoring("Delete the alias table " + table, OutlineChange::aliasTables,
-        context -> {
-          AliasTables tables = context.outline.aliasTables();
-          List<String> names = tables.names();
-          Consumer<EditContext> restore = keep(context, table);
-          return again -> {
-            restore.accept(again);
-            names.subList(names.indexOf(table) + 1, names.size())
-                .forEach(behind -> moveToEnd(tables, behind));
-          };
-        }, context -> context.outline.aliasTables().delete(table));
+    return Edit.restoring("Delete the alias table " + table, context -> {
+      AliasTables tables = context.outline.aliasTables();
+      List<String> names = tables.names();
+      Consumer<EditContext> restore = keep(context, table);
+      return again -> {
+        restore.accept(again);
+        names.subList(names.indexOf(table) + 1, names.size())
+            .forEach(behind -> moveToEnd(tables, behind));
+      };
+    }, context -> context.outline.aliasTables().delete(table));
   }
 
   /** Tables stand in the order in which they were made, so one that is to be last is made anew. */
@@ -103,7 +102,7 @@ final class AliasTableEdits {
   static Edit fill(String table, Map<String, String> aliases) {
     String what = aliases.size() == 1 ? "an alias" : String.format("%,d aliases", aliases.size());
     return Edit.restoring("Import " + what + " into " + table,
-        OutlineChange::aliasTables, context -> keep(context, table), context -> {
+        context -> keep(context, table), context -> {
           Outline outline = context.outline;
           if (!outline.aliasTables().names().contains(table)) {
             outline.aliasTables().create(table);

@@ -50,7 +50,7 @@ final class AliasTablesDialog {
   /** Shows the dialog until it is closed. */
   static void show(Component parent, Workspace workspace) {
     AliasTablesDialog dialog = new AliasTablesDialog(workspace);
-    Consumer<OutlineChange> listener = change -> dialog.read();
+    Consumer<Workspace> listener = change -> dialog.read();
     workspace.changed.hear(listener);
     Prompt.dialog(parent, TITLE, dialog.form, new JButton("Close")).setVisible(true);
     workspace.changed.forget(listener);

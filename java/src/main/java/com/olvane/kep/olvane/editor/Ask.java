@@ -24,15 +24,17 @@ final class Ask {
 
   /** Shows what failed. */
   static void say(Component parent, Exception failure) {
-    say(parent, failure.getMessage() == null ? failure.toString() : failure.getMessage());
+    say(parent, sentence(failure));
+  }
+
+  static String sentence(Exception failure) {
+    return failure.getMessage() == null ? failure.toString() : failure.getMessage();
   }
 
   /** Asks; gives the number of the answer, the first being the default, negative for none. */
   static int choose(Component parent, String question, Object... answers) {
     JOptionPane pane = new JOptionPane(question, JOptionPane.PLAIN_MESSAGE,
         JOptionPane.DEFAULT_OPTION, null, answers, answers[0]) {
-      private static final long serialVersionUID = 1;
-
       @Override
       public int getMaxCharactersPerLineCount() {
         return LINE;

@@ -8,9 +8,10 @@ final class AutoKeep {
   /** The pause is so many times as long as writing took. */
   private static final int PAUSE_BY_WRITING = 10;
 
+  private final int leastPause = Integer.getInteger("editor.pause", LEAST_PAUSE_MILLIS);
   private final Workspace workspace;
   private final EditorWindow window;
-  private final Timer pause = new Timer(leastPause(), event -> keep());
+  private final Timer pause = new Timer(leastPause, event -> keep());
   private boolean failed;
   /** What was typed into last. */
   private RowField typing;
@@ -33,17 +34,13 @@ final class AutoKeep {
     });
   }
 
-  private static int leastPause() {
-    return Integer.getInteger("editor.pause", LEAST_PAUSE_MILLIS);
-  }
-
   private void keep() {
     long start = System.nanoTime();
     Edit typed = typing == null ? null : workspace.preview(typing::offerTyped);
     workspace.keepAside(typed, failure -> {
       if (failure == null) {
         long millis = (System.nanoTime() - start) / 1_000_000;
-        pause.setInitialDelay((int) Math.max(leastPause(), PAUSE_BY_WRITING * millis));
+        pause.setInitialDelay((int) Math.max(leastPause, PAUSE_BY_WRITING * millis));
         failed = false;
       } else if (!failed) {
         failed = true;

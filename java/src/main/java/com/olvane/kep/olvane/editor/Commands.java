@@ -14,10 +14,8 @@ import javax.swing.KeyStroke;
 final class Commands {
   /** Something that can be done. */
   final class Command extends AbstractAction {
-    private static final long serialVersionUID = 1;
-
-    private final transient Runnable run;
-    private transient BooleanSupplier possible = () -> true;
+    private final Runnable run;
+    private BooleanSupplier possible = () -> true;
     private boolean forTree;
 
     private Command(String name, String keys, String description, Runnable run) {

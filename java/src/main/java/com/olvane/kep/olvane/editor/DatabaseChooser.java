@@ -2,9 +2,6 @@ package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.standin.StatusException;
 import com.olvane.kep.olvane.standin.StoredDatabase;
-import java.time.ZoneId;
-import java.time.format.DateTimeFormatter;
-import java.time.format.FormatStyle;
 import java.util.Collections;
 import java.util.List;
 import javax.swing.JButton;
@@ -19,10 +16,6 @@ import net.miginfocom.swing.MigLayout;
 
 /** The list of the store's databases, to open one or make a new one. */
 final class DatabaseChooser {
-  private static final DateTimeFormatter TIME =
-      DateTimeFormatter.ofLocalizedDateTime(FormatStyle.MEDIUM, FormatStyle.SHORT)
-          .withZone(ZoneId.systemDefault());
-
   private final Editor editor;
   private final JFrame frame = new JFrame(Ask.TITLE);
   private List<StoredDatabase> databases = Collections.emptyList();
@@ -30,7 +23,7 @@ final class DatabaseChooser {
       .column("Application", 130, StoredDatabase::application)
       .column("Database", 130, StoredDatabase::database)
       .column("Members", 90, one -> String.format("%,d", one.members()))
-      .column("Saved", 170, one -> one.size() == 0 ? "never" : TIME.format(one.saved()));
+      .column("Saved", 190, one -> one.size() == 0 ? "never" : Editor.time(one.saved()));
   private final JButton open = new JButton("Open");
 
   DatabaseChooser(Editor editor) {
@@ -89,12 +82,11 @@ final class DatabaseChooser {
   private void create() {
     DatabasePrompt prompt =
         new DatabasePrompt(listing, "New Database", "Create", databases, false);
-    if (!prompt.ask()) {
-      return;
-    }
     try {
-      editor.store.create(prompt.application(), prompt.database());
-      open(prompt.application(), prompt.database());
+      if (prompt.ask()) {
+        editor.store.create(prompt.application(), prompt.database());
+        open(prompt.application(), prompt.database());
+      }
     } catch (StatusException e) {
       Ask.say(frame, e);
     }

@@ -20,11 +20,6 @@ import java.util.function.Function;
 final class DimensionEdits {
   private DimensionEdits() {}
 
-  private static void dimensionsChanged(OutlineChange change) {
-    change.settings();
-    change.parents.add(OutlineChange.DIMENSIONS);
-  }
-
   /** Names a generation or level of a dimension; an empty name takes the name away. */
   static Edit name(Member dimension, boolean generation, int number, String name) {
     Ref ref = Ref.to(dimension);
@@ -32,29 +27,23 @@ final class DimensionEdits {
         ? context.outline.generations() : context.outline.levels();
     String what = (generation ? "generation " : "level ") + number + " of " + dimension.name();
     return Edit.set(name.isEmpty() ? "Remove the name of " + what : "Name " + what,
-        OutlineChange::settings,
-        context -> given(names.apply(context), context.member(ref), number),
+        context -> Parts.given(names.apply(context), context.member(ref)).getOrDefault(number, ""),
         (context, text) -> {
           NumberedNames all = names.apply(context);
           Member now = context.member(ref);
           if (!text.isEmpty()) {
             all.name(now, number, text);
-          } else if (!given(all, now, number).isEmpty()) {
+          } else if (Parts.given(all, now).containsKey(number)) {
             all.remove(now, number);
           }
         }, name);
-  }
-
-  /** The name that was given to a number; empty where none was. */
-  static String given(NumberedNames names, Member dimension, int number) {
-    return Parts.given(names, dimension).getOrDefault(number, "");
   }
 
   // ---- The kind of a dimension ----
 
   private static Edit kind(String title, Member dimension, BiConsumer<Outline, Member> change) {
     Ref ref = Ref.to(dimension);
-    return Edit.restoring(title, DimensionEdits::dimensionsChanged, context -> {
+    return Edit.restoring(title, context -> {
       Member before = context.member(ref, Details.NONE.place());
       Target place = Target.of(context, before);
       Parts parts = new Parts(context, before);
@@ -90,7 +79,6 @@ final class DimensionEdits {
         context.outline.attributes().dissociate(context.member(ref), context.member(other));
     return Edit.restoring(
         (associated ? "Associate " : "Dissociate ") + base.name() + " and " + attribute.name(),
-        DimensionEdits::dimensionsChanged,
         context -> associated ? dissociate
             : PlacedTexts.associations(context, context.member(ref)),
         associated ? context -> context.outline.attributes()
@@ -101,7 +89,7 @@ final class DimensionEdits {
 
   /** Takes down all time series, changes them, and takes that back: their order counts, too. */
   private static Edit series(String title, Consumer<Outline> change) {
-    return Edit.restoring(title, OutlineChange::settings, context -> {
+    return Edit.restoring(title, context -> {
       List<DynamicTimeSeries> before = context.outline.timeSeries().enabled();
       return again -> {
         Outline outline = again.outline;

@@ -87,15 +87,14 @@ final class Edit {
   /**
    * An edit that takes down a state, changes it, and takes it back by restoring the state.
    *
-   * @param what tells what is changed by it
    * @param keep takes the state down; what it gives restores it, wholly or half changed as it is
    */
-  static Edit restoring(String title, Consumer<OutlineChange> what,
-      Function<EditContext, Consumer<EditContext>> keep, Consumer<EditContext> change) {
-    return new Edit(title, restoring(what, keep, change));
+  static Edit restoring(String title, Function<EditContext, Consumer<EditContext>> keep,
+      Consumer<EditContext> change) {
+    return new Edit(title, restoring(keep, change));
   }
 
-  private static Step restoring(Consumer<OutlineChange> what,
+  private static Step restoring(
       Function<EditContext, Consumer<EditContext>> keep, Consumer<EditContext> change) {
     return context -> {
       Consumer<EditContext> restore = keep.apply(context);
@@ -104,19 +103,17 @@ final class Edit {
       } catch (RuntimeException e) {
         throw afterTakingBack(e, () -> restore.accept(context));
       }
-      what.accept(context.change);
       return again -> {
         restore.accept(again);
-        what.accept(again.change);
-        return restoring(what, keep, change);
+        return restoring(keep, change);
       };
     };
   }
 
   /** An edit that sets something to a value, and takes that back by setting what it was before. */
-  static <T> Edit set(String title, Consumer<OutlineChange> what, Function<EditContext, T> read,
+  static <T> Edit set(String title, Function<EditContext, T> read,
       BiConsumer<EditContext, T> write, T value) {
-    return restoring(title, what, context -> {
+    return restoring(title, context -> {
       T before = read.apply(context);
       return again -> write.accept(again, before);
     }, context -> write.accept(context, value));

@@ -3,15 +3,17 @@ package com.olvane.kep.olvane.editor;
 import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.Outline;
+import java.util.ArrayList;
 import java.util.HashMap;
 import java.util.HashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 import java.util.concurrent.CancellationException;
 
 /**
- * What edits work with: the outline, the table that keeps references right, and the list of what
- * changed. Used on the work thread only.
+ * What edits work with: the outline, the table that keeps references right, and what came of them.
+ * Used on the work thread only.
  */
 final class EditContext {
   /** Tells how far a long edit is, and whether it is to be given up. */
@@ -22,19 +24,28 @@ final class EditContext {
 
   private static final Progress NONE = (done, total) -> true;
 
+  /** Stands for the parent of the dimensions. */
+  static final int DIMENSIONS = 0;
+
   final Outline outline;
   private final Map<Integer, Set<Ref>> refs = new HashMap<>();
-  /** What has changed since {@link #begin}. */
-  OutlineChange change = new OutlineChange();
+  /** The members to be selected after the edits since {@link #begin}. */
+  final List<Ref> selection = new ArrayList<>();
+  /** How many members came since then, less those that went. */
+  long membersAdded;
+  /** What whoever made the last of them should know of; empty for nothing. */
+  String remark = "";
   private Progress progress = NONE;
 
   EditContext(Outline outline) {
     this.outline = outline;
   }
 
-  /** Begins to gather changes anew. */
+  /** Begins another edit. */
   void begin(Progress wanted) {
-    change = new OutlineChange();
+    selection.clear();
+    membersAdded = 0;
+    remark = "";
     progress = wanted;
   }
 

@@ -75,6 +75,12 @@ final class Editor {
     }, "store").start();
   }
 
+  /** A time as its reader's country writes it. */
+  static String time(Instant instant) {
+    return DateTimeFormatter.ofLocalizedDateTime(FormatStyle.MEDIUM)
+        .withZone(ZoneId.systemDefault()).format(instant);
+  }
+
   /** A window was closed. */
   void closed(EditorWindow window) {
     windows.remove(window);
@@ -123,11 +129,6 @@ final class Editor {
       return asked.get() < 0 ? "Cancel" : answers.get(asked.get());
     }
 
-    private String time(Instant instant) {
-      return DateTimeFormatter.ofLocalizedDateTime(FormatStyle.MEDIUM)
-          .withZone(ZoneId.systemDefault()).format(instant);
-    }
-
     private boolean offerWork(Outline outline, StoredDatabase found) throws Exception {
       Instant saved = workspace.stored().map(StoredDatabase::saved).orElse(Instant.MIN);
       boolean savedSince = saved.isAfter(found.saved());
@@ -151,10 +152,7 @@ final class Editor {
     }
 
     private boolean offerToRead(OutlineException failure) throws Exception {
-      String object =
-          workspace.application + "/" + workspace.database + "/" + workspace.database;
-      StoreLock lock = store.locks().stream().filter(one -> one.object().equals(object))
-          .findFirst().orElseThrow(() -> failure);
+      StoreLock lock = workspace.lock().orElseThrow(() -> failure);
       String answer = ask(workspace.name() + " is being edited by " + lock.user()
           + " since " + time(lock.since()) + "\n(process " + lock.process() + " on " + lock.host()
           + "). You can read what was saved last.", Arrays.asList("Open to Read", "Cancel"));

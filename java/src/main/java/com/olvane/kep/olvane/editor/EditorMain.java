@@ -51,10 +51,10 @@ public final class EditorMain implements Callable<Integer> {
     CommandLine command = new CommandLine(new EditorMain());
     command.getCommandSpec().version("kepotl " + NativeLibrary.version());
     command.setExecutionExceptionHandler((failure, failed, parsed) -> {
-      failed.getErr().println(sentence(failure));
+      failed.getErr().println(Ask.sentence(failure));
       if (hasDisplay()) {
         // Whoever started it from a menu does not see what is printed.
-        onEventThread(() -> Ask.choose(null, sentence(failure), "OK"));
+        onEventThread(() -> Ask.choose(null, Ask.sentence(failure), "OK"));
       }
       return 1;
     });
@@ -62,10 +62,6 @@ public final class EditorMain implements Callable<Integer> {
     if (code != 0 || command.isUsageHelpRequested() || command.isVersionHelpRequested()) {
       System.exit(code);
     }
-  }
-
-  private static String sentence(Throwable failure) {
-    return failure.getMessage() == null ? failure.toString() : failure.getMessage();
   }
 
   @Override

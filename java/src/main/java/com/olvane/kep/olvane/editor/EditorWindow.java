@@ -10,7 +10,6 @@ import java.awt.event.WindowEvent;
 import java.util.HashSet;
 import java.util.Set;
 import javax.swing.BorderFactory;
-import javax.swing.JComponent;
 import javax.swing.JFrame;
 import javax.swing.JMenu;
 import javax.swing.JPanel;
@@ -56,7 +55,7 @@ final class EditorWindow {
     });
     SearchTask search = new SearchTask(workspace);
     JPanel findings = Lists.findings(workspace);
-    workspace.verified.hear(found -> showPane(findings));
+    workspace.verified.hear(found -> tabs.setSelectedComponent(findings));
     WindowCommands files = new WindowCommands(this);
     workspace.failed.hear(failure -> {
       if (!Workspace.isLockGone(failure)) {
@@ -124,9 +123,9 @@ final class EditorWindow {
 
   /** Shows what failed, once: the same may come again while it is read. */
   private void say(Exception failure) {
-    String sentence = String.valueOf(failure.getMessage());
+    String sentence = Ask.sentence(failure);
     if (said.add(sentence)) {
-      Ask.say(frame, failure);
+      Ask.say(frame, sentence);
       said.remove(sentence);
     }
   }
@@ -138,11 +137,6 @@ final class EditorWindow {
 
   private void setTitle() {
     frame.setTitle((workspace.dirty() ? "* " : "") + workspace.name() + " \u2013 " + Ask.TITLE);
-  }
-
-  /** Shows a tab. */
-  void showPane(JComponent pane) {
-    tabs.setSelectedComponent(pane);
   }
 
   /** Shows a sentence in the status line for a while. */

@@ -71,8 +71,6 @@ final class Flat {
 
   /** A line around a field: the accent while it has the focus, of errors while it is refused. */
   static final class Border extends EmptyBorder {
-    private static final long serialVersionUID = 1;
-
     Border(int vertical, int horizontal) {
       super(vertical, horizontal, vertical, horizontal);
     }
@@ -214,8 +212,6 @@ final class Flat {
     @Override
     protected ComboPopup createPopup() {
       BasicComboPopup popup = new BasicComboPopup(comboBox) {
-        private static final long serialVersionUID = 1;
-
         @Override
         protected Rectangle computePopupBounds(int x, int y, int width, int height) {
           return super.computePopupBounds(

@@ -3,6 +3,7 @@ package com.olvane.kep.olvane.editor;
 import java.awt.Color;
 import java.awt.Font;
 import java.awt.Insets;
+import java.util.stream.IntStream;
 import java.awt.KeyboardFocusManager;
 import javax.swing.KeyStroke;
 import org.fife.ui.rsyntaxtextarea.AbstractTokenMakerFactory;
@@ -13,7 +14,6 @@ import org.fife.ui.rsyntaxtextarea.TokenMakerFactory;
 
 /** A formula, coloured, with names completed by Ctrl+Space. */
 final class FormulaArea extends RSyntaxTextArea {
-  private static final long serialVersionUID = 1;
   private static final String SYNTAX = "text/formula";
 
   static {
@@ -53,23 +53,15 @@ final class FormulaArea extends RSyntaxTextArea {
       return;
     }
     for (int type = 0; type < Token.DEFAULT_NUM_TOKEN_TYPES; type++) {
-      getSyntaxScheme().setStyle(type, new Style(colour(type, palette)));
+      colour(palette.text, type);
     }
+    colour(palette.accent, Token.FUNCTION, Token.RESERVED_WORD);
+    colour(palette.good, Token.LITERAL_STRING_DOUBLE_QUOTE);
+    colour(palette.warning, Token.LITERAL_NUMBER_DECIMAL_INT);
+    colour(palette.faint, Token.COMMENT_MULTILINE);
   }
 
-  private static Color colour(int type, Palette palette) {
-    switch (type) {
-      case Token.FUNCTION:
-      case Token.RESERVED_WORD:
-        return palette.accent;
-      case Token.LITERAL_STRING_DOUBLE_QUOTE:
-        return palette.good;
-      case Token.LITERAL_NUMBER_DECIMAL_INT:
-        return palette.warning;
-      case Token.COMMENT_MULTILINE:
-        return palette.faint;
-      default:
-        return palette.text;
-    }
+  private void colour(Color colour, int... types) {
+    IntStream.of(types).forEach(type -> getSyntaxScheme().setStyle(type, new Style(colour)));
   }
 }

@@ -46,8 +46,6 @@ final class Listen {
       JComponent component, String key, BooleanSupplier possible, Runnable action) {
     component.getInputMap().put(KeyStroke.getKeyStroke(key), key);
     component.getActionMap().put(key, new AbstractAction() {
-      private static final long serialVersionUID = 1;
-
       @Override
       public boolean isEnabled() {
         return possible.getAsBoolean();

@@ -1,8 +1,8 @@
 package com.olvane.kep.olvane.editor;
 
 import java.awt.BorderLayout;
+import java.awt.Dimension;
 import java.awt.KeyboardFocusManager;
-import java.awt.event.FocusAdapter;
 import java.awt.event.FocusEvent;
 import java.awt.event.MouseAdapter;
 import java.awt.event.MouseEvent;
@@ -16,17 +16,14 @@ import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import javax.swing.JTable;
 import javax.swing.ListSelectionModel;
+import javax.swing.SwingConstants;
 import javax.swing.table.AbstractTableModel;
 import javax.swing.table.TableColumn;
 
 /** A table of things to choose from by click or Enter, a column for each aspect of them. */
 final class Listing<T> extends JTable {
-  private static final long serialVersionUID = 1;
-
-  private final transient List<Function<T, String>> aspects = new ArrayList<>();
+  private final List<Function<T, String>> aspects = new ArrayList<>();
   private final AbstractTableModel rows = new AbstractTableModel() {
-    private static final long serialVersionUID = 1;
-
     @Override
     public int getRowCount() {
       return shown.size();
@@ -42,33 +39,34 @@ final class Listing<T> extends JTable {
       return aspects.get(column).apply(shown.get(row));
     }
   };
-  private transient List<T> shown = Collections.emptyList();
+  private List<T> shown = Collections.emptyList();
 
   /** Makes a table without columns; its name is for tests and assistive technology. */
   Listing(String name) {
     setAutoCreateColumnsFromModel(false);
     setModel(rows);
-    Theme.style(this);
+    setRowHeight(24);
+    setShowVerticalLines(false);
+    setIntercellSpacing(new Dimension(0, 1));
+    setFillsViewportHeight(true);
+    ((JLabel) getTableHeader().getDefaultRenderer())
+        .setHorizontalAlignment(SwingConstants.LEADING);
+    getTableHeader().setReorderingAllowed(false);
     setName(name);
     getAccessibleContext().setAccessibleName(name);
     setSelectionMode(ListSelectionModel.SINGLE_SELECTION);
     // Tab leaves the table, as there is nothing to edit in its cells.
     setFocusTraversalKeys(KeyboardFocusManager.FORWARD_TRAVERSAL_KEYS, null);
     setFocusTraversalKeys(KeyboardFocusManager.BACKWARD_TRAVERSAL_KEYS, null);
-    addFocusListener(new FocusAdapter() {
-      @Override
-      public void focusLost(FocusEvent event) {
-        showFocus();
-      }
+  }
 
-      @Override
-      public void focusGained(FocusEvent event) {
-        showFocus();
-        if (getSelectedRow() < 0 && getRowCount() > 0) {
-          choose(0);
-        }
-      }
-    });
+  @Override
+  protected void processFocusEvent(FocusEvent event) {
+    super.processFocusEvent(event);
+    showFocus();
+    if (isFocusOwner() && getSelectedRow() < 0 && getRowCount() > 0) {
+      choose(0);
+    }
   }
 
   @Override

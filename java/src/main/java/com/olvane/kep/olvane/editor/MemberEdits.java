@@ -1,5 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
+import com.olvane.kep.olvane.defs.outline.HoldingBean;
 import com.olvane.kep.olvane.outline.Changes;
 import com.olvane.kep.olvane.outline.CopyRun;
 import com.olvane.kep.olvane.outline.Details;
@@ -9,6 +10,7 @@ import com.olvane.kep.olvane.outline.NewMember;
 import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Place;
+import com.olvane.kep.olvane.outline.Share;
 import com.olvane.kep.olvane.outline.Status;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -27,6 +29,9 @@ import java.util.stream.Stream;
 final class MemberEdits {
   private static final Details PLACE = Details.NONE.place();
 
+  /** Bytes of a member's name that an outline keeps. */
+  private static final int NAME_LIMIT = 80;
+
   private MemberEdits() {}
 
   /** "Delete Cola", "Delete 3 members". */
@@ -40,14 +45,11 @@ final class MemberEdits {
         members.stream().map(Ref::to).map(step).collect(Collectors.toList())));
   }
 
-  /** Members came below a parent, or went with a negative number; one is to be selected. */
-  private static void tell(EditContext context, int parent, long count, Ref selected) {
-    OutlineChange change = context.change;
-    change.membersAdded += count;
-    change.parents.add(parent);
-    change.settingsChanged |= parent == OutlineChange.DIMENSIONS;
+  /** Members came, or went with a negative number; one, or null for none, is to be selected. */
+  private static void tell(EditContext context, long count, Ref selected) {
+    context.membersAdded += count;
     if (selected != null) {
-      change.selection.add(selected);
+      context.selection.add(selected);
     }
   }
 
@@ -70,11 +72,10 @@ final class MemberEdits {
     return new Edit(() -> "Create " + name, context -> {
       Outline outline = context.outline;
       name.set(free(outline, proposed));
-      int parent = target.parent(context);
       Ref made = Ref.toCome();
       context.bind(made, outline.build(target.place(context),
           Collections.singletonList(new NewMember(name.get())))[0]);
-      tell(context, parent, 1, made);
+      tell(context, 1, made);
       return delete(made, null);
     });
   }
@@ -82,8 +83,12 @@ final class MemberEdits {
   /** A name that no member has: one that is proposed, or that with a number behind it. */
   private static String free(Outline outline, String proposed) {
     String name = proposed;
+    String begin = proposed;
     for (int number = 2; outline.find(name).isPresent(); number++) {
-      name = proposed + " " + number;
+      while (HoldingBean.encodedLength(begin + " " + number) > NAME_LIMIT) {
+        begin = begin.substring(0, begin.offsetByCodePoints(begin.length(), -1));
+      }
+      name = begin + " " + number;
     }
     return name;
   }
@@ -101,7 +106,7 @@ final class MemberEdits {
       Snapshot snapshot = new Snapshot(context, now);
       context.outline.delete(now);
       snapshot.unbind(context);
-      tell(context, now.parentHandle(), -snapshot.size(),
+      tell(context, -snapshot.size(),
           selected == null ? Ref.toHandle(now.parentHandle()) : selected);
       return bringBack(member, origin, snapshot, selected);
     };
@@ -109,9 +114,8 @@ final class MemberEdits {
 
   private static Edit.Step bringBack(Ref member, Target origin, Snapshot snapshot, Ref selected) {
     return context -> {
-      int parent = origin.parent(context);
       snapshot.restore(context, origin);
-      tell(context, parent, snapshot.size(), member);
+      tell(context, snapshot.size(), member);
       return delete(member, selected);
     };
   }
@@ -141,7 +145,7 @@ final class MemberEdits {
     return new Edit(() -> title(verb, members) + where, context -> {
       int parent = first.parent(context);
       boolean within = context.member(members.get(0).handle(), PLACE).parentHandle() == parent;
-      where.set(parent == OutlineChange.DIMENSIONS ? ""
+      where.set(parent == EditContext.DIMENSIONS ? ""
           : (within ? " within " : " to ") + context.member(parent, Details.NONE).name());
       return Edit.all(steps).run(context);
     });
@@ -152,15 +156,13 @@ final class MemberEdits {
       Member now = context.member(member, PLACE);
       Target origin = Target.of(context, now);
       int parent = target.parent(context);
-      boolean leaves = parent != OutlineChange.DIMENSIONS
+      boolean leaves = parent != EditContext.DIMENSIONS
           && context.member(parent, Details.NONE).dimensionHandle() != now.dimensionHandle();
       Consumer<EditContext> back =
           leaves ? PlacedTexts.associations(context, now) : again -> {};
       context.outline.move(now, target.place(context));
       associate.accept(context);
-      context.change.parents.add(now.parentHandle());
-      context.change.parents.add(parent);
-      context.change.selection.add(member);
+      context.selection.add(member);
       return move(member, origin, back);
     };
   }
@@ -176,13 +178,13 @@ final class MemberEdits {
         while (run.next()) {
           context.progress(run.copied(), total);
         }
-        nameApart(context.outline, run.result());
+        nameApart(context, run.result());
       } catch (RuntimeException e) {
         run.cancel();
         throw e;
       }
       context.bind(copy, run.result().handle());
-      tell(context, parent, total, copy);
+      tell(context, total, copy);
       return delete(copy, source);
     };
   }
@@ -200,17 +202,20 @@ final class MemberEdits {
   }
 
   /** Gives a copy that came beside a member of its name another one. */
-  private static void nameApart(Outline outline, Member copy) {
-    if (hasNamesake(outline, copy)) {
-      outline.rename(copy, free(outline, copy.name()));
+  private static void nameApart(EditContext context, Member copy) {
+    if (hasNamesake(context.outline, copy)) {
+      String name = free(context.outline, copy.name());
+      context.outline.rename(copy, name);
+      context.remark =
+          "There is a " + copy.name() + " already; the copy is called " + name + ".";
     }
   }
 
   /** Whether a member has a sibling of its name. */
-  static boolean hasNamesake(Outline outline, Member member) {
+  private static boolean hasNamesake(Outline outline, Member member) {
     Member now = outline.read(member, PLACE);
     int parent = now.parentHandle();
-    try (Stream<Member> siblings = parent == OutlineChange.DIMENSIONS
+    try (Stream<Member> siblings = parent == EditContext.DIMENSIONS
         ? outline.dimensions().stream()
         : outline.children(outline.read(new int[] {parent}, Details.NONE).get(0), Details.NONE)) {
       return siblings.filter(one -> one.name().equals(now.name())).count() > 1;
@@ -242,7 +247,6 @@ final class MemberEdits {
       int[] after = children(context, ref);
       Map<Integer, Integer> places = new HashMap<>();
       IntStream.range(0, after.length).forEach(place -> places.put(after[place], place));
-      context.change.parents.add(context.handle(ref));
       return arrange(ref, IntStream.of(before).map(places::get).toArray());
     });
   }
@@ -275,7 +279,6 @@ final class MemberEdits {
         context.outline.move(context.member(child), target.place(context));
         target = Target.before(child);
       }
-      context.change.parents.add(context.handle(parent));
       return arrange(parent, back);
     };
   }
@@ -291,18 +294,15 @@ final class MemberEdits {
   private static Edit.Step rename(Ref member, String name, boolean select) {
     return context -> {
       Member before = context.member(member);
+      boolean taken = before.share() != Share.SHARED && context.outline.find(name)
+          .filter(other -> other.handle() != before.handle()).isPresent();
       context.outline.rename(before, name);
-      context.change.members.add(before.handle());
+      context.remark = taken ? "There is another member called " + name + "." : "";
       if (select) {
-        context.change.selection.add(member);
+        context.selection.add(member);
       }
       return rename(member, before.name(), true);
     };
-  }
-
-  /** Changes details of members. */
-  static Edit change(List<Member> members, Changes changes) {
-    return change(title("Change", members), members, member -> changes);
   }
 
   /**
@@ -326,7 +326,6 @@ final class MemberEdits {
         outline.change(half, MemberParts.difference(half, before));
         throw e;
       }
-      context.change.members.add(before.handle());
       Changes back = MemberParts.difference(now, before);
       return change(member, again -> back);
     };

@@ -21,8 +21,6 @@ import javax.swing.tree.TreeCellRenderer;
  * number of children.
  */
 final class MemberRenderer extends JPanel implements TreeCellRenderer {
-  private static final long serialVersionUID = 1;
-
   private final OutlineTree tree;
 
   MemberRenderer(OutlineTree tree) {

@@ -21,16 +21,14 @@ import javax.swing.TransferHandler;
  * go below it or between two to go there. Other programs get their names, one a line.
  */
 final class MemberTransfer extends TransferHandler implements ClipboardOwner {
-  private static final long serialVersionUID = 1;
-
   private final OutlineTree tree;
-  private final transient Workspace workspace;
-  private transient List<Member> dragged = Collections.emptyList();
-  private transient List<Member> onClipboard = Collections.emptyList();
+  private final Workspace workspace;
+  private List<Member> dragged = Collections.emptyList();
+  private List<Member> onClipboard = Collections.emptyList();
   private boolean cut;
 
   /** The dimension that members go below which are over the gap behind it; null for none. */
-  transient MemberNode box;
+  MemberNode box;
 
   MemberTransfer(OutlineTree tree, Workspace workspace) {
     this.tree = tree;
@@ -87,7 +85,7 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
     if (cut) {
       workspace.edit(MemberEdits.move(onClipboard, target), () -> hold(onClipboard, false));
     } else if (!onClipboard.isEmpty()) {
-      copy(onClipboard, target);
+      workspace.edit(MemberEdits.copy(onClipboard, target));
     }
     return !onClipboard.isEmpty();
   }
@@ -125,21 +123,11 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
   public boolean importData(TransferSupport support) {
     Target target = target(support);
     if (support.getDropAction() == COPY) {
-      copy(dragged, target);
+      workspace.edit(MemberEdits.copy(dragged, target));
     } else {
       workspace.edit(MemberEdits.move(dragged, target));
     }
     return true;
-  }
-
-  private void copy(List<Member> members, Target target) {
-    String name = members.get(0).name();
-    workspace.edit(MemberEdits.copy(members, target), () -> {
-      String made = workspace.selection().get(0).name();
-      if (!made.equals(name)) {
-        tree.complaint.accept("There is a " + name + " already; the copy is called " + made + ".");
-      }
-    });
   }
 
   /** Where members go that are dropped; null where none can go. */

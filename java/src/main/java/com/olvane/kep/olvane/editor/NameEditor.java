@@ -13,14 +13,13 @@ import javax.swing.undo.UndoManager;
 
 /** Edits a member's name in the tree; one that is not allowed is marked while it is typed. */
 final class NameEditor extends DefaultCellEditor {
-  private static final long serialVersionUID = 1;
   private static final int MIN_WIDTH = 320;
 
   private final OutlineTree tree;
   private final JTextField field = (JTextField) editorComponent;
   /** Whether the name was to be taken and was not. */
   private boolean refused;
-  private final transient UndoManager typed = Listen.undo(field);
+  private final UndoManager typed = Listen.undo(field);
 
   NameEditor(OutlineTree tree) {
     super(new JTextField());

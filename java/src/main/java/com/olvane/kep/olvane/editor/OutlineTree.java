@@ -33,28 +33,25 @@ import javax.swing.tree.TreeSelectionModel;
  * selected here; edits keep what is expanded and selected.
  */
 final class OutlineTree extends JTree {
-  private static final long serialVersionUID = 1;
   /** More members than these are not selected at once. */
   static final int SELECTABLE = 10_000;
-  /** More than these are not selected any more after an edit. */
-  private static final int KEPT_SELECTED = 1000;
 
-  private final transient Workspace workspace;
-  final transient PagedTreeModel model;
-  final transient MemberTransfer transfer;
+  private final Workspace workspace;
+  final PagedTreeModel model;
+  final MemberTransfer transfer;
   /** Above 0 while the tree itself changes what is expanded or selected. */
   private int adjusting;
   /** Whether some of what the user has selected is still to be read. */
   boolean unreadSelected;
   private String aliasTable;
   /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
-  transient Consumer<String> complaint = sentence -> {};
+  Consumer<String> complaint = sentence -> {};
   /** Hears of letters that are typed on the tree. */
-  transient Consumer<Character> typed = letter -> {};
+  Consumer<Character> typed = letter -> {};
   /** Hears of names that were typed for members. */
-  transient BiConsumer<Member, String> renamed = (member, name) -> {};
+  BiConsumer<Member, String> renamed = (member, name) -> {};
   /** Hears of a name that was given up with Escape. */
-  transient Runnable cancelled = () -> {};
+  Runnable cancelled = () -> {};
 
   OutlineTree(Workspace workspace) {
     this.workspace = workspace;
@@ -75,7 +72,7 @@ final class OutlineTree extends JTree {
     setInvokesStopCellEditing(true);
     ToolTipManager.sharedInstance().registerComponent(this);
     addTreeSelectionListener(event -> selectionChanged());
-    workspace.changed.hear(this::changed);
+    workspace.changed.hear(change -> refresh());
     workspace.selected.hear(this::show);
     setDragEnabled(true);
     setDropMode(DropMode.ON_OR_INSERT);
@@ -237,28 +234,11 @@ final class OutlineTree extends JTree {
 
   // ---- Edits ----
 
-  private void changed(OutlineChange change) {
-    if (change.detailsChanged
-        || change.parents.stream().anyMatch(handle -> model.node(handle) != null)) {
-      refresh();
-      return;
-    }
-    List<Integer> known = change.members.stream()
-        .filter(handle -> model.node(handle) != null).collect(Collectors.toList());
-    Details details = model.details;
-    workspace.read(() -> new PagedTreeModel.Reading(workspace.outline, details, known), read -> {
-      read.update(model);
-      repaint();
-    });
-  }
-
   /** Reads all that is in view, expanded or selected anew, wherever it stands now. */
   private void refresh() {
     Set<Integer> open = expandedHandles();
     Set<Integer> keep = new HashSet<>(open);
-    if (getSelectionCount() <= KEPT_SELECTED) {
-      keep.addAll(selectedHandles());
-    }
+    keep.addAll(selectedHandles());
     Map<Integer, Set<Integer>> inView = pagesInView();
     Details details = model.details;
     workspace.read(() -> new PagedTreeModel.Reading(workspace.outline, details, keep)

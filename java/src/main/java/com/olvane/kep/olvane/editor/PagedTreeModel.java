@@ -37,7 +37,8 @@ final class PagedTreeModel implements TreeModel {
   private final OutlineTree tree;
   private final Workspace workspace;
   private final MemberNode root = new MemberNode(null, 0);
-  private final Map<Integer, MemberNode> byHandle = new HashMap<>();
+  /** All nodes whose members were read. */
+  final Map<Integer, MemberNode> byHandle = new HashMap<>();
   /** The pages by how long ago they were used. */
   private final Set<MemberNode.Page> used = new LinkedHashSet<>();
   private final Deque<MemberNode.Page> waiting = new ArrayDeque<>();
@@ -55,12 +56,7 @@ final class PagedTreeModel implements TreeModel {
 
   /** The node of a member that is there, or null. */
   MemberNode node(int handle) {
-    return handle == OutlineChange.DIMENSIONS ? root : byHandle.get(handle);
-  }
-
-  /** All nodes whose members were read. */
-  List<MemberNode> nodes() {
-    return new ArrayList<>(byHandle.values());
+    return handle == EditContext.DIMENSIONS ? root : byHandle.get(handle);
   }
 
   // ---- The tree's questions ----
@@ -134,11 +130,9 @@ final class PagedTreeModel implements TreeModel {
 
   private void readNext() {
     underWay = waiting.poll();
-    if (underWay == null) {
-      return;
+    if (underWay != null) {
+      read(Collections.singletonList(underWay), this::readNext);
     }
-    MemberNode.Page page = underWay;
-    read(Collections.singletonList(page), this::readNext);
   }
 
   /** Reads the members of nodes that have none yet. */
@@ -314,16 +308,6 @@ final class PagedTreeModel implements TreeModel {
         }
       }
       return node;
-    }
-
-    /** Gives nodes that are there their members as they are now; their children stay. */
-    void update(PagedTreeModel model) {
-      for (Integer handle : wanted) {
-        MemberNode node = model.node(handle);
-        if (node != null && members.containsKey(handle)) {
-          node.member = members.get(handle);
-        }
-      }
     }
 
     /** Puts everything that was read into a model in place of what it has. */

@@ -27,14 +27,13 @@ import net.miginfocom.swing.MigLayout;
  * the picture is seen.
  */
 final class PicturePane extends JPanel {
-  private static final long serialVersionUID = 1;
   private static final int STEP = 20_000;
   private static final int MOST_COLUMNS = 12;
   private static final int MOST_IN_LEGEND = 8;
   private static final String GENERATION = "Generation";
   private static final String FINDING = "Finding";
 
-  private final transient Workspace workspace;
+  private final Workspace workspace;
   private final PictureView view = new PictureView();
   private final JComboBox<String> size = new JComboBox<>(new String[] {"Members", "Leaves"});
   private final JComboBox<String> colour = new JComboBox<>(new String[] {GENERATION, FINDING});
@@ -43,7 +42,7 @@ final class PicturePane extends JPanel {
   private final Timer pause = new Timer(400, event -> read());
   private boolean stale = true;
   /** What is to be seen once it is laid out; the view has what is seen now. */
-  private transient Picture picture = view.picture;
+  private Picture picture = view.picture;
   private int root = -1;
   private int asked;
   private int laidOut;

@@ -22,14 +22,13 @@ import javax.swing.JPanel;
 
 /** Draws a picture, on the screen and into files. */
 final class PictureView extends JPanel {
-  private static final long serialVersionUID = 1;
   private static final int LABEL_HEIGHT = 14;
 
-  transient Picture picture = new Picture(null);
+  Picture picture = new Picture(null);
   /** The member whose subtree is shown, -1 for the whole outline; and the one that is marked. */
   int root = -1;
   int selected = -1;
-  private transient List<Picture.Block> blocks = Collections.emptyList();
+  private List<Picture.Block> blocks = Collections.emptyList();
   private int columns = 1;
 
   PictureView() {

@@ -106,7 +106,6 @@ final class PlacedTexts {
       } else {
         outline.change(member, new Changes().attribute(name));
       }
-      again.change.members.add(member.handle());
     });
   }
 }

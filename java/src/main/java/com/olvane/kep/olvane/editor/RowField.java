@@ -32,7 +32,7 @@ final class RowField {
   /** Where the value is typed or chosen: one of them, the other is null. */
   private final JTextComponent text;
   private final JComboBox<String> box;
-  private UndoManager typed;
+  private UndoManager typed = new UndoManager();
   private Row row;
   private List<String> choices;
   /** What was given to the outline last. */
@@ -64,7 +64,7 @@ final class RowField {
     text.setEditable(editable);
     typed = Listen.undo(text);
     Listen.onChange(text, () -> {
-      markRefused(text, complaint, isTyped() ? row().refusal.apply(get()) : null);
+      markRefused(text, complaint, isTyped() ? this.row.refusal.apply(get()) : null);
       typing.accept(this);
     });
     Listen.onKey(text, "ESCAPE", this::giveUp);
@@ -73,7 +73,6 @@ final class RowField {
 
   /** A choice; letters go to one of its words, which is taken as a text that was typed is. */
   private final class Box extends JComboBox<String> {
-    private static final long serialVersionUID = 1;
     private boolean byLetter;
 
     Box() {
@@ -105,10 +104,6 @@ final class RowField {
       }
       super.processKeyEvent(event);
     }
-  }
-
-  private Row row() {
-    return row;
   }
 
   private boolean isLine() {
@@ -165,13 +160,7 @@ final class RowField {
       text.setText(value);
       text.setCaretPosition(0);
     }
-    forgetTyping();
-  }
-
-  private void forgetTyping() {
-    if (typed != null) {
-      typed.discardAllEdits();
-    }
+    typed.discardAllEdits();
   }
 
   /**
@@ -226,7 +215,7 @@ final class RowField {
   void flush() {
     if (fits()) {
       committed = get();
-      forgetTyping();
+      typed.discardAllEdits();
       row.set.accept(committed);
     }
   }

@@ -12,6 +12,7 @@ import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Optional;
+import java.util.function.BiFunction;
 import java.util.stream.Collectors;
 import javax.swing.JLabel;
 import javax.swing.JPanel;
@@ -24,8 +25,6 @@ import net.miginfocom.swing.MigLayout;
  * settings. It is read, while the pane is seen, whenever the selection changes or an edit was made.
  */
 final class RowsPane extends JPanel {
-  private static final long serialVersionUID = 1;
-
   /** Where rows stand in a pane. */
   enum Place {
     LEFT(""), RIGHT(""), BELOW(", newline, span, growx"), ALONE(", span, wmax 560");
@@ -65,26 +64,22 @@ final class RowsPane extends JPanel {
     }
   }
 
-  /** Reads what is shown, on the work thread. */
-  interface Source {
-    Contents read(Workspace workspace, List<Member> selected);
-  }
-
-  private final transient Workspace workspace;
-  private final transient Source source;
+  private final Workspace workspace;
+  private final BiFunction<Workspace, List<Member>, Contents> source;
   private final JLabel title = new JLabel();
   private final JLabel remark = new JLabel();
   private final JPanel form = new JPanel(new MigLayout("insets 12, fillx, hidemode 3, gapy 6",
       "[grow 50,fill,:160:]20[grow 50,fill,:160:]"));
-  private final transient Map<String, RowField> fields = new HashMap<>();
-  private transient List<String> layout;
-  private transient Object subject;
+  private final Map<String, RowField> fields = new HashMap<>();
+  private List<String> layout;
+  private Object subject;
   /** The members that were selected for what is shown. */
-  private transient List<Member> shown = Collections.emptyList();
+  private List<Member> shown = Collections.emptyList();
   private boolean asking;
   private int asked;
 
-  RowsPane(Workspace workspace, Source source) {
+  /** Makes a pane of what {@code source} reads, on the work thread, of the selected members. */
+  RowsPane(Workspace workspace, BiFunction<Workspace, List<Member>, Contents> source) {
     super(new BorderLayout());
     this.workspace = workspace;
     this.source = source;
@@ -102,7 +97,7 @@ final class RowsPane extends JPanel {
   private void selected(List<Member> members) {
     int number = ++asked;
     if (isShowing()) {
-      workspace.read(() -> source.read(workspace, members), contents -> {
+      workspace.read(() -> source.apply(workspace, members), contents -> {
         if (number == asked && !asking) {
           show(contents, members);
         }

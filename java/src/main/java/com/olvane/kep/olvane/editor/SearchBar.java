@@ -25,8 +25,6 @@ final class SearchBar {
   private final EditorWindow window;
   private final SearchTask search;
   private final JTextField field = new JTextField() {
-    private static final long serialVersionUID = 1;
-
     @Override
     protected void paintComponent(Graphics g) {
       super.paintComponent(g);

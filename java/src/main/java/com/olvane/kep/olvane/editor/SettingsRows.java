@@ -32,7 +32,7 @@ final class SettingsRows {
     }
 
     Edit edit(String value) {
-      return Edit.set("Set '" + label + "' to " + value, OutlineChange::settings,
+      return Edit.set("Set '" + label + "' to " + value,
           context -> read.apply(context.outline),
           (context, text) -> set.accept(context.outline, text), value);
     }

@@ -1,7 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.standin.StatusException;
-import com.olvane.kep.olvane.standin.StoreLock;
 import java.text.NumberFormat;
 import javax.swing.JButton;
 import javax.swing.JComponent;
@@ -13,11 +12,10 @@ import net.miginfocom.swing.MigLayout;
 
 /** The line below: messages, what is being done, and the state of the outline. */
 final class StatusLine extends JPanel {
-  private static final long serialVersionUID = 1;
   private static final int MESSAGE_MILLIS = 8000;
   private static final int PATIENCE_MILLIS = 300;
 
-  private final transient Workspace workspace;
+  private final Workspace workspace;
   private final JLabel message = add("message", new JLabel(" "), "wmin 0");
   private final JProgressBar bar = add("progress", new JProgressBar(), "w 140!");
   private final JButton cancel = add("cancel", new JButton("Cancel"), "h 22!");
@@ -28,7 +26,7 @@ final class StatusLine extends JPanel {
   private final Timer forget = new Timer(MESSAGE_MILLIS, event -> message.setText(" "));
   private final Timer watch = new Timer(100, event -> watchWork());
   private long since;
-  private transient Busy busy;
+  private Busy busy;
 
   StatusLine(Workspace workspace) {
     super(new MigLayout("insets 1 8 1 8, hidemode 3", "[grow]12[]12[]12[]12[]", "[24!]"));
@@ -51,6 +49,7 @@ final class StatusLine extends JPanel {
       }
     });
     workspace.failed.hear(failure -> showLock());
+    workspace.remarked.hear(this::say);
     Listen.onShowing(this, seen -> {
       if (seen) {
         measure.start();
@@ -126,12 +125,9 @@ final class StatusLine extends JPanel {
   }
 
   private void showLock() {
-    String object =
-        workspace.application + "/" + workspace.database + "/" + workspace.database;
     workspace.read(() -> {
       try {
-        return workspace.store.locks().stream().filter(one -> one.object().equals(object))
-            .map(StoreLock::user).findFirst().map(one -> "Locked by " + one).orElse("Not locked");
+        return workspace.lock().map(one -> "Locked by " + one.user()).orElse("Not locked");
       } catch (StatusException | IllegalStateException e) {
         return "Lock not known";
       }

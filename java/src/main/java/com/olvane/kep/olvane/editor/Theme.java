@@ -1,15 +1,11 @@
 package com.olvane.kep.olvane.editor;
 
 import java.awt.Color;
-import java.awt.Dimension;
 import java.awt.Graphics;
 import java.awt.Graphics2D;
 import java.awt.RenderingHints;
 import java.awt.Window;
 import javax.swing.BorderFactory;
-import javax.swing.JLabel;
-import javax.swing.JTable;
-import javax.swing.SwingConstants;
 import javax.swing.SwingUtilities;
 import javax.swing.UIDefaults;
 import javax.swing.UIManager;
@@ -74,17 +70,6 @@ final class Theme {
   /** {@return an empty border of so many pixels} */
   static Border space(int vertical, int horizontal) {
     return BorderFactory.createEmptyBorder(vertical, horizontal, vertical, horizontal);
-  }
-
-  /** Gives a table rows with room, headings at the start and no lines between columns. */
-  static void style(JTable table) {
-    table.setRowHeight(24);
-    table.setShowVerticalLines(false);
-    table.setIntercellSpacing(new Dimension(0, 1));
-    table.setFillsViewportHeight(true);
-    ((JLabel) table.getTableHeader().getDefaultRenderer())
-        .setHorizontalAlignment(SwingConstants.LEADING);
-    table.getTableHeader().setReorderingAllowed(false);
   }
 
   /** Puts a value in the place of each key of each control, both lists of words. */

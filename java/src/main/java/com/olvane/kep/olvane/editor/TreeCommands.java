@@ -131,11 +131,6 @@ final class TreeCommands {
       workspace.edit(edit);
     }
     naming = null;
-    workspace.read(() -> MemberEdits.hasNamesake(workspace.outline, member), shared -> {
-      if (shared) {
-        window.status("There is another " + name + " beside this one.");
-      }
-    });
   }
 
   /** A member whose name was given up is not to be. */
@@ -186,7 +181,7 @@ final class TreeCommands {
   private static Ref next(Outline outline, List<Member> members) {
     Member last = outline.read(members.get(members.size() - 1), PLACE);
     long next = outline.position(last) + 1;
-    List<Member> found = last.parentHandle() == OutlineChange.DIMENSIONS
+    List<Member> found = last.parentHandle() == EditContext.DIMENSIONS
         ? outline.dimensions().stream().skip(next).collect(Collectors.toList())
         : outline.page(outline.read(new int[] {last.parentHandle()}, Details.NONE).get(0),
             next, 1, Details.NONE).members();

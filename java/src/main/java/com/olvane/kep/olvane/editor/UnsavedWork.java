@@ -24,13 +24,10 @@ final class UnsavedWork {
 
   /** Work that was kept and is still there; null when there is none. */
   StoredDatabase found() {
-    for (StoredDatabase one : store.localObjects().list()) {
-      if (one.database().equals(object)) {
-        kept = true;
-        return one;
-      }
-    }
-    return null;
+    StoredDatabase found = store.localObjects().list().stream()
+        .filter(one -> one.database().equals(object)).findFirst().orElse(null);
+    kept = found != null;
+    return found;
   }
 
   /** Opens the work that was found. */

@@ -86,11 +86,7 @@ final class WindowCommands {
     view.addSeparator();
     view.add(aliases);
     view.add(themes());
-    workspace.changed.hear(change -> {
-      if (change.aliasTablesChanged) {
-        listAliasTables();
-      }
-    });
+    workspace.changed.hear(change -> listAliasTables());
     listAliasTables();
   }
 

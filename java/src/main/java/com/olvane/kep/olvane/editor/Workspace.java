@@ -7,6 +7,7 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.OutlineException;
 import com.olvane.kep.olvane.outline.Status;
 import com.olvane.kep.olvane.outline.Store;
+import com.olvane.kep.olvane.standin.StoreLock;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.util.ArrayList;
 import java.util.Collections;
@@ -27,13 +28,15 @@ final class Workspace {
   /** The outline was opened, or, with false, not: nothing will come of this. */
   final Event<Boolean> opened = new Event<>();
   /** The outline was edited, or an edit undone. Members that are shown are out of date. */
-  final Event<OutlineChange> changed = new Event<>();
+  final Event<Workspace> changed = new Event<>();
   /** Other members are selected, or the same ones with other details. */
   final Event<List<Member>> selected = new Event<>();
   /** Something that takes time began, or, with null, ended. */
   final Event<Busy> busy = new Event<>();
   /** Something failed; the failure has the sentence. */
   final Event<Exception> failed = new Event<>();
+  /** An edit was made, and there is a sentence to be said about it. */
+  final Event<String> remarked = new Event<>();
   /** The outline was verified. */
   final Event<List<Finding>> verified = new Event<>();
   /** A text is being typed that is no edit yet. */
@@ -231,13 +234,16 @@ final class Workspace {
       try {
         task.run();
       } finally {
-        OutlineChange change = context.change;
-        members += change.membersAdded;
-        List<Member> after = selectionAfter(change);
+        members += context.membersAdded;
+        List<Member> after = selectionAfter();
+        String remark = context.remark;
         SwingUtilities.invokeLater(() -> {
-          changed.tell(change);
+          changed.tell(this);
           select(after);
           historyChanged.tell(history);
+          if (!remark.isEmpty()) {
+            remarked.tell(remark);
+          }
         });
       }
       SwingUtilities.invokeLater(then);
@@ -245,10 +251,10 @@ final class Workspace {
   }
 
   /** What is selected after an edit: what it names, else what was and still is there. */
-  private List<Member> selectionAfter(OutlineChange change) {
+  private List<Member> selectionAfter() {
     List<Member> after = new ArrayList<>();
     // Each once: members that went may have had the same parent.
-    change.selection.stream().mapToInt(ref -> ref.handle).distinct().filter(handle -> handle != 0)
+    context.selection.stream().mapToInt(ref -> ref.handle).distinct().filter(handle -> handle != 0)
         .forEach(handle -> after.add(context.member(handle, Details.NONE)));
     if (after.isEmpty()) {
       selection.forEach(member -> after.addAll(readIfThere(member.handle(), Details.NONE)));
@@ -315,6 +321,12 @@ final class Workspace {
 
   private String readStored() {
     return stored().map(one -> one.saved() + " " + one.size() + " " + one.members()).orElse("");
+  }
+
+  /** Who edits the outline, if anybody does. */
+  Optional<StoreLock> lock() {
+    String object = application + "/" + database + "/" + database;
+    return store.locks().stream().filter(one -> one.object().equals(object)).findFirst();
   }
 
   /** What the store knows of the database. */
