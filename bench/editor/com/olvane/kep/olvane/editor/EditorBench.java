@@ -25,6 +25,7 @@ import java.util.concurrent.Callable;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.FutureTask;
 import java.util.stream.IntStream;
+import javax.swing.JTabbedPane;
 import javax.swing.SwingUtilities;
 import javax.swing.tree.TreePath;
 
@@ -78,6 +79,10 @@ public final class EditorBench {
     Path folder = Files.createTempDirectory("bench");
     try (Store store = Store.open(folder.toString(), "bench")) {
       new EditorBench(store, size, turns).run();
+    } catch (Exception | Error e) {
+      // A window that is left would keep the program.
+      e.printStackTrace();
+      System.exit(1);
     } finally {
       delete(folder);
     }
@@ -143,7 +148,7 @@ public final class EditorBench {
     PictureView view = find(pane, PictureView.class);
     double[] read = {millis(() -> {
       onEventThread(() -> {
-        window.showPane(pane);
+        find(window.frame, JTabbedPane.class).setSelectedComponent(pane);
         return null;
       });
       await(() -> view.picture.count == size + 1);

@@ -6,17 +6,13 @@ final class Busy {
   final String title;
   /** Whether {@link #cancel} has an effect. */
   final boolean canCancel;
-  private volatile double share = -1;
+  /** How much is done, from 0 to 1; negative where nobody knows. */
+  volatile double share = -1;
   private volatile boolean cancelled;
 
   Busy(String title, boolean canCancel) {
     this.title = title;
     this.canCancel = canCancel;
-  }
-
-  /** How much is done, from 0 to 1; negative where nobody knows. */
-  double share() {
-    return share;
   }
 
   /** Asks for it to be given up; nothing of it stays. */

@@ -13,6 +13,7 @@ import java.time.format.FormatStyle;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.Optional;
 import java.util.concurrent.Callable;
 import java.util.concurrent.FutureTask;
 import java.util.function.Consumer;
@@ -57,6 +58,8 @@ final class Editor {
       if (there) {
         windows.add(window);
         window.show();
+      } else {
+        window.frame.dispose();
       }
       opened.accept(there);
     });
@@ -106,8 +109,8 @@ final class Editor {
         return offerToRead(e);
       }
       try {
-        StoredDatabase found = workspace.unsaved.found();
-        return found == null ? take(outline) : offerWork(outline, found);
+        Optional<StoredDatabase> found = workspace.unsaved.found();
+        return found.isPresent() ? offerWork(outline, found.get()) : take(outline);
       } finally {
         if (workspace.outline == null) {
           outline.close();
@@ -116,8 +119,7 @@ final class Editor {
     }
 
     private boolean take(Outline outline) {
-      workspace.take(
-          outline, outline, workspace.stored().map(StoredDatabase::members).orElse(0L));
+      workspace.take(outline, outline);
       return true;
     }
 
@@ -141,7 +143,7 @@ final class Editor {
           savedSince ? Arrays.asList("Cancel", "Restore", "Discard")
               : Arrays.asList("Restore", "Discard", "Cancel"));
       if (answer.equals("Restore")) {
-        workspace.take(workspace.unsaved.open(), outline, found.members());
+        workspace.take(workspace.unsaved.open(), outline);
         return true;
       }
       if (answer.equals("Discard")) {

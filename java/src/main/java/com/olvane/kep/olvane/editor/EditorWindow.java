@@ -40,7 +40,7 @@ final class EditorWindow {
   /** Whether it is being asked what to do before closing: a key may be held too long. */
   private boolean closing;
 
-  /** Makes the window of an open outline; {@link #show} shows it. */
+  /** Makes the window of an outline; {@link #show} shows it, or its frame is to be disposed of. */
   EditorWindow(Editor editor, Workspace workspace) {
     this.editor = editor;
     this.workspace = workspace;
@@ -76,6 +76,8 @@ final class EditorWindow {
     tabs.addTab("History", Lists.history(workspace));
     autoKeep = new AutoKeep(this);
     setTitle();
+    // What the window system does for it is done while the outline is being opened.
+    frame.addNotify();
   }
 
   private void layOut(JPanel search) {

@@ -80,14 +80,15 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
     return cut && onClipboard.contains(member);
   }
 
-  /** Pastes what is on the clipboard; false where no members of this outline are. */
-  boolean paste(Target target) {
-    if (cut) {
+  /** Pastes what is on the clipboard. */
+  void paste(Target target) {
+    if (onClipboard.isEmpty()) {
+      tree.complaint.accept("There are no members of this outline on the clipboard.");
+    } else if (cut) {
       workspace.edit(MemberEdits.move(onClipboard, target), () -> hold(onClipboard, false));
-    } else if (!onClipboard.isEmpty()) {
+    } else {
       workspace.edit(MemberEdits.copy(onClipboard, target));
     }
-    return !onClipboard.isEmpty();
   }
 
   // ---- Dragging ----

@@ -100,8 +100,8 @@ final class StatusLine extends JPanel {
     }
     bar.setVisible(true);
     cancel.setVisible(busy.canCancel);
-    bar.setIndeterminate(busy.share() < 0);
-    bar.setValue((int) (busy.share() * 100));
+    bar.setIndeterminate(busy.share < 0);
+    bar.setValue((int) (busy.share * 100));
     forget.stop();
     message.setText(doing(busy) + millis / 1000 + " s");
   }

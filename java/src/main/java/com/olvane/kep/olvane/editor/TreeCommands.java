@@ -74,11 +74,11 @@ final class TreeCommands {
     popup.add(add("Copy", "ctrl C", "Copy the selected members to where they are pasted",
         () -> tree.transfer.put(false)));
     popup.add(add("Paste Below", "ctrl V", "Paste below the selected member",
-        () -> paste(Target.lastBelow(Ref.to(first())))));
+        () -> tree.transfer.paste(Target.lastBelow(Ref.to(first())))));
     add("Paste Before", "ctrl shift B", "Paste before the selected member",
-        () -> paste(Target.before(Ref.to(first()))));
+        () -> tree.transfer.paste(Target.before(Ref.to(first()))));
     popup.add(add("Paste After", "ctrl shift V", "Paste behind the selected member",
-        () -> paste(Target.behind(Ref.to(last())))));
+        () -> tree.transfer.paste(Target.behind(Ref.to(last())))));
   }
 
   private void addMoving() {
@@ -153,14 +153,6 @@ final class TreeCommands {
         workspace.edit(MemberEdits.delete(members));
       }
     });
-  }
-
-  // ---- The clipboard ----
-
-  private void paste(Target target) {
-    if (!tree.transfer.paste(target)) {
-      window.status("There are no members of this outline on the clipboard.");
-    }
   }
 
   // ---- Moving by keys ----

@@ -4,6 +4,7 @@ import com.olvane.kep.olvane.outline.Outline;
 import com.olvane.kep.olvane.outline.Store;
 import com.olvane.kep.olvane.standin.StoredDatabase;
 import java.nio.charset.StandardCharsets;
+import java.util.Optional;
 import java.util.UUID;
 
 /**
@@ -22,11 +23,11 @@ final class UnsavedWork {
     this.object = "u" + UUID.nameUUIDFromBytes(names).toString().replace("-", "").substring(4);
   }
 
-  /** Work that was kept and is still there; null when there is none. */
-  StoredDatabase found() {
-    StoredDatabase found = store.localObjects().list().stream()
-        .filter(one -> one.database().equals(object)).findFirst().orElse(null);
-    kept = found != null;
+  /** Work that was kept and is still there. */
+  Optional<StoredDatabase> found() {
+    Optional<StoredDatabase> found = store.localObjects().list().stream()
+        .filter(one -> one.database().equals(object)).findFirst();
+    kept = found.isPresent();
     return found;
   }
 

@@ -75,13 +75,14 @@ final class Workspace {
     work.write(() -> {
       attempt(opening::call);
       boolean there = outline != null;
-      if (!there) {
+      SwingUtilities.invokeLater(() -> opened.tell(there));
+      if (there) {
+        // While the window comes up.
+        attempt(this::noteStored);
+        SwingUtilities.invokeLater(() -> historyChanged.tell(history));
+      } else {
         work.end();
       }
-      SwingUtilities.invokeLater(() -> {
-        opened.tell(there);
-        historyChanged.tell(history);
-      });
     });
   }
 
@@ -90,17 +91,20 @@ final class Workspace {
    *
    * @param held the outline of the database, open for editing; other than {@code opened} where that
    *     is unsaved work that was found
-   * @param count the number of members
    */
-  void take(Outline opened, Outline held, long count) {
+  void take(Outline opened, Outline held) {
     outline = opened;
     locked = held;
-    members = count;
     context = new EditContext(opened);
-    stored = readStored();
     if (held != opened) {
       history.neverSaved();
     }
+  }
+
+  private void noteStored() {
+    Optional<StoredDatabase> now = stored();
+    stored = describe(now);
+    members = (locked == outline ? now : unsaved.found()).map(StoredDatabase::members).orElse(0L);
   }
 
   /** The number of members. */
@@ -299,7 +303,7 @@ final class Workspace {
       }
       history.saved();
       // While the lock is held: later it might be somebody else's outline.
-      attempt(() -> stored = readStored());
+      attempt(() -> stored = describe(stored()));
       unsaved.remove();
       return history;
     }, saved -> {
@@ -316,11 +320,11 @@ final class Workspace {
 
   /** Takes the lock again; {@code then} hears whether it could be, as nobody has saved since. */
   void lockAgain(Consumer<Boolean> then) {
-    run("Locking", () -> locked.lockAgain(() -> readStored().equals(stored)), then);
+    run("Locking", () -> locked.lockAgain(() -> describe(stored()).equals(stored)), then);
   }
 
-  private String readStored() {
-    return stored().map(one -> one.saved() + " " + one.size() + " " + one.members()).orElse("");
+  private static String describe(Optional<StoredDatabase> stored) {
+    return stored.map(one -> one.saved() + " " + one.size() + " " + one.members()).orElse("");
   }
 
   /** Who edits the outline, if anybody does. */
