@@ -205,7 +205,7 @@ public class PanesTest {
     user.type(";");
     user.key("ctrl S");
     user.waitFor("the formula to be saved", () -> open.workspace.history.position() == 1
-        && !open.workspace.dirty());
+        && !open.workspace.history.dirty());
     pane("Dimension");
     expect("", "Cola + \"Tea green\";", outline -> read("Drinks").formula());
     pane("Details");

@@ -4,6 +4,7 @@ import static org.junit.Assert.assertEquals;
 
 import com.olvane.kep.olvane.e2e.Settings;
 import com.olvane.kep.olvane.outline.Changes;
+import com.olvane.kep.olvane.outline.Details;
 import com.olvane.kep.olvane.outline.DimensionCategory;
 import com.olvane.kep.olvane.outline.Member;
 import com.olvane.kep.olvane.outline.NewMember;
@@ -83,7 +84,12 @@ public class PartEditsTest {
     check(AliasTableEdits.clear("German"));
     sample.outline.change(sample.find("Tea"), new Changes().alias("French", "Th\u00e9"));
     check(AliasTableEdits.create("Empty"));
-    check(AliasTableEdits.delete("French"));
+    check(AliasTableEdits.makeDefault("French"));
+    assertEquals("[French, German, Copy, Empty, Former default]",
+        sample.outline.aliasTables().names().toString());
+    assertEquals("Th\u00e9", sample.outline.find("Tea", Details.NONE.aliases("French")).get().alias("French"));
+    check(AliasTableEdits.delete("German"));
+    check(AliasTableEdits.makeDefault("Copy"));
   }
 
   /** The handles of what was deleted and came back in between are others. */

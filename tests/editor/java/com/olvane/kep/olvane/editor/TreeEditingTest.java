@@ -121,7 +121,7 @@ public class TreeEditingTest {
     walkHistory();
 
     user.key("ctrl S");
-    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    user.waitFor("it to be saved", () -> !open.workspace.history.dirty());
     try (Outline saved = open.store.browse("Test", "Test")) {
       assertEquals("Product(Drinks(Tea))", WindowOutline.shape(saved));
     }

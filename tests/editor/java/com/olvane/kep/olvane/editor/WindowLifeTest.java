@@ -193,7 +193,7 @@ public class WindowLifeTest {
     });
     System.clearProperty("editor.pause");
     open.expect(user, "Product(Member 0 Member 1 Member 2 Precious)");
-    assertTrue("it is not saved yet", open.workspace.dirty());
+    assertTrue("it is not saved yet", open.workspace.history.dirty());
     assertThat("what was being typed", open.workspace.outline.find("Precious",
         MemberParts.all(open.workspace.outline)).get().comment(), startsWith("h"));
     user.click(open.tree, user.row(open.tree, "Product"));
@@ -203,7 +203,7 @@ public class WindowLifeTest {
     open.name(user, "More");
     open.expect(user, "Product(Member 0 Member 1 Member 2 Precious More)");
     user.key("ctrl S");
-    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    user.waitFor("it to be saved", () -> !open.workspace.history.dirty());
     user.waitFor("nothing to be kept any more", () -> kept() == 0);
     user.key("DELETE");
     user.waitFor("the edit to be kept", () -> kept() == 1);
@@ -259,10 +259,10 @@ public class WindowLifeTest {
       limitFileSize("unlimited");
     }
     open.press(user, "OK");
-    assertTrue(open.workspace.dirty());
+    assertTrue(open.workspace.history.dirty());
     user.click(open.tree, user.row(open.tree, "Product"));
     user.key("ctrl S");
-    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    user.waitFor("it to be saved", () -> !open.workspace.history.dirty());
     try (Outline saved = open.store.browse("Test", "Test")) {
       assertEquals(2001, saved.find("Product").get().childCount());
     }
@@ -280,12 +280,12 @@ public class WindowLifeTest {
     dialogText("not locked for you any more");
     user.waitFor("the status line to tell", () -> "Not locked".equals(text("lock")));
     open.press(user, "Take the Lock and Save");
-    user.waitFor("it to be saved", () -> !open.workspace.dirty());
+    user.waitFor("it to be saved", () -> !open.workspace.history.dirty());
     user.waitFor("the lock to be back", () -> "Locked by tester".equals(text("lock")));
 
     clickTree();
     user.key("alt UP");
-    user.waitFor("the edit", () -> open.workspace.dirty());
+    user.waitFor("the edit", () -> open.workspace.history.dirty());
     open.store.breakLock("Test/Test/Test");
     try (Store peer = Store.open(open.folder, "peer"); Outline theirs = peer.edit("Test", "Test")) {
       theirs.create(Place.lastBelow(theirs.find("Product").get()), new NewMember("Theirs"));

@@ -9,6 +9,8 @@ import java.util.Collections;
 import java.util.List;
 import java.util.Map;
 import java.util.function.Consumer;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
 
 /** The edits of whole alias tables. */
 final class AliasTableEdits {
@@ -66,12 +68,39 @@ final class AliasTableEdits {
   }
 
   static Edit rename(String table, String name) {
-    return Edit.restoring("Rename the alias table " + table + " to " + name,
-        context -> again -> {
-          if (!again.outline.aliasTables().names().contains(table)) {
-            again.outline.aliasTables().rename(name, table);
-          }
-        }, context -> context.outline.aliasTables().rename(table, name));
+    return new Edit("Rename the alias table " + table + " to " + name,
+        step(tables -> tables.rename(table, name), tables -> tables.rename(name, table)));
+  }
+
+  private static Edit.Step step(Consumer<AliasTables> forth, Consumer<AliasTables> back) {
+    return context -> {
+      forth.accept(context.outline.aliasTables());
+      return step(back, forth);
+    };
+  }
+
+  /**
+   * Makes a table the default, which is the first; the one that was comes last. Whatever the first
+   * is called, "Default" means it: no other can keep that name.
+   */
+  static Edit makeDefault(String table) {
+    return new Edit("Make " + table + " the default alias table", context -> {
+      AliasTables all = context.outline.aliasTables();
+      List<String> names = all.names();
+      String first = names.get(0);
+      boolean keepsName = !first.equalsIgnoreCase("default");
+      String other = free(all, keepsName ? "moving" : "Former default");
+      return Edit.all(Stream.of(
+          step(tables -> tables.copy(first, other, false), tables -> tables.delete(other)),
+          step(tables -> tables.copy(table, first, true), tables -> tables.copy(other, first, true)),
+          step(tables -> tables.delete(table), tables -> {
+            tables.copy(first, table, false);
+            moveBehind(tables, table, names);
+          }),
+          step(tables -> tables.rename(first, table), tables -> tables.rename(table, first)),
+          step(tables -> tables.rename(other, first), tables -> tables.rename(first, other)))
+          .limit(keepsName ? 5 : 4).collect(Collectors.toList())).run(context);
+    });
   }
 
   static Edit delete(String table) {
@@ -81,21 +110,28 @@ final class AliasTableEdits {
       Consumer<EditContext> restore = keep(context, table);
       return again -> {
         restore.accept(again);
-        names.subList(names.indexOf(table) + 1, names.size())
-            .forEach(behind -> moveToEnd(tables, behind));
+        moveBehind(tables, table, names);
       };
     }, context -> context.outline.aliasTables().delete(table));
   }
 
-  /** Tables stand in the order in which they were made, so one that is to be last is made anew. */
-  private static void moveToEnd(AliasTables tables, String table) {
-    String other = "moving";
-    while (tables.names().contains(other)) {
-      other += "_";
+  /** Tables stand in the order in which they were made: those behind one are made anew. */
+  private static void moveBehind(AliasTables tables, String table, List<String> order) {
+    for (String behind : order.subList(order.indexOf(table) + 1, order.size())) {
+      String other = free(tables, "moving");
+      tables.copy(behind, other, false);
+      tables.delete(behind);
+      tables.rename(other, behind);
     }
-    tables.copy(table, other, false);
-    tables.delete(table);
-    tables.rename(other, table);
+  }
+
+  /** A name that no table has: one that is proposed, or like it. */
+  private static String free(AliasTables tables, String proposed) {
+    String name = proposed;
+    while (tables.names().contains(name)) {
+      name += "_";
+    }
+    return name;
   }
 
   /** Sets aliases by the names of members, in a table that is made if need be. */

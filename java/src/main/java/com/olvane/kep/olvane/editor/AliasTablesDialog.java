@@ -37,6 +37,7 @@ final class AliasTablesDialog {
     addButton(buttons, "Copy \u2026", 0, this::copy);
     addButton(buttons, "Clear", 0, table -> confirmed(
         "Remove all aliases from " + table + "?", "Clear", AliasTableEdits.clear(table), table));
+    addButton(buttons, "Make Default", 1, table -> edit(AliasTableEdits.makeDefault(table), table));
     addButton(buttons, "Delete", 1, table -> confirmed("Delete " + table + " with all its aliases?",
         "Delete", AliasTableEdits.delete(table), null));
     addButton(buttons, "Import \u2026", -1, table -> importFile());

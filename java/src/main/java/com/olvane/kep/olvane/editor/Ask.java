@@ -5,9 +5,11 @@ import java.awt.Component;
 import java.awt.KeyboardFocusManager;
 import java.util.Arrays;
 import java.util.Set;
+import java.util.concurrent.FutureTask;
 import java.util.stream.Collectors;
 import javax.swing.JDialog;
 import javax.swing.JOptionPane;
+import javax.swing.SwingUtilities;
 
 /** Sentences and questions in dialogs of their own. */
 final class Ask {
@@ -47,6 +49,13 @@ final class Ask {
     dialog.setVisible(true);
     dialog.dispose();
     return Arrays.asList(answers).indexOf(pane.getValue());
+  }
+
+  /** The same from another thread than the event thread. */
+  static int fromElsewhere(Component parent, String question, Object... answers) throws Exception {
+    FutureTask<Integer> asked = new FutureTask<>(() -> choose(parent, question, answers));
+    SwingUtilities.invokeLater(asked);
+    return asked.get();
   }
 
   private static Set<AWTKeyStroke> keys(String... keys) {

@@ -15,7 +15,6 @@ import java.util.Arrays;
 import java.util.List;
 import java.util.Optional;
 import java.util.concurrent.Callable;
-import java.util.concurrent.FutureTask;
 import java.util.function.Consumer;
 import javax.swing.SwingUtilities;
 
@@ -125,10 +124,8 @@ final class Editor {
 
     /** The answer to a question, which is asked on the event thread. */
     private String ask(String question, List<String> answers) throws Exception {
-      FutureTask<Integer> asked =
-          new FutureTask<>(() -> Ask.choose(parent, question, answers.toArray()));
-      SwingUtilities.invokeLater(asked);
-      return asked.get() < 0 ? "Cancel" : answers.get(asked.get());
+      int answer = Ask.fromElsewhere(parent, question, answers.toArray());
+      return answer < 0 ? "Cancel" : answers.get(answer);
     }
 
     private boolean offerWork(Outline outline, StoredDatabase found) throws Exception {

@@ -9,7 +9,6 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.Paths;
 import java.util.concurrent.Callable;
-import java.util.concurrent.FutureTask;
 import javax.swing.SwingUtilities;
 import picocli.CommandLine;
 import picocli.CommandLine.Command;
@@ -54,7 +53,7 @@ public final class EditorMain implements Callable<Integer> {
       failed.getErr().println(Ask.sentence(failure));
       if (hasDisplay()) {
         // Whoever started it from a menu does not see what is printed.
-        onEventThread(() -> Ask.choose(null, Ask.sentence(failure), "OK"));
+        Ask.fromElsewhere(null, Ask.sentence(failure), "OK");
       }
       return 1;
     });
@@ -73,6 +72,8 @@ public final class EditorMain implements Callable<Integer> {
           + ", or use the command outline, which needs none.");
       return 1;
     }
+    // For what is asked before there is an editor.
+    SwingUtilities.invokeLater(() -> Theme.install(Palette.LIGHT));
     if ((application == null) != (database == null)) {
       System.err.println("Name both an application and a database, or neither.");
       return 2;
@@ -84,8 +85,7 @@ public final class EditorMain implements Callable<Integer> {
       if (application != null) {
         throw new IllegalArgumentException(none + " Name another with --store or OUTLINE_STORE.");
       }
-      if (onEventThread(() -> Ask.choose(null, none + " Make one there?", "Make a Store", "Cancel"))
-          != 0) {
+      if (Ask.fromElsewhere(null, none + " Make one there?", "Make a Store", "Cancel") != 0) {
         return 0;
       }
     }
@@ -103,16 +103,6 @@ public final class EditorMain implements Callable<Integer> {
       }
     });
     return 0;
-  }
-
-  /** Asks something before there is an editor. */
-  private static int onEventThread(Callable<Integer> question) throws Exception {
-    FutureTask<Integer> asked = new FutureTask<>(question);
-    SwingUtilities.invokeLater(() -> {
-      Theme.install(Palette.LIGHT);
-      asked.run();
-    });
-    return asked.get();
   }
 
   private static boolean hasDisplay() {

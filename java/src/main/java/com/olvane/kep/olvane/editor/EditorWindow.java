@@ -71,7 +71,7 @@ final class EditorWindow {
     tabs.addTab("Dimension", new RowsPane(workspace, DimensionRows::read));
     tabs.addTab("Picture", new PicturePane(workspace));
     tabs.addTab("Settings", new RowsPane(workspace, SettingsRows::read));
-    tabs.addTab("Hits", Lists.hits(workspace, search));
+    tabs.addTab("Hits", new Lists.Hits(workspace, search).panel);
     tabs.addTab("Findings", findings);
     tabs.addTab("History", Lists.history(workspace));
     autoKeep = new AutoKeep(this);
@@ -138,7 +138,7 @@ final class EditorWindow {
   }
 
   private void setTitle() {
-    frame.setTitle((workspace.dirty() ? "* " : "") + workspace.name() + " \u2013 " + Ask.TITLE);
+    frame.setTitle((workspace.history.dirty() ? "* " : "") + workspace.name() + " \u2013 " + Ask.TITLE);
   }
 
   /** Shows a sentence in the status line for a while. */
@@ -175,7 +175,7 @@ final class EditorWindow {
           return;
         }
       }
-      int answer = !workspace.dirty() ? 1
+      int answer = !workspace.history.dirty() ? 1
           : Ask.choose(frame, "There are unsaved changes in " + workspace.name() + ".",
               "Save", "Discard", "Cancel");
       closing = answer == 1;

@@ -34,7 +34,7 @@ final class FormulaArea extends RSyntaxTextArea {
     setPopupMenu(null);
     setMargin(new Insets(4, 6, 4, 6));
     setToolTipText("Ctrl+Space completes a name, Ctrl+Enter applies the formula");
-    MemberCompletion.install(this, workspace);
+    new MemberCompletion(this, workspace);
     updateUI();
   }
 

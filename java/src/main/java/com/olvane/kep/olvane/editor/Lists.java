@@ -67,13 +67,11 @@ final class Lists {
     return listing.pane(new JLabel("Double-click a step to go back to it, or forth."));
   }
 
-  /** The members that a search found; to choose one goes to it. */
-  static JPanel hits(Workspace workspace, SearchTask search) {
-    return new Hits(workspace, search).panel;
-  }
-
-  /** The members that a search found, with their paths, which are read when they come into view. */
-  private static final class Hits {
+  /**
+   * The members that a search found, with their paths, which are read when they come into view; to
+   * choose one goes to it.
+   */
+  static final class Hits {
     private static final String TO_COME = "\u2026";
 
     private final Workspace workspace;

@@ -32,13 +32,10 @@ final class MemberCompletion extends DefaultCompletionProvider {
   private String foundFor = "";
   private List<String> found = Collections.emptyList();
 
-  private MemberCompletion(Workspace workspace) {
-    this.workspace = workspace;
-  }
-
   /** Lets Ctrl+Space complete names in a text. */
-  static void install(JTextComponent text, Workspace workspace) {
-    new MemberCompletion(workspace).completion.install(text);
+  MemberCompletion(JTextComponent text, Workspace workspace) {
+    this.workspace = workspace;
+    completion.install(text);
   }
 
   /** The name that a text ends in, with the quote that it begins with. */

@@ -79,7 +79,7 @@ final class MemberRenderer extends JPanel implements TreeCellRenderer {
     }
     add(member.name(), tree.transfer.isCut(member) ? palette.faint : palette.text,
         member.isDimension() ? Font.BOLD : share == Share.SHARED ? Font.ITALIC : Font.PLAIN);
-    String table = tree.aliasTable();
+    String table = tree.aliasTable;
     if (member.details().aliasTables().contains(table) && !member.alias(table).isEmpty()) {
       add(member.alias(table), palette.faint, Font.PLAIN);
     }

@@ -43,7 +43,8 @@ final class OutlineTree extends JTree {
   private int adjusting;
   /** Whether some of what the user has selected is still to be read. */
   boolean unreadSelected;
-  private String aliasTable;
+  /** The alias table whose aliases are shown; empty for none. */
+  String aliasTable;
   /** Hears why a name is not allowed while it is typed; an empty sentence takes it back. */
   Consumer<String> complaint = sentence -> {};
   /** Hears of letters that are typed on the tree. */
@@ -86,11 +87,6 @@ final class OutlineTree extends JTree {
     super.updateUI();
     // The same height for all rows, or a large tree would measure each.
     setRowHeight(getFontMetrics(getFont()).getHeight() + 6);
-  }
-
-  /** The alias table whose aliases are shown; empty for none. */
-  String aliasTable() {
-    return aliasTable;
   }
 
   /** Shows the aliases of another table; of none when it is empty. */
@@ -186,11 +182,6 @@ final class OutlineTree extends JTree {
       }
       then.run();
     });
-  }
-
-  /** Opens members at their places. */
-  void open(PagedTreeModel.Reading read) {
-    read.addTo(model).forEach(node -> expandPath(node.path()));
   }
 
   /** Closes all members; what is selected below becomes its dimension. */

@@ -6,6 +6,7 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
 import java.util.Set;
+import java.util.stream.IntStream;
 
 /**
  * The shape of an outline in a few bytes a member, and its layout as an icicle: columns from left
@@ -120,12 +121,7 @@ final class Picture {
 
   /** The place of a member, -1 where there is none of this handle. */
   int find(int handle) {
-    for (int i = 0; i < count; i++) {
-      if (handles[i] == handle) {
-        return i;
-      }
-    }
-    return -1;
+    return IntStream.range(0, count).filter(i -> handles[i] == handle).findFirst().orElse(-1);
   }
 
   /**

@@ -111,14 +111,11 @@ final class PictureView extends JPanel {
 
   /** The block at a point, null where there is none. */
   Picture.Block at(int x, int y) {
-    for (Picture.Block block : blocks) {
+    return blocks.stream().filter(block -> {
       Rectangle2D box = bounds(block);
-      if (x >= box.getX() && x <= box.getMaxX() + 1 && y >= block.start
-          && y < block.start + block.length) {
-        return block;
-      }
-    }
-    return null;
+      return x >= box.getX() && x <= box.getMaxX() + 1 && y >= block.start
+          && y < block.start + block.length;
+    }).findFirst().orElse(null);
   }
 
   @Override

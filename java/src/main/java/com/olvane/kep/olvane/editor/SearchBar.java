@@ -120,7 +120,7 @@ final class SearchBar {
         option.accept(text);
       }
     });
-    String table = window.tree.aliasTable();
+    String table = window.tree.aliasTable;
     search.start(text, table.isEmpty() ? Details.NONE : Details.NONE.aliases(table));
   }
 

@@ -20,8 +20,8 @@ final class SearchTask {
   private final Workspace workspace;
   /** The members that were found. */
   final List<Member> hits = new ArrayList<>();
-  private Search wanted;
-  private Details wantedDetails;
+  /** Begins anew what was begun last. */
+  private Runnable again;
   private int number;
   boolean running;
   /** The number of members looked at. */
@@ -34,15 +34,14 @@ final class SearchTask {
     workspace.changed.hear(change -> {
       // What was found may be gone: it is looked for again when it is next asked for.
       if (running) {
-        start(wanted, wantedDetails);
+        again.run();
       }
     });
   }
 
   /** Begins to search and to read such details of what is found; what runs is given up. */
   void start(Search search, Details details) {
-    wanted = search;
-    wantedDetails = details;
+    again = () -> start(search, details);
     clear(true);
     int own = number;
     workspace.read(() -> workspace.outline.search(search, details), run -> batch(own, run));

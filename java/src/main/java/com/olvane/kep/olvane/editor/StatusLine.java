@@ -112,7 +112,7 @@ final class StatusLine extends JPanel {
 
   private void showState() {
     saved.setText(!workspace.isEditable() ? "Read only"
-        : workspace.dirty() ? "Unsaved changes" : "Saved");
+        : workspace.history.dirty() ? "Unsaved changes" : "Saved");
     members.setText(
         NumberFormat.getIntegerInstance().format(workspace.members()) + " members");
   }

@@ -99,7 +99,7 @@ final class WindowCommands {
       if (before != null && before.isShowing()) {
         before.requestFocusInWindow();
       }
-      if (workspace.dirty()) {
+      if (workspace.history.dirty()) {
         workspace.save(() -> window.status("Saved " + workspace.name() + "."));
       } else {
         window.status("There is nothing to save.");
@@ -175,7 +175,7 @@ final class WindowCommands {
 
   private void restructure() {
     window.settle(() -> {
-      if (!workspace.dirty()) {
+      if (!workspace.history.dirty()) {
         startRestructure();
       } else if (Ask.confirm(window.frame,
           "The database is restructured to what is saved. Save now?", "Save and Restructure")) {
@@ -211,7 +211,7 @@ final class WindowCommands {
         window.status("More than " + OPENED + " members would be opened;"
             + " choose a lower generation.");
       } else {
-        tree.open(read);
+        read.addTo(tree.model).forEach(node -> tree.expandPath(node.path()));
       }
     });
   }
@@ -235,11 +235,11 @@ final class WindowCommands {
     workspace.read(() -> workspace.outline.aliasTables().names(), names -> {
       aliases.removeAll();
       ButtonGroup group = new ButtonGroup();
-      if (!names.contains(tree.aliasTable()) && !tree.aliasTable().isEmpty()) {
+      if (!names.contains(tree.aliasTable) && !tree.aliasTable.isEmpty()) {
         tree.setAliasTable(names.get(0));
       }
-      addChoice(aliases, group, "None", tree.aliasTable().isEmpty(), () -> tree.setAliasTable(""));
-      names.forEach(name -> addChoice(aliases, group, name, name.equals(tree.aliasTable()),
+      addChoice(aliases, group, "None", tree.aliasTable.isEmpty(), () -> tree.setAliasTable(""));
+      names.forEach(name -> addChoice(aliases, group, name, name.equals(tree.aliasTable),
           () -> tree.setAliasTable(name)));
     });
   }

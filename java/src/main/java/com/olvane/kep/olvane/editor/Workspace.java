@@ -288,11 +288,6 @@ final class Workspace {
 
   // ---- Saving and closing ----
 
-  /** Whether there is something to save. */
-  boolean dirty() {
-    return history.dirty();
-  }
-
   /** Saves the outline; {@code then} follows success. */
   void save(Runnable then) {
     run("Saving", () -> {
