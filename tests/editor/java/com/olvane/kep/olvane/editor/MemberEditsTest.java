@@ -72,6 +72,13 @@ public class MemberEditsTest {
   }
 
   @Test
+  public void aDeletedAttributeDimensionComesBackBesideItsCopy() {
+    sample.check(MemberEdits.copy(sample.some("Size"), Target.behind(Ref.to(sample.find("Size")))));
+    sample.find("Large 2");
+    sample.check(MemberEdits.delete(sample.some("Size")));
+  }
+
+  @Test
   public void aDeletedTimeDimensionComesBack() {
     sample.check(MemberEdits.delete(sample.some("Year")));
   }

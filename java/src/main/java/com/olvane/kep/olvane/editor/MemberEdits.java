@@ -201,11 +201,18 @@ final class MemberEdits {
     }
   }
 
-  /** Gives a copy that came beside a member of its name another one. */
+  /** Gives a copy that came beside a member of its name another one; of attributes all copies. */
   private static void nameApart(EditContext context, Member copy) {
-    if (hasNamesake(context.outline, copy)) {
-      String name = free(context.outline, copy.name());
-      context.outline.rename(copy, name);
+    Outline outline = context.outline;
+    if (context.member(copy.dimensionHandle(), PLACE).category() == DimensionCategory.ATTRIBUTE) {
+      // Their carriers know them by their names.
+      try (Stream<Member> all = outline.subtree(copy, Details.NONE)) {
+        all.collect(Collectors.toList())
+            .forEach(member -> outline.rename(member, free(outline, member.name())));
+      }
+    } else if (hasNamesake(outline, copy)) {
+      String name = free(outline, copy.name());
+      outline.rename(copy, name);
       context.remark =
           "There is a " + copy.name() + " already; the copy is called " + name + ".";
     }
