@@ -72,7 +72,8 @@ void check(Connection& control) {
   if (control.number("PRAGMA application_id") != kApplicationId) throw StoreFailure(kNotAStore);
   const int64_t version = control.number("PRAGMA user_version");
   if (version > kVersion) throw StoreFailure(kNewerStore);
-  static const std::string kOurs = schema_made_by((std::string(kLoginTables) + kStateTable).c_str());
+  static const std::string kOurs =
+      schema_made_by((std::string(kLoginTables) + kStateTable).c_str());
   if (version != kVersion || schema_of(control.get()) != kOurs) throw StoreFailure(kNotAStore);
 }
 

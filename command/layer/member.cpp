@@ -22,7 +22,7 @@ HMember follow(Function function, HOutline outline, HMember member) {
 // An engine may answer that all is well and hand out no record.
 void read(kepotl::MemberRecord* record, HMember member) {
   const int status = record->read(member);
-  check(*record ? status : kepotl::status_without_record(status), "read a member");
+  if (!*record) fail(kepotl::status_without_record(status), "read a member");
 }
 
 // A text that a call hands out, empty when there is none.

@@ -31,7 +31,9 @@ class Failure : public std::runtime_error {
   int status_;
 };
 
-// Throws a Failure that says what could not be done, unless `status` is 0.
+// Throws a Failure that says what could not be done, and why.
+[[noreturn]] void fail(int status, std::string_view what);
+// The same unless `status` is 0.
 void check(int status, std::string_view what);
 
 }  // namespace command

@@ -80,8 +80,8 @@ class Store {
   INST instance() const { return instance_; }
 
  private:
-  Outline open(const std::string& application, const std::string& database,
-               const std::string& name, bool lock) const;
+  Outline open(const std::string& application, const std::string& database, const std::string& name,
+               bool lock) const;
 
   INST instance_ = 0;
   HCTX context_ = 0;
