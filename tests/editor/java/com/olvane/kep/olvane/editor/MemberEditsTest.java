@@ -157,12 +157,12 @@ public class MemberEditsTest {
       while (history.toUndo() != null) {
         String title = history.toUndo().title();
         history.undo(sample.context);
-        assertEquals("undone: " + title, states.get(history.position()), sample.everything());
+        assertEquals("undone: " + title, states.get(history.done), sample.everything());
       }
       while (history.toRedo() != null) {
         String title = history.toRedo().title();
         history.redo(sample.context);
-        assertEquals("done again: " + title, states.get(history.position()), sample.everything());
+        assertEquals("done again: " + title, states.get(history.done), sample.everything());
       }
     }
     assertTrue(history.dirty());

@@ -117,10 +117,10 @@ public class PanesTest {
     user.waitFor("the keyboard in the choice", storage::isFocusOwner);
     user.type("shared");
     assertThat(storage.getSelectedItem().toString(), startsWith("shared"));
-    assertEquals("typed, not taken", 1, open.workspace.history.position());
+    assertEquals("typed, not taken", 1, open.workspace.history.done);
     user.key("ctrl Z");
     assertEquals("given up", before, storage.getSelectedItem());
-    assertEquals("no edit was taken back", 1, open.workspace.history.position());
+    assertEquals("no edit was taken back", 1, open.workspace.history.done);
     type("Aliases French", "\u53ef\u53e3\u53ef\u4e50");
     user.key("ENTER");
     expect("", "\u53ef\u53e3\u53ef\u4e50", outline -> read("Cola").alias("French"));
@@ -204,7 +204,7 @@ public class PanesTest {
         () -> formula.getText().equals("Cola + \"Tea green\""));
     user.type(";");
     user.key("ctrl S");
-    user.waitFor("the formula to be saved", () -> open.workspace.history.position() == 1
+    user.waitFor("the formula to be saved", () -> open.workspace.history.done == 1
         && !open.workspace.history.dirty());
     pane("Dimension");
     expect("", "Cola + \"Tea green\";", outline -> read("Drinks").formula());

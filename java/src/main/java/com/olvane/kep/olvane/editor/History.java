@@ -9,7 +9,8 @@ final class History {
   private static final int NOWHERE = -1;
 
   private final List<Edit> edits = new ArrayList<>();
-  private volatile int done;
+  /** The number of steps that are done; those behind them were undone. */
+  volatile int done;
   private int saved;
 
   /** Enters a step that was done; those that were undone are forgotten. */
@@ -78,10 +79,5 @@ final class History {
   /** The titles of all steps in order. */
   synchronized List<String> titles() {
     return edits.stream().map(Edit::title).collect(Collectors.toList());
-  }
-
-  /** The number of steps that are done; those behind them were undone. */
-  int position() {
-    return done;
   }
 }

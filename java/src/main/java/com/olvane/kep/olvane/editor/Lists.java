@@ -48,7 +48,7 @@ final class Lists {
     Listing<String[]> listing = new Listing<String[]>("history")
         .column("Step", 480, step -> step[0]).column("State", 120, step -> step[1]);
     listing.onChoice(2, step -> {
-      int now = workspace.history.position();
+      int now = workspace.history.done;
       int chosen = listing.getSelectedRow();
       IntStream.range(chosen, now).forEach(undone -> workspace.undo());
       IntStream.range(now, chosen).forEach(redone -> workspace.redo());
@@ -56,7 +56,7 @@ final class Lists {
     Consumer<History> show = history -> {
       List<String> titles = history.titles();
       titles.add(0, "Opened");
-      int now = Math.min(history.position(), titles.size() - 1);
+      int now = Math.min(history.done, titles.size() - 1);
       listing.show(IntStream.range(0, titles.size()).mapToObj(step -> new String[] {
           titles.get(step), step == now ? "now" : step > now ? "undone" : ""
       }).collect(Collectors.toList()));

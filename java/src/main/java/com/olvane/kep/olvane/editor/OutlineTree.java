@@ -13,10 +13,12 @@ import java.util.Comparator;
 import java.util.Enumeration;
 import java.util.HashMap;
 import java.util.HashSet;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Objects;
 import java.util.Set;
+import java.util.TreeSet;
 import java.util.function.BiConsumer;
 import java.util.function.Consumer;
 import java.util.stream.Collectors;
@@ -228,8 +230,9 @@ final class OutlineTree extends JTree {
   /** Reads all that is in view, expanded or selected anew, wherever it stands now. */
   private void refresh() {
     Set<Integer> open = expandedHandles();
-    Set<Integer> keep = new HashSet<>(open);
-    keep.addAll(selectedHandles());
+    // In their order, which makes it quick to find their places.
+    Set<Integer> keep = new LinkedHashSet<>(selectedHandles());
+    keep.addAll(open);
     Map<Integer, Set<Integer>> inView = pagesInView();
     Details details = model.details;
     workspace.read(() -> new PagedTreeModel.Reading(workspace.outline, details, keep)
@@ -250,15 +253,15 @@ final class OutlineTree extends JTree {
   }
 
   private Set<Integer> expandedHandles() {
-    return expanded().map(MemberNode::handle).collect(Collectors.toSet());
+    return expanded().map(MemberNode::handle).collect(Collectors.toCollection(TreeSet::new));
   }
 
-  private Set<Integer> selectedHandles() {
-    return selectedNodes().stream().map(MemberNode::handle).collect(Collectors.toSet());
+  private List<Integer> selectedHandles() {
+    return selectedNodes().stream().map(MemberNode::handle).collect(Collectors.toList());
   }
 
   private void replace(PagedTreeModel.Reading read, Set<Integer> open) {
-    Set<Integer> selection = selectedHandles();
+    List<Integer> selection = selectedHandles();
     boolean seen = isInView(getSelectionPath());
     adjust(() -> {
       // The tree looks at what is selected while the numbers of children change below it.

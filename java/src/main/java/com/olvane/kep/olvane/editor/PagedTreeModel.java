@@ -259,7 +259,9 @@ final class PagedTreeModel implements TreeModel {
         for (int at = handle; at != 0 && !members.containsKey(at);) {
           Member member = outline.read(new int[] {at}, details.place()).get(0);
           members.put(at, member);
-          places.put(at, (int) outline.position(member));
+          // To ask for its place takes the longer the more stand before it.
+          Integer before = places.get(member.previousHandle());
+          places.put(at, before == null ? (int) outline.position(member) : before + 1);
           at = member.parentHandle();
         }
       } catch (OutlineException e) {
