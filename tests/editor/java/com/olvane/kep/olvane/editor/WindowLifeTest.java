@@ -30,6 +30,7 @@ import org.junit.rules.RuleChain;
 
 /** Large outlines, other processes, full disks: what a window lives through. */
 public class WindowLifeTest {
+  private static final int MOST_SECONDS_FOR_MANY = 8;
   private static final int WIDE = 100_000;
   /** The event thread works no longer than this at once; measured by its processor time. */
   private static final long LONGEST_WORK_MILLIS = 300;
@@ -127,6 +128,24 @@ public class WindowLifeTest {
     clickTree();
     user.key("ctrl Z");
     user.waitFor("them to be back", () -> lastRow().equals("Member " + (WIDE - 1)));
+
+    clickTree();
+    user.key("END");
+    user.key("shift HOME");
+    user.waitFor("as many as can be", () -> open.workspace.selection().size() == OutlineTree.SELECTABLE);
+    long began = System.nanoTime();
+    RobotUser.onEventThread(() -> {
+      List<Member> selected = open.workspace.selection();
+      open.workspace.edit(MemberEdits.rename(selected.get(selected.size() - 1), "Last"));
+      return null;
+    });
+    user.waitFor("the tree to show an edit", () -> lastRow().equals("Last"));
+    assertTrue("their places are not counted one by one",
+        System.nanoTime() - began < MOST_SECONDS_FOR_MANY * 1_000_000_000L);
+    assertEquals(OutlineTree.SELECTABLE, (int) RobotUser.onEventThread(open.tree::getSelectionCount));
+    clickTree();
+    user.key("ctrl Z");
+    user.waitFor("its name to be back", () -> lastRow().equals("Member " + (WIDE - 1)));
 
     clickTree();
     user.key("HOME");
