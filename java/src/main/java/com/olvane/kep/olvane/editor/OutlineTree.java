@@ -216,13 +216,16 @@ final class OutlineTree extends JTree {
 
   @Override
   protected TreePath[] getPathBetweenRows(int first, int last) {
-    int most = first <= last
-        ? Math.min(last, first + SELECTABLE - 1) : Math.max(last, first - SELECTABLE + 1);
-    if (most != last) {
+    int low = Math.min(first, last);
+    int high = Math.max(first, last);
+    if (high - low >= SELECTABLE) {
       getToolkit().beep();
       complaint.accept(String.format("At most %,d members can be selected at once.", SELECTABLE));
+      // Those next to where the selection began.
+      low = getRowForPath(getAnchorSelectionPath()) == high ? high - SELECTABLE + 1 : low;
+      high = low + SELECTABLE - 1;
     }
-    return super.getPathBetweenRows(Math.min(first, most), Math.max(first, most));
+    return super.getPathBetweenRows(low, high);
   }
 
   // ---- Edits ----
