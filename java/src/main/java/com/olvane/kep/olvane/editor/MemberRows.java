@@ -59,8 +59,8 @@ final class MemberRows {
     Member first = members.get(0);
     RowsPane.Contents contents = members.size() == 1
         ? new RowsPane.Contents(members, first.name(), describe(first))
-        : new RowsPane.Contents(members, members.size() + " members", members.stream().limit(9)
-            .map(Member::name).collect(Collectors.joining(", ")));
+        : new RowsPane.Contents(members, String.format("%,d members", members.size()),
+            members.stream().limit(9).map(Member::name).collect(Collectors.joining(", ")));
     contents.add(RowsPane.Place.LEFT, "Properties", properties());
     contents.add(RowsPane.Place.RIGHT, "Aliases", first.details().aliasTables().stream()
         .map(table -> row(
