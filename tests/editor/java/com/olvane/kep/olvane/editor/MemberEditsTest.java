@@ -38,10 +38,6 @@ public class MemberEditsTest {
     }));
     sample.check(MemberEdits.sort(sample.find("Product"), true));
     sample.check(MemberEdits.sort(sample.find("Product"), false));
-    sample.check(MemberEdits.sort(null, true));
-    assertEquals("attributes behind the others", "[Product, Year, New dimension, Size]",
-        sample.outline.dimensions().toString());
-    sample.check(MemberEdits.sort(null, false));
     sample.check(MemberEdits.move(sample.some("Bread", "All"), Target.firstBelow(Ref.to(sample.find("Drinks")))));
     sample.check(MemberEdits.copy(sample.some("Drinks"), Target.lastBelow(Ref.to(sample.find("Food")))));
     sample.check(MemberEdits.delete(sample.some("Food", "Drinks")));

@@ -21,6 +21,7 @@ import java.nio.file.Paths;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.concurrent.atomic.AtomicReference;
 import java.util.stream.IntStream;
 import javax.swing.JLabel;
 import javax.swing.SwingUtilities;
@@ -239,6 +240,17 @@ public class WindowLifeTest {
 
   private int kept() {
     return open.store.localObjects().list().size();
+  }
+
+  @Test
+  public void whatCannotBeOpenedIsTold() throws Exception {
+    AtomicReference<Boolean> opened = new AtomicReference<>();
+    SwingUtilities.invokeLater(
+        () -> new Editor(open.store).open("Test", "Nothing", null, opened::set));
+    dialogText("Nothing");
+    assertEquals("while it is being read", null, opened.get());
+    open.press(user, "OK");
+    user.waitFor("the end of it", () -> Boolean.FALSE.equals(opened.get()));
   }
 
   @Test

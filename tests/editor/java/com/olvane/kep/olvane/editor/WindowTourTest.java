@@ -59,6 +59,28 @@ public class WindowTourTest {
     user.click(open.tree, user.row(open.tree, "Product"));
     user.key("RIGHT");
     user.click(open.tree, user.row(open.tree, "A"));
+    user.waitFor("A", () -> "A".equals(open.workspace.selection().get(0).name()));
+    RobotUser.onEventThread(() -> {
+      // As a key that is held down: the next comes before a move is made.
+      for (int i = 0; i < 4; i++) {
+        open.window.commands.get("Move Down").actionPerformed(null);
+      }
+      return null;
+    });
+    open.expect(user, "Product(B C D A)");
+    assertEquals("no step for nothing", 3, open.workspace.history.done);
+    for (int i = 0; i < 3; i++) {
+      user.key("ctrl Z");
+    }
+    open.expect(user, "Product(A B C D)");
+    Rectangle parent = user.row(open.tree, "Product");
+    parent.translate(0, parent.height - 6);
+    parent.height = 4;
+    user.drag(open.tree, user.row(open.tree, "D"), open.tree, parent);
+    open.expect(user, "Product(D A B C)");
+    user.key("ctrl Z");
+    open.expect(user, "Product(A B C D)");
+    user.click(open.tree, user.row(open.tree, "A"));
     user.clickWith(KeyEvent.VK_CONTROL, open.tree, user.row(open.tree, "C"));
     user.waitFor("two members", () -> open.workspace.selection().size() == 2);
     Rectangle end = user.row(open.tree, "D");

@@ -20,7 +20,6 @@ final class AliasImportDialog {
   private final AliasFile file;
   private final JTextField table = new JTextField();
   private final JLabel summary = new JLabel(" ");
-  private final JLabel note = new JLabel(" ");
   private final Listing<AliasFile.Line> lines = new Listing<AliasFile.Line>("Lines")
       .column("Line", 60, line -> Integer.toString(line.number))
       .column("Member", 170, line -> line.member).column("Alias", 220, line -> line.alias)
@@ -31,11 +30,10 @@ final class AliasImportDialog {
     this.workspace = workspace;
     this.file = file;
     JPanel form = new JPanel(new MigLayout("insets 12 12 0 12, fill, wrap 2", "[][grow,fill]",
-        "[][][][grow,fill]"));
+        "[][][grow,fill]"));
     table.setText(file.table);
     Prompt.addField(form, "Into the table", table);
     form.add(summary, "span, growx, wmin 0");
-    form.add(note, "span, growx, wmin 0");
     form.add(new JScrollPane(lines), "span, grow, w 640, h 320");
     prompt = new Prompt(owner, "Import " + path.getFileName(), "Import", form);
     // The lines are judged anew when the name has been typed.
@@ -76,9 +74,7 @@ final class AliasImportDialog {
         .map(one -> String.format("%s: %,d", one.getKey().words, one.getValue()))
         .collect(Collectors.joining("; "));
     summary.setText(counts.isEmpty() ? "The file lists no aliases."
-        : "Of its lines: " + counts + ".");
-    note.setText(exists ? "The table is there; what the file does not name stays as it is."
-        : "The table is not there yet, and is made.");
+        : (exists ? "Of its lines: " : "A new table; of the lines: ") + counts + ".");
     summary.setForeground(Theme.palette().text);
     prompt.allow(file.lines.stream().anyMatch(line -> line.outcome.applies()));
     // What does not apply stands first.

@@ -89,16 +89,16 @@ final class AliasTableEdits {
       List<String> names = all.names();
       String first = names.get(0);
       boolean keepsName = !first.equalsIgnoreCase("default");
-      String other = free(all, keepsName ? "moving" : "Former default");
+      String old = free(all, keepsName ? "moving" : "Former default");
       return Edit.all(Stream.of(
-          step(tables -> tables.copy(first, other, false), tables -> tables.delete(other)),
-          step(tables -> tables.copy(table, first, true), tables -> tables.copy(other, first, true)),
+          step(tables -> tables.copy(first, old, false), tables -> tables.delete(old)),
+          step(tables -> tables.copy(table, first, true), tables -> tables.copy(old, first, true)),
           step(tables -> tables.delete(table), tables -> {
             tables.copy(first, table, false);
             moveBehind(tables, table, names);
           }),
           step(tables -> tables.rename(first, table), tables -> tables.rename(table, first)),
-          step(tables -> tables.rename(other, first), tables -> tables.rename(first, other)))
+          step(tables -> tables.rename(old, first), tables -> tables.rename(first, old)))
           .limit(keepsName ? 5 : 4).collect(Collectors.toList())).run(context);
     });
   }

@@ -12,7 +12,6 @@ final class AutoKeep {
   private final Workspace workspace;
   private final EditorWindow window;
   private final Timer pause = new Timer(leastPause, event -> keep());
-  private boolean failed;
   /** What was typed into last. */
   private RowField typing;
 
@@ -41,9 +40,7 @@ final class AutoKeep {
       if (failure == null) {
         long millis = (System.nanoTime() - start) / 1_000_000;
         pause.setInitialDelay((int) Math.max(leastPause, PAUSE_BY_WRITING * millis));
-        failed = false;
-      } else if (!failed) {
-        failed = true;
+      } else {
         window.status("Unsaved work cannot be kept aside: " + failure.getMessage());
       }
     });

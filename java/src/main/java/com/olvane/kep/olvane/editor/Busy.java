@@ -4,20 +4,16 @@ package com.olvane.kep.olvane.editor;
 final class Busy {
   /** What is being done: "Saving". */
   final String title;
-  /** Whether {@link #cancel} has an effect. */
+  /** Whether {@link #cancelled} has an effect. */
   final boolean canCancel;
   /** How much is done, from 0 to 1; negative where nobody knows. */
   volatile double share = -1;
-  private volatile boolean cancelled;
+  /** Set to give it up; nothing of it stays then. */
+  volatile boolean cancelled;
 
   Busy(String title, boolean canCancel) {
     this.title = title;
     this.canCancel = canCancel;
-  }
-
-  /** Asks for it to be given up; nothing of it stays. */
-  void cancel() {
-    cancelled = true;
   }
 
   /** Takes note of how far it is; false when it is to be given up. */

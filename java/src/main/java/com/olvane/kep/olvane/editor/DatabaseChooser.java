@@ -81,7 +81,8 @@ final class DatabaseChooser {
 
   private void create() {
     DatabasePrompt prompt =
-        new DatabasePrompt(listing, "New Database", "Create", databases, false);
+        new DatabasePrompt(listing, "New Database", "Create", databases,
+            listing.chosen() == null ? null : listing.chosen().application(), false);
     try {
       if (prompt.ask()) {
         editor.store.create(prompt.application(), prompt.database());

@@ -28,15 +28,21 @@ final class DatabasePrompt {
   private final List<StoredDatabase> known;
   private final boolean replaces;
 
-  /** Prepares to ask; {@code replaces} tells whether a database that exists may be named. */
+  /**
+   * Prepares to ask.
+   *
+   * @param proposed an application to begin with, or null
+   * @param replaces whether a database that exists may be named
+   */
   DatabasePrompt(Component parent, String title, String verb, List<StoredDatabase> known,
-      boolean replaces) {
+      String proposed, boolean replaces) {
     this.known = known;
     this.replaces = replaces;
     JComboBox<String> applications = new JComboBox<>(
         known.stream().map(StoredDatabase::application).distinct().sorted()
             .toArray(String[]::new));
     applications.setEditable(true);
+    applications.setSelectedItem(proposed);
     application = (JTextComponent) applications.getEditor().getEditorComponent();
     JPanel form = new JPanel(new MigLayout("insets 16 16 0 16, wrap 2", "[][300!,fill]"));
     Prompt.addField(form, "Application", applications);
@@ -54,7 +60,7 @@ final class DatabasePrompt {
         .anyMatch(name -> HoldingBean.encodedLength(name) > LIMIT);
     String complaint = tooLong ? "A name has at most " + LIMIT + " bytes."
         : Stream.of(application(), database()).anyMatch(NOT_A_NAME)
-            ? "A name has no / or \\ and does not begin with a dot."
+            ? "A name has no / or \\, nor a dot in front."
         : there().isPresent() && !replaces ? "There is a database of this name." : null;
     remark.setText(complaint != null ? complaint
         : there().isPresent() ? "It exists and is replaced." : " ");

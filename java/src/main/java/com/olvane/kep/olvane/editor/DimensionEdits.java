@@ -26,7 +26,7 @@ final class DimensionEdits {
     Function<EditContext, NumberedNames> names = context -> generation
         ? context.outline.generations() : context.outline.levels();
     String what = (generation ? "generation " : "level ") + number + " of " + dimension.name();
-    return Edit.set(name.isEmpty() ? "Remove the name of " + what : "Name " + what,
+    return Edit.set(name.isEmpty() ? "Remove the name of " + what : "Name " + what + ": " + name,
         context -> Parts.given(names.apply(context), context.member(ref)).getOrDefault(number, ""),
         (context, text) -> {
           NumberedNames all = names.apply(context);

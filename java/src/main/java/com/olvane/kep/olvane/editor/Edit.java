@@ -67,7 +67,7 @@ final class Edit {
           }
           back.addFirst(step.run(context));
         }
-      } catch (RuntimeException e) {
+      } catch (RuntimeException | OutOfMemoryError e) {
         throw afterTakingBack(e, () -> back.forEach(step -> step.run(context)));
       }
       return all(new ArrayList<>(back));
@@ -75,13 +75,14 @@ final class Edit {
   }
 
   /** Takes back what was done before a failure, which is told whatever becomes of that. */
-  private static RuntimeException afterTakingBack(RuntimeException failure, Runnable back) {
+  private static RuntimeException afterTakingBack(Throwable failure, Runnable back) {
     try {
       back.run();
     } catch (RuntimeException notTakenBack) {
       failure.addSuppressed(notTakenBack);
     }
-    return failure;
+    return failure instanceof RuntimeException ? (RuntimeException) failure
+        : new IllegalStateException("There is not enough memory for this.", failure);
   }
 
   /**
@@ -100,7 +101,7 @@ final class Edit {
       Consumer<EditContext> restore = keep.apply(context);
       try {
         change.accept(context);
-      } catch (RuntimeException e) {
+      } catch (RuntimeException | OutOfMemoryError e) {
         throw afterTakingBack(e, () -> restore.accept(context));
       }
       return again -> {

@@ -50,7 +50,7 @@ final class Editor {
       }
     }
     Workspace workspace = new Workspace(store, application, database);
-    workspace.open(new Opening(workspace, parent)::open);
+    workspace.open(new Opening(workspace, parent)::openOrSay);
     // Meanwhile the window is made.
     EditorWindow window = new EditorWindow(this, workspace);
     workspace.opened.hear(there -> {
@@ -99,8 +99,17 @@ final class Editor {
       this.parent = parent;
     }
 
-    /** Opens it, off the event thread; false where it is not to be opened. */
-    boolean open() throws Exception {
+    /** Opens it, off the event thread, or says why it can't be; false where it is not open. */
+    boolean openOrSay() throws Exception {
+      try {
+        return open();
+      } catch (RuntimeException e) {
+        Ask.fromElsewhere(parent, Ask.sentence(e), "OK");
+        return false;
+      }
+    }
+
+    private boolean open() throws Exception {
       Outline outline;
       try {
         outline = store.edit(workspace.application, workspace.database);

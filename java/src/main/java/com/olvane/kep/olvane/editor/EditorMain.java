@@ -78,7 +78,7 @@ public final class EditorMain implements Callable<Integer> {
       System.err.println("Name both an application and a database, or neither.");
       return 2;
     }
-    boolean isFolder = !store.contains("://");
+    boolean isFolder = !store.matches("postgres(ql)?://.*");
     Path folder = isFolder ? Paths.get(store).toAbsolutePath().normalize() : null;
     if (isFolder && !Files.isDirectory(folder)) {
       String none = "There is no store in the folder " + folder + ".";

@@ -77,6 +77,7 @@ final class EditorWindow {
     autoKeep = new AutoKeep(this);
     setTitle();
     // What the window system does for it is done while the outline is being opened.
+    frame.setBackground(Theme.palette().surface);
     frame.addNotify();
   }
 
@@ -138,7 +139,8 @@ final class EditorWindow {
   }
 
   private void setTitle() {
-    frame.setTitle((workspace.history.dirty() ? "* " : "") + workspace.name() + " \u2013 " + Ask.TITLE);
+    String mark = workspace.history.dirty() ? "* " : "";
+    frame.setTitle(mark + workspace.name() + " \u2013 " + Ask.TITLE);
   }
 
   /** Shows a sentence in the status line for a while. */

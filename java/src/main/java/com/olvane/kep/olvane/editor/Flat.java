@@ -18,6 +18,7 @@ import javax.swing.ButtonModel;
 import javax.swing.Icon;
 import javax.swing.JButton;
 import javax.swing.JComponent;
+import javax.swing.JScrollPane;
 import javax.swing.SwingUtilities;
 import javax.swing.border.EmptyBorder;
 import javax.swing.plaf.ComponentUI;
@@ -78,7 +79,8 @@ final class Flat {
     @Override
     public void paintBorder(Component c, Graphics g, int x, int y, int width, int height) {
       Palette palette = Theme.palette();
-      boolean refused = Boolean.TRUE.equals(((JComponent) c).getClientProperty(REFUSED));
+      Object field = c instanceof JScrollPane ? ((JScrollPane) c).getViewport().getView() : c;
+      boolean refused = Boolean.TRUE.equals(((JComponent) field).getClientProperty(REFUSED));
       Component owner = KeyboardFocusManager.getCurrentKeyboardFocusManager().getFocusOwner();
       boolean focused = owner != null && SwingUtilities.isDescendingFrom(owner, c);
       box(g, x, y, width, height, null,

@@ -19,9 +19,6 @@ public final class FormulaTokens extends AbstractTokenMaker {
       + "|(\\d+(?:\\.\\d+)?\\b)|((?i:if|else|elseif|endif|and|or|not)\\b)"
       + "|([\\p{L}\\p{N}_.$#]+)|(\\s+)|(.)", Pattern.DOTALL);
 
-  /** Makes one; the editor component calls this. */
-  public FormulaTokens() {}
-
   @Override
   public TokenMap getWordsToHighlight() {
     return new TokenMap();

@@ -15,6 +15,7 @@ import javax.swing.JLabel;
 import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import javax.swing.JTable;
+import javax.swing.KeyStroke;
 import javax.swing.ListSelectionModel;
 import javax.swing.SwingConstants;
 import javax.swing.table.AbstractTableModel;
@@ -138,5 +139,7 @@ final class Listing<T> extends JTable {
       }
     });
     Listen.onKey(this, "ENTER", choice);
+    getInputMap().put(KeyStroke.getKeyStroke("HOME"), "selectFirstRow");
+    getInputMap().put(KeyStroke.getKeyStroke("END"), "selectLastRow");
   }
 }

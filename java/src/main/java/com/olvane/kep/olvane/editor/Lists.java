@@ -77,7 +77,6 @@ final class Lists {
     private final Workspace workspace;
     private final SearchTask search;
     private final Map<Integer, String> paths = new HashMap<>();
-    private final List<Member> asked = new ArrayList<>();
     private final Listing<Member> listing = new Listing<Member>("hits")
         .column("Member", 160, Member::name).column("Alias", 200, Hits::alias)
         .column("Path", 360, this::path);
@@ -118,23 +117,12 @@ final class Lists {
 
     private String path(Member member) {
       if (paths.putIfAbsent(member.handle(), TO_COME) == null) {
-        if (asked.isEmpty()) {
-          // Behind the painting that asks for all rows in view.
-          SwingUtilities.invokeLater(this::readPaths);
-        }
-        asked.add(member);
+        workspace.read(() -> path(workspace.outline, member), found -> {
+          paths.put(member.handle(), found);
+          listing.repaint();
+        });
       }
       return paths.get(member.handle());
-    }
-
-    private void readPaths() {
-      List<Member> some = new ArrayList<>(asked);
-      asked.clear();
-      workspace.read(() -> some.stream().collect(Collectors.toMap(
-          Member::handle, one -> path(workspace.outline, one), (path, same) -> path)), found -> {
-            paths.putAll(found);
-            listing.repaint();
-          });
     }
 
     private static String path(Outline outline, Member member) {

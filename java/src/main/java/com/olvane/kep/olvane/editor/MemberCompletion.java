@@ -6,6 +6,7 @@ import com.olvane.kep.olvane.outline.Search;
 import com.olvane.kep.olvane.outline.SearchRun;
 import java.util.ArrayList;
 import java.util.Collections;
+import java.util.Comparator;
 import java.util.List;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
@@ -86,6 +87,7 @@ final class MemberCompletion extends DefaultCompletionProvider {
         }
       }
     }
-    return names.stream().distinct().limit(MOST).collect(Collectors.toList());
+    return names.stream().distinct().sorted(Comparator.comparing(String::length)).limit(MOST)
+        .collect(Collectors.toList());
   }
 }

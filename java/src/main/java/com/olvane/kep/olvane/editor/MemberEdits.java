@@ -14,10 +14,10 @@ import com.olvane.kep.olvane.outline.Share;
 import com.olvane.kep.olvane.outline.Status;
 import java.util.ArrayList;
 import java.util.Collections;
-import java.util.Comparator;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.concurrent.CancellationException;
 import java.util.concurrent.atomic.AtomicReference;
 import java.util.function.Consumer;
 import java.util.function.Function;
@@ -124,26 +124,35 @@ final class MemberEdits {
 
   /** Moves members with everything below them, one behind the other. */
   static Edit move(List<Member> members, Target target) {
+    return move(members, outline -> target);
+  }
+
+  /** The same to where they belong when it comes to that; null for staying where they are. */
+  static Edit move(List<Member> members, Function<Outline, Target> target) {
     return chain("Move", members, target, false);
   }
 
   /** Copies members with everything below them, one behind the other. */
   static Edit copy(List<Member> members, Target target) {
-    return chain("Copy", members, target, true);
+    return chain("Copy", members, outline -> target, true);
   }
 
-  private static Edit chain(String verb, List<Member> members, Target first, boolean copying) {
-    List<Edit.Step> steps = new ArrayList<>();
-    Target target = first;
-    for (Member member : members) {
-      Ref ref = Ref.to(member);
-      Ref placed = copying ? Ref.toCome() : ref;
-      steps.add(copying ? copy(ref, target, placed) : move(ref, target, context -> {}));
-      target = Target.behind(placed);
-    }
+  private static Edit chain(
+      String verb, List<Member> members, Function<Outline, Target> first, boolean copying) {
     AtomicReference<String> where = new AtomicReference<>("");
     return new Edit(() -> title(verb, members) + where, context -> {
-      int parent = first.parent(context);
+      Target target = first.apply(context.outline);
+      if (target == null) {
+        throw new CancellationException();
+      }
+      int parent = target.parent(context);
+      List<Edit.Step> steps = new ArrayList<>();
+      for (Member member : members) {
+        Ref ref = Ref.to(member);
+        Ref placed = copying ? Ref.toCome() : ref;
+        steps.add(copying ? copy(ref, target, placed) : move(ref, target, again -> {}));
+        target = Target.behind(placed);
+      }
       boolean within = context.member(members.get(0).handle(), PLACE).parentHandle() == parent;
       where.set(parent == EditContext.DIMENSIONS ? ""
           : (within ? " within " : " to ") + context.member(parent, Details.NONE).name());
@@ -201,20 +210,26 @@ final class MemberEdits {
     }
   }
 
-  /** Gives a copy that came beside a member of its name another one; of attributes all copies. */
+  /**
+   * Gives a copy that came beside a member of its name another one. Attributes, which are known by
+   * their names, all get names that no others have.
+   */
   private static void nameApart(EditContext context, Member copy) {
     Outline outline = context.outline;
     if (context.member(copy.dimensionHandle(), PLACE).category() == DimensionCategory.ATTRIBUTE) {
-      // Their carriers know them by their names.
       try (Stream<Member> all = outline.subtree(copy, Details.NONE)) {
-        all.collect(Collectors.toList())
+        all.filter(one -> outline.find(one.name()).get().handle() != one.handle())
+            .collect(Collectors.toList())
             .forEach(member -> outline.rename(member, free(outline, member.name())));
       }
+      context.remark = "The copies of attributes have numbers behind their names.";
     } else if (hasNamesake(outline, copy)) {
       String name = free(outline, copy.name());
       outline.rename(copy, name);
       context.remark =
           "There is a " + copy.name() + " already; the copy is called " + name + ".";
+    } else {
+      context.remark = "The copies have the names of what was copied, which are now there twice.";
     }
   }
 
@@ -241,14 +256,11 @@ final class MemberEdits {
 
   // ---- Sorting ----
 
-  /** Sorts the children of a member by name; of null the dimensions, attributes behind. */
+  /** Sorts the children of a member by name. */
   static Edit sort(Member parent, boolean ascending) {
-    Ref ref = parent == null ? null : Ref.to(parent);
-    String what = parent == null ? "dimensions" : "children of " + parent.name();
-    return new Edit("Sort the " + what + (ascending ? "" : " from Z to A"), context -> {
-      if (ref == null) {
-        return arrange(null, sortedDimensions(context.outline, ascending)).run(context);
-      }
+    Ref ref = Ref.to(parent);
+    String title = "Sort the children of " + parent.name() + (ascending ? "" : " from Z to A");
+    return new Edit(title, context -> {
       int[] before = children(context, ref);
       context.outline.sortChildren(context.member(ref), ascending);
       int[] after = children(context, ref);
@@ -258,18 +270,9 @@ final class MemberEdits {
     });
   }
 
-  private static int[] sortedDimensions(Outline outline, boolean ascending) {
-    List<Member> now = outline.dimensions();
-    Comparator<Member> byName =
-        Comparator.comparing(Member::name, String.CASE_INSENSITIVE_ORDER);
-    return now.stream().sorted(Comparator
-        .comparing((Member one) -> one.category() == DimensionCategory.ATTRIBUTE)
-        .thenComparing(ascending ? byName : byName.reversed())).mapToInt(now::indexOf).toArray();
-  }
-
   private static int[] children(EditContext context, Ref parent) {
-    try (Stream<Member> children = parent == null ? context.outline.dimensions().stream()
-        : context.outline.children(context.member(parent), Details.NONE)) {
+    try (Stream<Member> children =
+        context.outline.children(context.member(parent), Details.NONE)) {
       return children.mapToInt(Member::handle).toArray();
     }
   }

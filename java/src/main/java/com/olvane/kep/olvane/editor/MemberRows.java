@@ -27,8 +27,6 @@ import java.util.stream.Stream;
 final class MemberRows {
   /** Bytes of an alias that an outline keeps. */
   static final int ALIAS_LIMIT = 80;
-  /** So many members are held with all that they have. */
-  private static final int MOST = 10_000;
   /** An attribute dimension with more members has them typed in instead of chosen. */
   private static final int MOST_CHOICES = 300;
   private static final String NONE = "(none)";
@@ -48,11 +46,7 @@ final class MemberRows {
   static RowsPane.Contents read(Workspace workspace, List<Member> selected) {
     return selected.isEmpty()
         ? new RowsPane.Contents("", "", "Select a member in the tree to see what it has.")
-        : selected.size() > MOST
-            ? new RowsPane.Contents("", "", String.format(
-                "%,d members are selected; details are shown of up to %,d at once.",
-                selected.size(), MOST))
-            : new MemberRows(workspace, selected).contents();
+        : new MemberRows(workspace, selected).contents();
   }
 
   private RowsPane.Contents contents() {

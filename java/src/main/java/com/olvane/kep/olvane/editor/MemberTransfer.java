@@ -140,6 +140,13 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
     MemberNode parent = MemberNode.of(to.getPath());
     int index = to.getChildIndex();
     boolean dimensions = dragged.stream().anyMatch(Member::isDimension);
+    MemberNode above = index > 0 ? tree.model.child(parent, index - 1) : null;
+    MemberNode at = MemberNode.of(tree.getClosestPathForLocation(0, to.getDropPoint().y));
+    if (!dimensions && at == above && tree.isExpanded(at.path())) {
+      // What is below it comes before the gap behind it.
+      box = above;
+      return Target.firstBelow(Ref.to(above.member));
+    }
     if (parent.isRoot() ? !dimensions : dimensions) {
       // Dimensions only go between dimensions, where members go behind what is above the gap.
       return dimensions ? null : behindRowAbove(index);
@@ -147,8 +154,7 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
     if (index < 0) {
       return parent.member == null ? null : Target.lastBelow(Ref.to(parent.member));
     }
-    return index == 0 ? Target.firstBelow(Ref.toHandle(parent.handle()))
-        : behind(tree.model.child(parent, index - 1));
+    return above == null ? Target.firstBelow(Ref.toHandle(parent.handle())) : behind(above);
   }
 
   private static Target behind(MemberNode node) {

@@ -26,7 +26,6 @@ import java.util.stream.Stream;
 import javax.swing.DropMode;
 import javax.swing.JTree;
 import javax.swing.ToolTipManager;
-import javax.swing.text.Position;
 import javax.swing.tree.TreePath;
 import javax.swing.tree.TreeSelectionModel;
 
@@ -303,19 +302,15 @@ final class OutlineTree extends JTree {
 
   @Override
   protected void processKeyEvent(KeyEvent event) {
+    // JTree's own way to names that are typed would need all members in the tree.
     if (event.getID() == KeyEvent.KEY_TYPED && !event.isControlDown() && !event.isAltDown()
-        && Character.isLetterOrDigit(event.getKeyChar())) {
+        && !Character.isWhitespace(event.getKeyChar())
+        && !Character.isISOControl(event.getKeyChar())) {
       typed.accept(event.getKeyChar());
       event.consume();
       return;
     }
     super.processKeyEvent(event);
-  }
-
-  /** There is a search instead, which doesn't need all members in the tree. */
-  @Override
-  public TreePath getNextMatch(String prefix, int startingRow, Position.Bias bias) {
-    return null;
   }
 
   /** Begins to edit the name of a member that is selected. */

@@ -21,7 +21,7 @@ final class PackedTexts {
 
   private final ByteArrayOutputStream bytes = new ByteArrayOutputStream();
   private final Deflater deflater = new Deflater(Deflater.BEST_SPEED);
-  private final DataOutputStream out = new DataOutputStream(
+  private DataOutputStream out = new DataOutputStream(
       new BufferedOutputStream(new DeflaterOutputStream(bytes, deflater, BUFFER), BUFFER));
 
   void add(List<String> row) {
@@ -42,6 +42,8 @@ final class PackedTexts {
       out.writeInt(0);
       out.close();
       deflater.end();
+      // With its buffers, which are larger than what most have in them.
+      out = null;
     } catch (IOException e) {
       throw new UncheckedIOException(e);
     }

@@ -123,7 +123,9 @@ final class RowField {
     } else {
       label.setFont(label.getFont().deriveFont(Font.BOLD));
       form.add(label, "span, wmin 0, gaptop 6");
-      form.add(new JScrollPane(text), "span, growx, wmin 0");
+      JScrollPane scroll = new JScrollPane(text);
+      scroll.setBorder(new Flat.Border(2, 2));
+      form.add(scroll, "span, growx, wmin 0");
     }
     form.add(complaint, "span, wmin 0");
   }
@@ -245,7 +247,7 @@ final class RowField {
   static void markRefused(JComponent field, JLabel complaint, String reason) {
     field.putClientProperty(Flat.REFUSED, reason != null);
     field.getAccessibleContext().setAccessibleDescription(reason);
-    field.repaint();
+    (field.getParent() == null ? field : field.getParent().getParent()).repaint();
     complaint.setText(reason == null ? " " : reason);
     complaint.setForeground(new ColorUIResource(Theme.palette().error));
     complaint.setVisible(reason != null);

@@ -35,7 +35,7 @@ final class StatusLine extends JPanel {
     cancel.setVisible(false);
     cancel.addActionListener(event -> {
       if (busy != null) {
-        busy.cancel();
+        busy.cancelled = true;
       }
     });
     forget.setRepeats(false);

@@ -13,6 +13,7 @@ import javax.swing.UnsupportedLookAndFeelException;
 import javax.swing.border.Border;
 import javax.swing.plaf.BorderUIResource;
 import javax.swing.plaf.ColorUIResource;
+import javax.swing.plaf.DimensionUIResource;
 import javax.swing.plaf.InsetsUIResource;
 import javax.swing.plaf.metal.DefaultMetalTheme;
 import javax.swing.plaf.metal.MetalLookAndFeel;
@@ -152,6 +153,7 @@ final class Theme {
     put(true, "Button", ".defaultButtonFollowsFocus");
     put(5, "SplitPane", ".dividerSize");
     put(13, "ScrollBar", ".width");
+    put(new DimensionUIResource(24, 24), "ScrollBar", ".minimumThumbSize");
     put(false, "Tree", ".paintLines .drawsFocusBorderAroundIcon");
     put(22, "Tree", ".rowHeight");
     put(8, "Tree", ".leftChildIndent");

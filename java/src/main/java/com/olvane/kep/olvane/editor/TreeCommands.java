@@ -91,14 +91,12 @@ final class TreeCommands {
             : previous(outline, members), Target::lastBelow));
     add("Move Out", "alt LEFT", "Move the selected members behind their parent",
         () -> move((outline, members) -> members.get(0).generation() < 3 ? null
-            : parent(outline, members), Target::behind));
+            : Ref.toHandle(outline.read(members.get(0), PLACE).parentHandle()), Target::behind));
     menu.addSeparator();
     popup.add(add("Sort Children A to Z", null, "Sort the children of the selected member by name",
         () -> workspace.edit(MemberEdits.sort(first(), true))));
     add("Sort Children Z to A", null, "Sort the children in the reverse order",
         () -> workspace.edit(MemberEdits.sort(first(), false)));
-    add("Sort Dimensions", null, "Sort the dimensions by name, those of attributes behind",
-        () -> workspace.edit(MemberEdits.sort(null, true))).when(workspace::isEditable);
   }
 
   private Member first() {
@@ -161,9 +159,9 @@ final class TreeCommands {
   private void move(
       BiFunction<Outline, List<Member>, Ref> neighbour, Function<Ref, Target> target) {
     List<Member> members = tree.transfer.selected();
-    workspace.read(() -> Optional.ofNullable(neighbour.apply(workspace.outline, members)),
-        found -> found.ifPresent(
-            ref -> workspace.edit(MemberEdits.move(members, target.apply(ref)))));
+    // Held down, the key comes again before the move is made.
+    workspace.edit(MemberEdits.move(members, outline ->
+        Optional.ofNullable(neighbour.apply(outline, members)).map(target).orElse(null)));
   }
 
   private static Ref previous(Outline outline, List<Member> members) {
@@ -178,9 +176,5 @@ final class TreeCommands {
         : outline.page(outline.read(new int[] {last.parentHandle()}, Details.NONE).get(0),
             next, 1, Details.NONE).members();
     return found.isEmpty() ? null : Ref.to(found.get(0));
-  }
-
-  private static Ref parent(Outline outline, List<Member> members) {
-    return Ref.toHandle(outline.read(members.get(0), PLACE).parentHandle());
   }
 }

@@ -147,7 +147,8 @@ final class WindowCommands {
       String title, String verb, String doing, BiFunction<String, String, String> work) {
     window.settle(() -> workspace.read(() -> workspace.store.databases(), known -> {
       DatabasePrompt prompt =
-          new DatabasePrompt(window.frame.getRootPane(), title, verb, known, true);
+          new DatabasePrompt(window.frame.getRootPane(), title, verb, known,
+              workspace.application, true);
       if (!prompt.ask()) {
         return;
       }

@@ -178,11 +178,14 @@ final class Workspace {
     Busy running = new Busy(title, canCancel);
     work.write(() -> {
       SwingUtilities.invokeLater(() -> busy.tell(running));
-      attempt(() -> task.run((done, total) -> {
-        work.letReadersIn();
-        return running.at(done, total);
-      }));
-      SwingUtilities.invokeLater(() -> busy.tell(null));
+      try {
+        attempt(() -> task.run((done, total) -> {
+          work.letReadersIn();
+          return running.at(done, total);
+        }));
+      } finally {
+        SwingUtilities.invokeLater(() -> busy.tell(null));
+      }
     });
   }
 
@@ -239,18 +242,20 @@ final class Workspace {
         task.run();
       } finally {
         members += context.membersAdded;
+        List<Member> before = context.selection.isEmpty() ? selection : null;
         List<Member> after = selectionAfter();
-        String remark = context.remark;
         SwingUtilities.invokeLater(() -> {
           changed.tell(this);
-          select(after);
+          // Others may have been selected meanwhile.
+          select(before == null || before == selection ? after : selection);
           historyChanged.tell(history);
-          if (!remark.isEmpty()) {
-            remarked.tell(remark);
-          }
         });
       }
-      SwingUtilities.invokeLater(then);
+      String remark = canCancel ? context.remark : "";
+      SwingUtilities.invokeLater(() -> {
+        remarked.tell(remark);
+        then.run();
+      });
     });
   }
 
