@@ -144,6 +144,10 @@ public class PanesTest {
     user.find(JLabel.class, "the details", one -> "Cola".equals(one.getText()));
     assertEquals("the text is kept", tooLong, comment.getText());
     user.clickInto(comment);
+    user.key("ctrl S");
+    open.press(user, "Go Back to the Text");
+    assertTrue("nothing is saved without it", open.workspace.history.dirty());
+    user.clickInto(comment);
     user.key("ctrl END");
     user.key("ctrl ENTER");
     user.key("BACK_SPACE");

@@ -8,7 +8,9 @@ import java.awt.Toolkit;
 import java.awt.event.WindowAdapter;
 import java.awt.event.WindowEvent;
 import java.util.HashSet;
+import java.util.Optional;
 import java.util.Set;
+import java.util.stream.Stream;
 import javax.swing.BorderFactory;
 import javax.swing.JFrame;
 import javax.swing.JMenu;
@@ -155,12 +157,23 @@ final class EditorWindow {
     tree.requestFocusInWindow();
   }
 
-  /** Lets what is being typed become an edit before something is done with the outline. */
+  /**
+   * Lets what is being typed become an edit before something is done with the outline; asks where it
+   * was refused.
+   */
   void settle(Runnable then) {
     tree.stopEditing();
     tree.requestFocusInWindow();
     // The field hears of losing the keyboard with an event, and then queues its edit.
-    SwingUtilities.invokeLater(() -> SwingUtilities.invokeLater(() -> workspace.afterWork(then)));
+    SwingUtilities.invokeLater(() -> SwingUtilities.invokeLater(() -> workspace.afterWork(() -> {
+      Optional<Component> refused = Stream.of(tabs.getComponents()).filter(
+          pane -> pane instanceof RowsPane && !((RowsPane) pane).canBeLeft()).findFirst();
+      refused.ifPresent(tabs::setSelectedComponent);
+      closing &= !refused.isPresent();
+      if (!refused.isPresent()) {
+        then.run();
+      }
+    })));
   }
 
   /** Closes the window; asks what to do with unsaved work. */
@@ -170,13 +183,6 @@ final class EditorWindow {
     }
     closing = true;
     settle(() -> {
-      for (Component pane : tabs.getComponents()) {
-        if (pane instanceof RowsPane && !((RowsPane) pane).canBeLeft()) {
-          tabs.setSelectedComponent(pane);
-          closing = false;
-          return;
-        }
-      }
       int answer = !workspace.history.dirty() ? 1
           : Ask.choose(frame, "There are unsaved changes in " + workspace.name() + ".",
               "Save", "Discard", "Cancel");

@@ -1,7 +1,6 @@
 package com.olvane.kep.olvane.editor;
 
 import com.olvane.kep.olvane.standin.StatusException;
-import java.text.NumberFormat;
 import javax.swing.JButton;
 import javax.swing.JComponent;
 import javax.swing.JLabel;
@@ -113,8 +112,8 @@ final class StatusLine extends JPanel {
   private void showState() {
     saved.setText(!workspace.isEditable() ? "Read only"
         : workspace.history.dirty() ? "Unsaved changes" : "Saved");
-    members.setText(
-        NumberFormat.getIntegerInstance().format(workspace.members()) + " members");
+    long count = workspace.members();
+    members.setText(String.format("%,d %s", count, count == 1 ? "member" : "members"));
   }
 
   private void showMemory() {
