@@ -81,6 +81,7 @@ final class EditorWindow {
     // What the window system does for it is done while the outline is being opened.
     frame.setBackground(Theme.palette().surface);
     frame.addNotify();
+    frame.validate();
   }
 
   private void layOut(JPanel search) {
