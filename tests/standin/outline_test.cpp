@@ -203,6 +203,18 @@ class Attributes : public OutlineRules {
   HMember colour_ = 0, red_ = 0, blue_ = 0, size_ = 0, large_ = 0;
 };
 
+TEST_F(Attributes, ADimensionThatIsNoneAnyMoreLosesTheirCodes) {
+  MemberInfoRecord record = info(colour_);
+  record.storageCategory = kStorageCategoryAttribute;
+  record.attributeType = kAttributeTypeDimension;
+  ASSERT_EQ(OlvOtlSetMemberInfoEx(h_, colour_, &record, kMemberOption), 0);
+  record.dimensionCategory = kCategoryTime;
+  ASSERT_EQ(OlvOtlSetMemberInfoEx(h_, colour_, &record, kMemberOption), 0);
+  EXPECT_EQ(info(colour_).storageCategory, 0);
+  EXPECT_EQ(info(colour_).attributeType, 0);
+  EXPECT_EQ(info(size_).dimensionCategory, kCategoryAttribute);
+}
+
 TEST_F(Attributes, MembersNeedAssociatedDimensions) {
   EXPECT_EQ(associate(east_, red_), standin::kNotAssociated);
   EXPECT_EQ(associate_dimension(market_, year_), standin::kNotAnAttribute);

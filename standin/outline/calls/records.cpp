@@ -82,9 +82,16 @@ int check_record(const MemberInfoRecord& info) {
 }
 
 void apply_record(Outline& outline, MemberId id, const MemberInfoRecord& info) {
-  const int16_t old_category = outline.properties(id).dimension_category;
-  outline.set_record(id, properties_of(info), text_of(info.currencyMember), text_of(info.comment));
+  const MemberProperties old = outline.properties(id);
+  const int16_t old_category = old.dimension_category;
   const int16_t category = info.dimensionCategory;
+  MemberProperties properties = properties_of(info);
+  if (old_category == kCategoryAttribute && category != old_category && outline.is_dimension(id)) {
+    // What only an attribute dimension is goes with that, unless the record has it anew.
+    if (properties.storage_category == old.storage_category) properties.storage_category = 0;
+    if (properties.attribute_type == old.attribute_type) properties.attribute_type = 0;
+  }
+  outline.set_record(id, properties, text_of(info.currencyMember), text_of(info.comment));
   if (category == old_category || !outline.is_dimension(id)) return;
   if (category == kCategoryAttribute || old_category == kCategoryAttribute) {
     outline.drop_dimension_associations(id);

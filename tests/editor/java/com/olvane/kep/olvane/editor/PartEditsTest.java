@@ -44,7 +44,8 @@ public class PartEditsTest {
     check(DimensionEdits.associate(sample.find("Product"), sample.find("Size"), true));
     check(DimensionEdits.associate(sample.find("Product"), sample.find("Size"), false));
     // Moves it behind the other dimensions.
-    sample.outline.create(Place.firstDimension(), new NewMember("First"));
+    sample.outline.create(Place.firstDimension(),
+        new NewMember("First", new Changes().twoPass(true).expense(true)));
     check(DimensionEdits.categorise(sample.find("First"), DimensionCategory.ATTRIBUTE));
     check(DimensionEdits.categorise(sample.find("Year"), DimensionCategory.NONE));
     check(DimensionEdits.categorise(sample.find("Product"), DimensionCategory.ACCOUNTS));

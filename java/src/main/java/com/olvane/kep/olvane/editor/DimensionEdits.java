@@ -165,8 +165,10 @@ final class DimensionEdits {
         } else {
           outline.categorise(now, dimension.category());
           // An attribute dimension has properties of its own.
-          outline.change(now, new Changes().shareCode(dimension.shareCode())
-              .consolidationCode(dimension.consolidationCode()));
+          Changes changes = new Changes();
+          MemberParts.PROPERTIES.forEach(
+              part -> part.set(changes, part.read.apply(now), part.read.apply(dimension)));
+          outline.change(now, changes);
         }
         outline.move(now, place);
       }
