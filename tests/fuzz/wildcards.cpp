@@ -16,10 +16,10 @@ bool model(View pattern, View text) {
     }
   }
   if (text.empty()) return false;
-  if (pattern[0] == '?') {
-    return model(pattern.substr(1), text.substr(standin::next_character(text, 0)));
-  }
-  return pattern[0] == text[0] && model(pattern.substr(1), text.substr(1));
+  const size_t wanted = pattern[0] == '?' ? 1 : standin::next_character(pattern, 0);
+  const size_t found = standin::next_character(text, 0);
+  return (pattern[0] == '?' || pattern.substr(0, wanted) == text.substr(0, found)) &&
+         model(pattern.substr(wanted), text.substr(found));
 }
 
 }  // namespace

@@ -5,6 +5,14 @@
 
 namespace standin {
 
+namespace {
+
+std::string_view character(std::string_view text, size_t at) {
+  return text.substr(at, next_character(text, at) - at);
+}
+
+}  // namespace
+
 bool matches_wildcards(std::string_view pattern, std::string_view text, bool case_sensitive) {
   size_t p = 0;
   size_t t = 0;
@@ -18,9 +26,9 @@ bool matches_wildcards(std::string_view pattern, std::string_view text, bool cas
       ++p;
       t = next_character(text, t);
     } else if (p < pattern.size() &&
-               (case_sensitive ? pattern[p] == text[t] : fold(pattern[p]) == fold(text[t]))) {
-      ++p;
-      ++t;
+               equal_text(character(pattern, p), character(text, t), case_sensitive)) {
+      p = next_character(pattern, p);
+      t = next_character(text, t);
     } else if (star != std::string_view::npos) {
       p = star;
       t = star_end = next_character(text, star_end);
