@@ -142,7 +142,8 @@ final class MemberTransfer extends TransferHandler implements ClipboardOwner {
     boolean dimensions = dragged.stream().anyMatch(Member::isDimension);
     MemberNode above = index > 0 ? tree.model.child(parent, index - 1) : null;
     MemberNode at = MemberNode.of(tree.getClosestPathForLocation(0, to.getDropPoint().y));
-    if (!dimensions && at == above && tree.isExpanded(at.path())) {
+    if (!dimensions && at == above && tree.isExpanded(at.path())
+        && !dragged.contains(at.member)) {
       // What is below it comes before the gap behind it.
       box = above;
       return Target.firstBelow(Ref.to(above.member));
